@@ -1,0 +1,24 @@
+/* Everything that the library offers. */
+#ifndef MTBX_MTBX_H
+#define MTBX_MTBX_H
+
+#include <mtbx/Dialogs.h>
+#include <mtbx/Events.h>
+#include <mtbx/Files.h>
+#include <mtbx/Gestalt.h>
+#include <mtbx/LowMem.h>
+#include <mtbx/MTBXEnvironment.h>
+#include <mtbx/MTBXGlobals.h>
+#include <mtbx/MTBXMemory.h>
+#include <mtbx/MacErrors.h>
+#include <mtbx/MacMemory.h>
+#include <mtbx/MacTypes.h>
+#include <mtbx/MacWindows.h>
+#include <mtbx/OSUtils.h>
+#include <mtbx/Processes.h>
+#include <mtbx/Quickdraw.h>
+#include <mtbx/Resources.h>
+#include <mtbx/TextEdit.h>
+#include <mtbx/TextUtils.h>
+
+#endif

@@ -1,0 +1,133 @@
+// Directory IDs: handed out in the order in which paths are first seen.
+//
+// The paths lie in handles, so that they count in the memory budget. An index by hash stands beside
+// them, so that finding a path takes the same time however many there are.
+#include "Files_internal.h"
+
+#include <mtbx/MacErrors.h>
+#include <mtbx/MacMemory.h>
+
+#include <cstring>
+#include <mbstring.h>
+#include <string.h>
+
+namespace {
+
+constexpr SInt32 firstDirectoryID = 3;
+constexpr SInt32 initialCapacity = 64;
+
+struct Directory {
+    UInt32 hash;
+    char path[MAX_PATH]; // without a backslash at its end
+};
+
+struct DirectoryTable {
+    Handle directories = nullptr; // of Directory, in the order of their IDs
+    Handle slots = nullptr;       // of SInt32: open addressing, place of a directory plus 1, 0 when free
+    SInt32 count = 0;
+    SInt32 capacity = 0;
+
+    Directory &at(SInt32 place) const { return reinterpret_cast<Directory *>(*directories)[place]; }
+    SInt32 *slotArray() const { return reinterpret_cast<SInt32 *>(*slots); }
+    UInt32 slotMask() const { return static_cast<UInt32>(capacity) * 2 - 1; }
+};
+
+DirectoryTable table;
+
+UInt32 hashOf(const char *path, size_t length)
+{
+    UInt32 hash = 2166136261u;
+    for (size_t place = 0; place < length; ++place) {
+        auto character = static_cast<unsigned char>(path[place]);
+        if (character >= 'A' && character <= 'Z')
+            character = static_cast<unsigned char>(character + ('a' - 'A'));
+        hash = (hash ^ character) * 16777619u;
+    }
+    return hash;
+}
+
+// A backslash may be the second byte of a character, which is no separator.
+size_t lengthWithoutSeparator(const char *path)
+{
+    size_t length = strnlen(path, MAX_PATH);
+    if (length == MAX_PATH)
+        return MAX_PATH - 1;
+    auto bytes = reinterpret_cast<const unsigned char *>(path);
+    bool endsInSeparator = length > 1 && _mbsrchr(bytes, '\\') == bytes + length - 1;
+    return endsInSeparator ? length - 1 : length;
+}
+
+// The place of the path, -1 when it has none.
+SInt32 findDirectory(UInt32 hash, const char *path, size_t length)
+{
+    if (table.count == 0)
+        return -1;
+    for (UInt32 slot = hash & table.slotMask(); table.slotArray()[slot] != 0; slot = (slot + 1) & table.slotMask()) {
+        SInt32 place = table.slotArray()[slot] - 1;
+        const Directory &directory = table.at(place);
+        if (directory.hash == hash && _strnicmp(directory.path, path, length) == 0 && directory.path[length] == 0)
+            return place;
+    }
+    return -1;
+}
+
+void enterSlot(SInt32 *slots, UInt32 mask, UInt32 hash, SInt32 place)
+{
+    UInt32 slot = hash & mask;
+    while (slots[slot] != 0)
+        slot = (slot + 1) & mask;
+    slots[slot] = place + 1;
+}
+
+// Makes room for one directory more; on failure the table is as it was.
+bool growTable()
+{
+    if (table.count < table.capacity)
+        return true;
+    SInt32 capacity = table.capacity ? table.capacity * 2 : initialCapacity;
+    Handle slots = NewHandleClear(capacity * 2 * static_cast<SInt32>(sizeof(SInt32)));
+    Handle directories = slots ? NewHandle(capacity * static_cast<SInt32>(sizeof(Directory))) : nullptr;
+    if (!directories) {
+        DisposeHandle(slots);
+        return false;
+    }
+    if (table.count > 0)
+        memcpy(*directories, *table.directories, static_cast<size_t>(table.count) * sizeof(Directory));
+    DisposeHandle(table.directories);
+    DisposeHandle(table.slots);
+    table.directories = directories;
+    table.slots = slots;
+    table.capacity = capacity;
+    for (SInt32 place = 0; place < table.count; ++place)
+        enterSlot(table.slotArray(), table.slotMask(), table.at(place).hash, place);
+    return true;
+}
+
+} // namespace
+
+SInt32 GetDirectoryID(const char *path)
+{
+    if (!path || !*path)
+        return table.count > 0 ? firstDirectoryID : 0;
+    size_t length = lengthWithoutSeparator(path);
+    UInt32 hash = hashOf(path, length);
+    SInt32 place = findDirectory(hash, path, length);
+    if (place >= 0)
+        return place + firstDirectoryID;
+    if (!growTable())
+        return 0;
+    place = table.count++;
+    Directory &directory = table.at(place);
+    directory.hash = hash;
+    memcpy(directory.path, path, length);
+    directory.path[length] = 0;
+    enterSlot(table.slotArray(), table.slotMask(), hash, place);
+    return place + firstDirectoryID;
+}
+
+void MTBX_DisposeDirectoryTable()
+{
+    DisposeHandle(table.directories);
+    DisposeHandle(table.slots);
+    table = {};
+}

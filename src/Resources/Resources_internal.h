@@ -1,0 +1,7 @@
+// What other managers need of the Resource Manager.
+#pragma once
+
+#include <mtbx/Resources.h>
+
+// The number of the open file that stands for hResInst; 0 when there is none.
+SInt16 MTBX_HostResourceFile();

@@ -1,0 +1,251 @@
+// The profile calls.
+#include "faults.h"
+#include "kernel_internal.h"
+#include "profile_store.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace win32;
+
+std::string_view withoutTrailingBlanks(std::string_view text)
+{
+    while (text.ends_with(' '))
+        text.remove_suffix(1);
+    return text;
+}
+
+// A value in a pair of quotes stands for what is between them.
+std::string_view withoutQuotes(std::string_view text)
+{
+    bool quoted = text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
+    return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+DWORD copyText(std::string_view text, LPSTR buffer, DWORD size)
+{
+    text = text.substr(0, text.find('\0'));
+    DWORD copied = static_cast<DWORD>(std::min<size_t>(text.size(), size - 1));
+    memcpy(buffer, text.data(), copied);
+    buffer[copied] = 0;
+    return copied;
+}
+
+// A list of texts, each with its terminator, and one terminator more. A list that does not fit is
+// cut, and the result is then the size less 2.
+class ListWriter {
+public:
+    ListWriter(LPSTR buffer, DWORD size) : buffer_(buffer), size_(size) {}
+
+    void add(std::string_view text)
+    {
+        append(text);
+        append(std::string_view("\0", 1));
+    }
+
+    DWORD finish()
+    {
+        if (!cut_) {
+            buffer_[used_] = 0;
+            if (used_ == 0 && size_ > 1)
+                buffer_[1] = 0;
+            return used_;
+        }
+        buffer_[size_ - 1] = 0;
+        if (size_ >= 2)
+            buffer_[size_ - 2] = 0;
+        return size_ >= 2 ? size_ - 2 : 0;
+    }
+
+private:
+    void append(std::string_view text)
+    {
+        DWORD room = size_ - 1 - used_;
+        DWORD copied = static_cast<DWORD>(std::min<size_t>(text.size(), room));
+        memcpy(buffer_ + used_, text.data(), copied);
+        used_ += copied;
+        cut_ |= copied < text.size();
+    }
+
+    LPSTR buffer_;
+    DWORD size_;
+    DWORD used_ = 0;
+    bool cut_ = false;
+};
+
+DWORD copyNames(const ProfileFile &file, LPCSTR section, LPSTR buffer, DWORD size)
+{
+    ListWriter list(buffer, size);
+    auto add = [&](std::string_view name) { list.add(name); };
+    if (section)
+        file.eachKey(section, add);
+    else
+        file.eachSection(add);
+    return list.finish();
+}
+
+int hexDigit(char character)
+{
+    if (character >= '0' && character <= '9')
+        return character - '0';
+    character = lowerAscii(character);
+    return character >= 'a' && character <= 'f' ? character - 'a' + 10 : -1;
+}
+
+// Two hexadecimal digits for each byte, and a last byte that is the sum of those before it.
+bool decodeStruct(std::string_view text, BYTE *data, UINT size)
+{
+    if (text.size() / 2 != size_t{size} + 1 || text.size() % 2 != 0)
+        return fail(ERROR_BAD_LENGTH, false);
+    std::vector<BYTE> bytes;
+    for (size_t place = 0; place < text.size(); place += 2) {
+        int high = hexDigit(text[place]);
+        int low = hexDigit(text[place + 1]);
+        if (high < 0 || low < 0)
+            return fail(ERROR_INVALID_DATA, false);
+        bytes.push_back(static_cast<BYTE>(high << 4 | low));
+    }
+    BYTE sum = 0;
+    for (size_t place = 0; place < size; ++place)
+        sum = static_cast<BYTE>(sum + bytes[place]);
+    if (sum != bytes.back())
+        return fail(ERROR_INVALID_DATA, false);
+    std::copy_n(bytes.begin(), size, data);
+    return true;
+}
+
+std::string encodeStruct(const BYTE *data, UINT size)
+{
+    constexpr char digits[] = "0123456789ABCDEF";
+    std::string text;
+    text.reserve((size_t{size} + 1) * 2);
+    BYTE sum = 0;
+    auto append = [&](BYTE byte) {
+        text += digits[byte >> 4];
+        text += digits[byte & 15];
+    };
+    for (UINT place = 0; place < size; ++place) {
+        append(data[place]);
+        sum = static_cast<BYTE>(sum + data[place]);
+    }
+    append(sum);
+    return text;
+}
+
+// The number at the start of a text: decimal, or hexadecimal behind "0x"; wraps at 32 bits.
+UINT numberIn(std::string_view text)
+{
+    bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+'))
+        text.remove_prefix(1);
+    unsigned base = 10;
+    if (text.starts_with("0x") || text.starts_with("0X")) {
+        base = 16;
+        text.remove_prefix(2);
+    }
+    UINT value = 0;
+    for (char character : text) {
+        int digit = hexDigit(character);
+        if (digit < 0 || static_cast<unsigned>(digit) >= base)
+            break;
+        value = value * base + static_cast<unsigned>(digit);
+    }
+    return negative ? 0 - value : value;
+}
+
+} // namespace
+
+DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR defaultText, LPSTR buffer, DWORD size, LPCSTR file)
+{
+    if (!buffer || size == 0)
+        return 0;
+    buffer[0] = 0;
+    return guarded(DWORD{0}, [&] {
+        DWORD result = 0;
+        profiles::read(file, [&](const ProfileFile &profile) {
+            if (!section || !key) {
+                result = copyNames(profile, section, buffer, size);
+                return;
+            }
+            std::string_view value = profile.value(section, key);
+            if (!value.data())
+                SetLastError(ERROR_FILE_NOT_FOUND);
+            result = value.data() ? copyText(withoutQuotes(value), buffer, size)
+                                  : copyText(withoutTrailingBlanks(defaultText ? defaultText : ""), buffer, size);
+        });
+        return result;
+    });
+}
+
+UINT GetPrivateProfileIntA(LPCSTR section, LPCSTR key, INT defaultValue, LPCSTR file)
+{
+    if (!section || !key)
+        return static_cast<UINT>(defaultValue);
+    return guarded(static_cast<UINT>(defaultValue), [&] {
+        UINT result = static_cast<UINT>(defaultValue);
+        profiles::read(file, [&](const ProfileFile &profile) {
+            std::string_view value = withoutQuotes(profile.value(section, key));
+            if (!value.empty())
+                result = numberIn(value);
+        });
+        return result;
+    });
+}
+
+BOOL GetPrivateProfileStructA(LPCSTR section, LPCSTR key, LPVOID data, UINT size, LPCSTR file)
+{
+    if (!section || !key || (!data && size > 0))
+        return fail(ERROR_INVALID_PARAMETER, FALSE);
+    return guarded(FALSE, [&] {
+        BOOL result = FALSE;
+        profiles::read(file, [&](const ProfileFile &profile) {
+            std::string_view value = profile.value(section, key);
+            if (value.data())
+                result = decodeStruct(value, static_cast<BYTE *>(data), size);
+            else
+                SetLastError(ERROR_FILE_NOT_FOUND);
+        });
+        return result;
+    });
+}
+
+BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR text, LPCSTR file)
+{
+    if (faults::fails("WritePrivateProfileStringA"))
+        return FALSE;
+    return guarded(FALSE, [&]() -> BOOL {
+        // All null drops what is kept of the file; the call answers FALSE then, as documented.
+        if (!section) {
+            if (key || text)
+                return fail(ERROR_INVALID_PARAMETER, FALSE);
+            profiles::forget(file);
+            return fail(NO_ERROR, FALSE);
+        }
+        return profiles::change(file, [&](ProfileFile &profile) {
+            if (!key)
+                profile.removeSection(section);
+            else if (!text)
+                profile.removeKey(section, key);
+            else
+                profile.setValue(section, key, text);
+        });
+    });
+}
+
+BOOL WritePrivateProfileStructA(LPCSTR section, LPCSTR key, LPVOID data, UINT size, LPCSTR file)
+{
+    if (!data)
+        return WritePrivateProfileStringA(section, key, nullptr, file);
+    return guarded(FALSE, [&] {
+        return WritePrivateProfileStringA(section, key, encodeStruct(static_cast<const BYTE *>(data), size).c_str(), file);
+    });
+}
+
+DWORD GetProfileStringA(LPCSTR section, LPCSTR key, LPCSTR defaultText, LPSTR buffer, DWORD size)
+{
+    return GetPrivateProfileStringA(section, key, defaultText, buffer, size, nullptr);
+}

@@ -1,0 +1,267 @@
+#include "profile_store.h"
+
+#include "kernel_internal.h"
+#include "paths.h"
+
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <list>
+#include <mutex>
+
+namespace win32::profiles {
+namespace {
+
+constexpr off_t maximumFileSize = 64 << 20;
+constexpr size_t cachedFiles = 16;
+
+// What tells one state of a file from another.
+struct Stamp {
+    dev_t device = 0;
+    ino_t inode = 0;
+    off_t size = -1; // -1: no file that can be read
+    timespec modified{};
+
+    bool operator==(const Stamp &other) const
+    {
+        return device == other.device && inode == other.inode && size == other.size
+            && modified.tv_sec == other.modified.tv_sec && modified.tv_nsec == other.modified.tv_nsec;
+    }
+};
+
+struct CachedFile {
+    std::string path;
+    Stamp stamp;
+    ProfileFile file;
+};
+
+class Descriptor {
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    ~Descriptor() { close(); }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+
+    operator int() const { return number_; }
+
+    bool close()
+    {
+        int number = number_;
+        number_ = -1;
+        return number < 0 || ::close(number) == 0;
+    }
+
+private:
+    int number_;
+};
+
+std::mutex storeMutex;
+std::list<CachedFile> cache; // most recently used first
+
+Stamp stampOf(const struct stat &status)
+{
+    if (!S_ISREG(status.st_mode) || status.st_size > maximumFileSize)
+        return {};
+    return {status.st_dev, status.st_ino, status.st_size, status.st_mtim};
+}
+
+bool isUtf16(std::string_view content)
+{
+    return content.starts_with("\xff\xfe") || content.starts_with("\xfe\xff");
+}
+
+// The stamp is that of the file that was read, not of its path: another process may put a new
+// file there meanwhile.
+bool readFile(const char *path, std::string &content, Stamp &stamp)
+{
+    Descriptor file(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat status;
+    if (file < 0 || fstat(file, &status) != 0)
+        return fail(errorFromErrno(errno), false);
+    stamp = stampOf(status);
+    if (stamp.size < 0)
+        return fail(ERROR_ACCESS_DENIED, false);
+    content.resize(static_cast<size_t>(stamp.size));
+    size_t length = 0;
+    ssize_t count;
+    while (length < content.size() && (count = ::read(file, content.data() + length, content.size() - length)) > 0)
+        length += static_cast<size_t>(count);
+    content.resize(length);
+    return true;
+}
+
+bool resolve(LPCSTR path, std::string &result)
+{
+    if (!path)
+        path = "win.ini";
+    if (strpbrk(path, "\\/:"))
+        return unixPath(path, result);
+    result = driveCFolder() + "/windows/" + path;
+    return true;
+}
+
+// With the mutex held. Always gives an entry: an unreadable file is an empty one.
+CachedFile &current(const std::string &path)
+{
+    struct stat status;
+    Stamp stamp = stat(path.c_str(), &status) == 0 ? stampOf(status) : Stamp{};
+    for (auto it = cache.begin(); it != cache.end(); ++it) {
+        if (it->path != path)
+            continue;
+        cache.splice(cache.begin(), cache, it);
+        if (it->stamp == stamp)
+            return *it;
+        cache.pop_front();
+        break;
+    }
+    std::string content;
+    CachedFile fresh{path, {}, ProfileFile()};
+    if (stamp.size >= 0 && readFile(path.c_str(), content, fresh.stamp)) {
+        if (isUtf16(content))
+            fresh.stamp = {};
+        else
+            fresh.file = ProfileFile(content);
+    }
+    cache.push_front(std::move(fresh));
+    if (cache.size() > cachedFiles)
+        cache.pop_back();
+    return cache.front();
+}
+
+bool writeAll(int file, const std::string &content)
+{
+    size_t written = 0;
+    while (written < content.size()) {
+        ssize_t count = write(file, content.data() + written, content.size() - written);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return false;
+        written += static_cast<size_t>(count);
+    }
+    return true;
+}
+
+// Writes beside the old file and renames over it, so that at every moment one of the two is whole.
+bool replaceFile(const std::string &path, const std::string &content, Stamp &stamp)
+{
+    static std::atomic<unsigned> counter{0};
+    char suffix[48];
+    snprintf(suffix, sizeof suffix, ".%ld.%u.tmp", static_cast<long>(getpid()), counter++);
+    std::string temporary = path + suffix;
+    struct stat old;
+    bool existed = stat(path.c_str(), &old) == 0;
+    if (existed && !S_ISREG(old.st_mode))
+        return fail(ERROR_ACCESS_DENIED, false);
+    if (existed && access(path.c_str(), W_OK) != 0)
+        return fail(ERROR_ACCESS_DENIED, false);
+    Descriptor file(open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, existed ? old.st_mode & 0777 : 0666));
+    if (file < 0)
+        return fail(errno == ENOENT ? DWORD{ERROR_PATH_NOT_FOUND} : errorFromErrno(errno), false);
+    // The mode given at creation passes through the mask; the old file's mode is to stay as it is.
+    bool ready = !existed || fchmod(file, old.st_mode & 07777) == 0;
+    if (existed && (old.st_uid != geteuid() || old.st_gid != getegid()))
+        ready = fchown(file, old.st_uid, old.st_gid) == 0 && ready;
+    struct stat made;
+    if (ready && writeAll(file, content) && fstat(file, &made) == 0 && file.close()
+        && rename(temporary.c_str(), path.c_str()) == 0) {
+        stamp = stampOf(made);
+        return true;
+    }
+    int reason = errno;
+    unlink(temporary.c_str());
+    return fail(errorFromErrno(reason), false);
+}
+
+// Holds the folder against other processes that change a profile in it at the same time.
+class FolderLock {
+public:
+    explicit FolderLock(const std::string &path)
+        : folder_(open(path.substr(0, path.rfind('/') + 1).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+        // Another process holds the lock for the time of one write. One that never lets go must
+        // not stop this one for good.
+        constexpr int tries = 500;
+        for (int attempt = 0; folder_ >= 0 && attempt < tries && flock(folder_, LOCK_EX | LOCK_NB) != 0; ++attempt)
+            usleep(1000);
+    }
+
+private:
+    Descriptor folder_;
+};
+
+// A profile behind a symbolic link is replaced where it lies; the link stays.
+std::string withoutLinks(const std::string &path)
+{
+    char target[PATH_MAX];
+    return realpath(path.c_str(), target) ? target : path;
+}
+
+bool isUnreadable(const std::string &path)
+{
+    std::string content;
+    Stamp stamp;
+    if (readFile(path.c_str(), content, stamp))
+        return isUtf16(content) && fail(ERROR_NOT_SUPPORTED, true);
+    return GetLastError() != ERROR_FILE_NOT_FOUND && GetLastError() != ERROR_PATH_NOT_FOUND;
+}
+
+} // namespace
+
+void read(LPCSTR path, const std::function<void(const ProfileFile &)> &read)
+{
+    std::string resolved;
+    if (!resolve(path, resolved)) {
+        read(ProfileFile());
+        return;
+    }
+    std::lock_guard lock(storeMutex);
+    read(current(resolved).file);
+}
+
+bool change(LPCSTR path, const std::function<void(ProfileFile &)> &change)
+{
+    std::string resolved;
+    if (!resolve(path, resolved))
+        return false;
+    resolved = withoutLinks(resolved);
+    std::lock_guard lock(storeMutex);
+    FolderLock folderLock(resolved);
+    CachedFile &cached = current(resolved);
+    // What cannot be read must not be taken for empty and overwritten.
+    if (cached.stamp.size < 0 && isUnreadable(resolved))
+        return false;
+    std::string before = cached.file.content();
+    // Until the new content is on disk the entry in the cache is not to be believed.
+    CachedFile changed = std::move(cached);
+    cache.pop_front();
+    change(changed.file);
+    std::string after = changed.file.content();
+    bool unchanged = after == before && changed.stamp.size >= 0;
+    if (!unchanged && !replaceFile(resolved, after, changed.stamp))
+        return false;
+    if (changed.file.isStale())
+        changed.file = ProfileFile(after);
+    cache.push_front(std::move(changed));
+    return true;
+}
+
+void forget(LPCSTR path)
+{
+    std::string resolved;
+    if (!resolve(path, resolved))
+        return;
+    std::lock_guard lock(storeMutex);
+    cache.remove_if([&](const CachedFile &cached) { return cached.path == resolved; });
+}
+
+} // namespace win32::profiles

@@ -1,0 +1,166 @@
+#include "resource_directory.h"
+
+#include "kernel_internal.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <tuple>
+
+namespace win32 {
+namespace {
+
+constexpr WORD languageNeutral = 0x0000;
+constexpr WORD languageEnglishUs = 0x0409;
+
+char16_t upperAscii(char16_t character)
+{
+    return character >= u'a' && character <= u'z' ? static_cast<char16_t>(character - 32) : character;
+}
+
+// Reads little-endian fields; every read is checked against the end.
+class Reader {
+public:
+    explicit Reader(std::span<const std::byte> bytes) : bytes_(bytes) {}
+
+    template <class Number> std::optional<Number> number()
+    {
+        Number value;
+        if (bytes_.size() - place_ < sizeof value)
+            return std::nullopt;
+        memcpy(&value, bytes_.data() + place_, sizeof value);
+        place_ += sizeof value;
+        return value;
+    }
+
+    std::optional<ResourceName> name()
+    {
+        ResourceName result;
+        auto character = number<WORD>();
+        if (character == 0xffff) {
+            auto id = number<WORD>();
+            if (!id)
+                return std::nullopt;
+            result.number = *id;
+            return result;
+        }
+        for (; character && *character != 0; character = number<WORD>())
+            result.text += upperAscii(static_cast<char16_t>(*character));
+        return character ? std::optional(result) : std::nullopt;
+    }
+
+    void align() { place_ = std::min((place_ + 3) & ~size_t{3}, bytes_.size()); }
+
+    std::optional<std::span<const std::byte>> take(size_t count)
+    {
+        if (bytes_.size() - place_ < count)
+            return std::nullopt;
+        place_ += count;
+        return bytes_.subspan(place_ - count, count);
+    }
+
+    bool atEnd() const { return place_ == bytes_.size(); }
+
+private:
+    std::span<const std::byte> bytes_;
+    size_t place_ = 0;
+};
+
+std::optional<Resource> readHeader(std::span<const std::byte> header)
+{
+    Reader reader(header);
+    auto type = reader.name();
+    auto name = type ? reader.name() : std::nullopt;
+    if (!name)
+        return std::nullopt;
+    reader.align();
+    constexpr size_t versionAndFlags = sizeof(DWORD) + sizeof(WORD);
+    auto language = reader.take(versionAndFlags) ? reader.number<WORD>() : std::nullopt;
+    if (!language)
+        return std::nullopt;
+    return Resource{std::move(*type), std::move(*name), *language, {}};
+}
+
+// A record is the size of its data, the size of its header, the rest of the header, the data.
+std::optional<Resource> readResource(Reader &reader)
+{
+    auto dataSize = reader.number<DWORD>();
+    auto headerSize = reader.number<DWORD>();
+    constexpr DWORD sizeFields = 2 * sizeof(DWORD);
+    if (!headerSize || *headerSize < sizeFields)
+        return std::nullopt;
+    auto header = reader.take(*headerSize - sizeFields);
+    auto data = header ? reader.take(*dataSize) : std::nullopt;
+    auto resource = data ? readHeader(*header) : std::nullopt;
+    if (resource)
+        resource->data = *data;
+    reader.align();
+    return resource;
+}
+
+auto sortKey(const Resource &resource)
+{
+    return std::tie(resource.type, resource.name, resource.language);
+}
+
+int rank(WORD language)
+{
+    return language == languageNeutral ? 0 : language == languageEnglishUs ? 1 : 2;
+}
+
+} // namespace
+
+ResourceName ResourceName::fromArgument(LPCSTR argument)
+{
+    ResourceName result;
+    if (IS_INTRESOURCE(argument)) {
+        result.number = static_cast<WORD>(reinterpret_cast<ULONG_PTR>(argument));
+    } else if (argument[0] == '#') {
+        result.number = static_cast<WORD>(strtoul(argument + 1, nullptr, 10));
+    } else {
+        for (; *argument; ++argument)
+            result.text += upperAscii(static_cast<unsigned char>(*argument));
+    }
+    return result;
+}
+
+void ResourceDirectory::add(std::span<const std::byte> resFile)
+{
+    Reader reader(resFile);
+    while (!reader.atEnd()) {
+        auto resource = readResource(reader);
+        if (!resource)
+            break;
+        // A .res file begins with an empty record of type 0 that marks the format.
+        if (!resource->type.text.empty() || resource->type.number != 0)
+            resources_.push_back(std::move(*resource));
+    }
+    std::stable_sort(resources_.begin(), resources_.end(),
+                     [](const Resource &left, const Resource &right) { return sortKey(left) < sortKey(right); });
+}
+
+int ResourceDirectory::find(const ResourceName &type, const ResourceName &name, WORD language) const
+{
+    auto typeBefore = [](const Resource &resource, const ResourceName &wanted) { return resource.type < wanted; };
+    auto firstOfType = std::lower_bound(resources_.begin(), resources_.end(), type, typeBefore);
+    if (firstOfType == resources_.end() || firstOfType->type != type)
+        return fail(ERROR_RESOURCE_TYPE_NOT_FOUND, -1);
+    auto nameBefore = [&](const Resource &resource, const ResourceName &wanted) {
+        return resource.type == type && resource.name < wanted;
+    };
+    auto first = std::lower_bound(firstOfType, resources_.end(), name, nameBefore);
+    auto best = resources_.end();
+    bool nameExists = false;
+    for (auto it = first; it != resources_.end() && it->type == type && it->name == name; ++it) {
+        nameExists = true;
+        bool fits = language == anyLanguage || it->language == language;
+        if (fits && (best == resources_.end() || rank(it->language) < rank(best->language)))
+            best = it;
+    }
+    if (best == resources_.end())
+        return fail(nameExists ? ERROR_RESOURCE_LANG_NOT_FOUND : ERROR_RESOURCE_NAME_NOT_FOUND, -1);
+    return static_cast<int>(best - resources_.begin());
+}
+
+} // namespace win32
