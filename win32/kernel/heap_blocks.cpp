@@ -9,68 +9,68 @@
 namespace win32 {
 namespace {
 
-// Blocks from this size on are counted against the commit limit. Smaller ones are too many and
-// too small to matter, and their path stays free of the question.
+// The limit is read anew for blocks of this size and more, and when it seems to be reached. In between
+// the figure that was read last serves, so that small blocks cost no question to the kernel.
 constexpr size_t largeBlock = 1 << 20;
 
-std::atomic<size_t> largeBytes{0};
 std::atomic<size_t> heldBytes{0};
 std::atomic<size_t> heldCount{0};
+std::atomic<uint64_t> commitLimit{0};
 
-bool charge(size_t size)
+// False when the blocks together would pass the limit.
+bool charge(size_t freed, size_t size)
 {
-    if (size < largeBlock)
-        return true;
-    uint64_t limit = memoryFigures().totalCommit;
-    size_t charged = largeBytes.load();
-    do {
-        if (size > limit || charged > limit - size)
+    bool fresh = size >= largeBlock;
+    if (fresh)
+        commitLimit = memoryFigures().totalCommit;
+    size_t held = heldBytes.load(std::memory_order_relaxed);
+    for (;;) {
+        uint64_t limit = commitLimit.load(std::memory_order_relaxed);
+        bool fits = size <= limit && held - freed <= limit - size;
+        if (!fits && fresh)
             return false;
-    } while (!largeBytes.compare_exchange_weak(charged, charged + size));
-    return true;
+        if (!fits) {
+            commitLimit = memoryFigures().totalCommit;
+            fresh = true;
+        } else if (heldBytes.compare_exchange_weak(held, held - freed + size, std::memory_order_relaxed)) {
+            return true;
+        }
+    }
 }
 
 void discharge(size_t size)
 {
-    if (size >= largeBlock)
-        largeBytes -= size;
+    heldBytes.fetch_sub(size, std::memory_order_relaxed);
 }
 
 } // namespace
 
 void *allocateBlock(size_t size, bool cleared)
 {
-    if (!charge(size))
+    if (!charge(0, size))
         return nullptr;
     size_t atLeastOne = size ? size : 1;
     void *block = cleared ? calloc(1, atLeastOne) : malloc(atLeastOne);
-    if (!block) {
+    if (block)
+        heldCount.fetch_add(1, std::memory_order_relaxed);
+    else
         discharge(size);
-        return nullptr;
-    }
-    heldBytes.fetch_add(size, std::memory_order_relaxed);
-    heldCount.fetch_add(1, std::memory_order_relaxed);
     return block;
 }
 
 void *resizeBlock(void *block, size_t oldSize, size_t newSize)
 {
-    if (!charge(newSize))
+    if (!charge(oldSize, newSize))
         return nullptr;
     void *resized = realloc(block, newSize ? newSize : 1);
-    if (!resized) {
-        discharge(newSize);
-        return nullptr;
-    }
-    discharge(oldSize);
-    heldBytes.fetch_add(newSize - oldSize, std::memory_order_relaxed);
+    if (!resized)
+        discharge(newSize - oldSize);
     return resized;
 }
 
 void freeBlock(void *block, size_t size)
 {
     discharge(size);
-    heldBytes.fetch_sub(size, std::memory_order_relaxed);
     heldCount.fetch_sub(1, std::memory_order_relaxed);
     free(block);
 }

@@ -5,8 +5,8 @@
 
 namespace win32 {
 
-// Null when memory is short. Large blocks together may not pass the memory that the machine can
-// commit, although the kernel would promise more than it has.
+// Null when memory is short. All blocks together may not pass the memory that the machine can commit,
+// although the kernel would promise more than it has.
 void *allocateBlock(size_t size, bool cleared);
 void *resizeBlock(void *block, size_t oldSize, size_t newSize);
 void freeBlock(void *block, size_t size);

@@ -241,17 +241,17 @@ bool change(LPCSTR path, const std::function<void(ProfileFile &)> &change)
     if (cached.stamp.size < 0 && isUnreadable(resolved))
         return false;
     std::string before = cached.file.content();
-    // Until the new content is on disk the entry in the cache is not to be believed.
-    CachedFile changed = std::move(cached);
-    cache.pop_front();
-    change(changed.file);
-    std::string after = changed.file.content();
-    bool unchanged = after == before && changed.stamp.size >= 0;
-    if (!unchanged && !replaceFile(resolved, after, changed.stamp))
+    // Until the new content is on disk the entry in the cache is not to be believed, and nothing that
+    // could fail may come after that.
+    std::list<CachedFile> taken;
+    taken.splice(taken.begin(), cache, cache.begin());
+    change(cached.file);
+    std::string after = cached.file.content();
+    bool unchanged = after == before && cached.stamp.size >= 0;
+    if (!unchanged && !replaceFile(resolved, after, cached.stamp))
         return false;
-    if (changed.file.isStale())
-        changed.file = ProfileFile(after);
-    cache.push_front(std::move(changed));
+    if (!cached.file.isStale())
+        cache.splice(cache.begin(), taken);
     return true;
 }
 

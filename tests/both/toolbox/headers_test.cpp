@@ -1,0 +1,8 @@
+#include <gtest/gtest.h>
+
+extern "C" int headersServeC(void);
+
+TEST(Headers, ServeCAsWell)
+{
+    EXPECT_TRUE(headersServeC());
+}
