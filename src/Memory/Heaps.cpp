@@ -2,21 +2,14 @@
 #include "Memory_internal.h"
 #include "StandardHeap.h"
 
+#include <algorithm>
 #include <new>
-
-namespace {
-
-SInt64 accountedBytes = 0;
-UInt64 softLimit = 0;
-UInt64 hardLimit = 0;
-
-} // namespace
 
 MEM_HeapRef MEM_NewHeap()
 {
     auto heap = new (std::nothrow) MEMp_StandardHeap;
     if (heap)
-        heapTotal += MEMp_StandardHeap::accountedHeap;
+        memoryAccount.heapTotal += MEMp_StandardHeap::accountedHeap;
     return heap;
 }
 
@@ -118,27 +111,25 @@ SInt32 MEM_ExemptHandleFromLeakCheck(MEM_HeapRef heap, Handle h)
 
 UInt64 MEM_GetMemUsage()
 {
-    return heapTotal + static_cast<UInt64>(accountedBytes);
+    return static_cast<UInt64>(memoryAccount.usage());
 }
 
 SInt32 MEM_AccountAllocation(SInt32 delta)
 {
-    accountedBytes += delta;
-    if (accountedBytes < 0)
-        accountedBytes = 0;
+    memoryAccount.accounted = std::max<SInt64>(memoryAccount.accounted + delta, 0);
     return 0;
 }
 
 SInt32 MEM_SetMemUsageLimits(UInt64 soft, UInt64 hard)
 {
-    softLimit = soft;
-    hardLimit = hard;
+    memoryAccount.softLimit = soft;
+    memoryAccount.hardLimit = hard;
     return 0;
 }
 
 SInt32 MEM_GetMemUsageLimits(UInt64 *soft, UInt64 *hard)
 {
-    *soft = softLimit;
-    *hard = hardLimit;
+    *soft = memoryAccount.softLimit;
+    *hard = memoryAccount.hardLimit;
     return 0;
 }

@@ -39,11 +39,9 @@ OSErr MTBX_InitializeMemorySubsystem()
     static bool counted = false;
     if (!counted) {
         counted = true;
-        heapTotal += MEMp_StandardHeap::accountedHeap;
+        memoryAccount.heapTotal += MEMp_StandardHeap::accountedHeap;
     }
-    UInt64 soft, hard;
-    MEM_GetMemUsageLimits(&soft, &hard);
-    if (hard == 0) {
+    if (memoryAccount.hardLimit == 0) {
         SInt32 maxUse = percentageSetting("MaxMemoryUsePercentage", 140);
         SInt32 beforePurge = percentageSetting("MaxMemoryBeforePurgePercentage", 70);
         MTBX_SetMemUsagePercentages(beforePurge, maxUse);

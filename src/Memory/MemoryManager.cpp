@@ -20,11 +20,11 @@ union ImmortalHeap {
 };
 constinit ImmortalHeap immortalHeap;
 
-Handle newHandle(Size byteCount, const char *name, const char *file, SInt32 line)
+inline Handle newHandle(Size byteCount)
 {
-    if (gWin32S && byteCount >= smallMemoryLimit)
+    if (gWin32S && byteCount >= smallMemoryLimit) [[unlikely]]
         return nullptr;
-    return allocateOrPurge(byteCount, [=] { return libraryHeap().NewHandle(byteCount, name, file, line); });
+    return allocateOrPurge(byteCount, [=] { return immortalHeap.heap.makeHandle(byteCount); });
 }
 
 Handle cleared(Handle h)
@@ -34,9 +34,9 @@ Handle cleared(Handle h)
     return h;
 }
 
-Ptr newPtr(Size byteCount, const char *name, const char *file, SInt32 line)
+inline Ptr newPtr(Size byteCount)
 {
-    return allocateOrPurge(byteCount, [=] { return libraryHeap().NewPtr(byteCount, name, file, line); });
+    return allocateOrPurge(byteCount, [=] { return immortalHeap.heap.makeBlock(byteCount); });
 }
 
 Ptr cleared(Ptr p)
@@ -46,11 +46,11 @@ Ptr cleared(Ptr p)
     return p;
 }
 
-void setHandleSize(Handle h, Size byteCount, const char *name, const char *file, SInt32 line)
+void setHandleSize(Handle h, Size byteCount)
 {
     memError = noErr;
     bool refused = gWin32S && byteCount > smallMemoryLimit;
-    if (refused || libraryHeap().SetHandleSize(h, byteCount, name, file, line) != 0)
+    if (refused || libraryHeap().SetHandleSize(h, byteCount, nullptr, nullptr, 0) != 0)
         memError = memFullErr;
 }
 
@@ -73,7 +73,7 @@ OSErr MemError()
 
 Handle NewHandle(Size byteCount)
 {
-    return newHandle(byteCount, nullptr, nullptr, 0);
+    return newHandle(byteCount);
 }
 
 Handle NewHandleClear(Size byteCount)
@@ -88,12 +88,12 @@ Handle NewHandleSys(Size byteCount)
 
 Handle NewEmptyHandle()
 {
-    return libraryHeap().NewHandle(0, nullptr, nullptr, 0);
+    return libraryHeap().makeHandle(0);
 }
 
-Handle NewHandleDebug(Size byteCount, const char *file, SInt32 line)
+Handle NewHandleDebug(Size byteCount, const char *, SInt32)
 {
-    return newHandle(byteCount, "NewHandle", file, line);
+    return newHandle(byteCount);
 }
 
 Handle NewHandleSysDebug(Size byteCount, const char *file, SInt32 line)
@@ -113,7 +113,7 @@ Handle NewHandleSysClearDebug(Size byteCount, const char *file, SInt32 line)
 
 Ptr NewPtr(Size byteCount)
 {
-    return newPtr(byteCount, nullptr, nullptr, 0);
+    return newPtr(byteCount);
 }
 
 Ptr NewPtrClear(Size byteCount)
@@ -121,9 +121,9 @@ Ptr NewPtrClear(Size byteCount)
     return cleared(NewPtr(byteCount));
 }
 
-Ptr NewPtrDebug(Size byteCount, const char *file, SInt32 line)
+Ptr NewPtrDebug(Size byteCount, const char *, SInt32)
 {
-    return newPtr(byteCount, "NewPtrDebug", file, line);
+    return newPtr(byteCount);
 }
 
 Ptr NewPtrClearDebug(Size byteCount, const char *file, SInt32 line)
@@ -152,13 +152,13 @@ Ptr NewPtrSysClearDebug(Size, const char *, SInt32)
 void DisposeHandle(Handle h)
 {
     memError = noErr;
-    libraryHeap().DisposeHandle(h);
+    MEMp_StandardHeap::freeHandle(h);
 }
 
 void DisposePtr(Ptr p)
 {
     memError = p ? OSErr{noErr} : OSErr{memWZErr};
-    libraryHeap().DisposePtr(p);
+    MEMp_StandardHeap::freeBlock(p);
 }
 
 Size GetHandleSize(Handle h)
@@ -173,16 +173,16 @@ Size GetPtrSize(Ptr p)
 
 void SetHandleSize(Handle h, Size byteCount)
 {
-    setHandleSize(h, byteCount, nullptr, nullptr, 0);
+    setHandleSize(h, byteCount);
 }
 
-void SetHandleSizeDebug(Handle h, Size byteCount, const char *file, SInt32 line)
+void SetHandleSizeDebug(Handle h, Size byteCount, const char *, SInt32)
 {
     if (!h) {
         memError = memWZErr;
         return;
     }
-    setHandleSize(h, byteCount, "MTBX_SetHandleSize", file, line);
+    setHandleSize(h, byteCount);
 }
 
 void ReallocateHandle(Handle h, Size byteCount)
@@ -195,7 +195,7 @@ void EmptyHandle(Handle h)
     memError = h ? OSErr{noErr} : OSErr{nilHandleErr};
     if (!h)
         return;
-    libraryHeap().DisposePtr(*h);
+    MEMp_StandardHeap::freeBlock(*h);
     *h = nullptr;
 }
 

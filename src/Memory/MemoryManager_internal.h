@@ -12,13 +12,10 @@ MEMp_StandardHeap &libraryHeap();
 
 extern SInt16 memError;
 
-// Runs the allocation, and runs it again as long as the grow-zone steps say so.
-template <class Allocation> auto allocateOrPurge(Size byteCount, Allocation allocation)
+// Goes on with an allocation that failed once, as long as the grow-zone steps say so.
+template <class Allocation> [[gnu::noinline, gnu::cold]] auto purgeAndAllocate(Size byteCount, Allocation allocation)
 {
-    memError = noErr;
-    auto result = allocation();
-    if (result) [[likely]]
-        return result;
+    decltype(allocation()) result{};
     // No purging could ever make room for a negative size.
     SInt32 attempt = 0;
     Boolean retry = byteCount >= 0;
@@ -30,4 +27,11 @@ template <class Allocation> auto allocateOrPurge(Size byteCount, Allocation allo
     // A nested call from the grow-zone function may have set the error meanwhile.
     memError = result ? OSErr{noErr} : OSErr{memFullErr};
     return result;
+}
+
+template <class Allocation> inline auto allocateOrPurge(Size byteCount, Allocation allocation)
+{
+    memError = noErr;
+    auto result = allocation();
+    return result ? result : purgeAndAllocate(byteCount, allocation);
 }

@@ -54,11 +54,9 @@ bool MTBX_PrePurgeForAllocation(SInt32 size)
     constexpr SInt64 purgeBeyond = 0x100000;
     if (prePurgeDisabled != 0)
         return true;
-    UInt64 soft, hard;
-    MEM_GetMemUsageLimits(&soft, &hard);
-    if (usageWith(size) > soft)
+    if (usageWith(size) > memoryAccount.softLimit)
         MTBX_PurgeToMaxBlock(static_cast<UInt64>(std::max<SInt64>(size + purgeBeyond, 0)));
-    return usageWith(size) <= hard;
+    return usageWith(size) <= memoryAccount.hardLimit;
 }
 
 void MTBX_PurgeForOSBlock(UInt64 size)
@@ -82,9 +80,7 @@ void MTBX_PurgeForOSBlock(UInt64 size)
 OSErr MTBX_NonPurgableRAMLimitReached(Boolean *reached)
 {
     *reached = false;
-    UInt64 soft, hard;
-    MEM_GetMemUsageLimits(&soft, &hard);
-    if (usage() > soft)
+    if (usage() > memoryAccount.softLimit)
         *reached = !MTBX_PurgeToMaxBlock(1);
     return noErr;
 }

@@ -4,34 +4,21 @@
 #include <cstring>
 #include <utility>
 
-UInt64 heapTotal = 0;
+MEMp_Account memoryAccount{};
 
 MEMp_StandardHeap::~MEMp_StandardHeap()
 {
-    heapTotal -= accountedHeap;
+    memoryAccount.heapTotal -= accountedHeap;
 }
 
 Ptr MEMp_StandardHeap::NewPtr(Size byteCount, const char *, const char *, SInt32)
 {
-    if (byteCount < 0)
-        return nullptr;
-    auto size = static_cast<UInt32>(byteCount);
-    auto header = static_cast<MEMp_BlockHeader *>(malloc(size + sizeof(MEMp_BlockHeader)));
-    if (!header)
-        return nullptr;
-    header->logicalSize = size;
-    header->owner = this;
-    heapTotal += UInt64{size} + accountedHeader;
-    return reinterpret_cast<Ptr>(header + 1);
+    return makeBlock(byteCount);
 }
 
 void MEMp_StandardHeap::DisposePtr(Ptr p)
 {
-    if (!p)
-        return;
-    MEMp_BlockHeader *header = headerOf(p);
-    heapTotal -= UInt64{header->logicalSize} + accountedHeader;
-    free(header);
+    freeBlock(p);
 }
 
 Size MEMp_StandardHeap::GetPtrSize(Ptr p)
@@ -39,10 +26,10 @@ Size MEMp_StandardHeap::GetPtrSize(Ptr p)
     return static_cast<Size>(headerOf(p)->logicalSize);
 }
 
-Ptr MEMp_StandardHeap::ResizePtr(Ptr p, Size byteCount, const char *name, const char *file, SInt32 line)
+Ptr MEMp_StandardHeap::ResizePtr(Ptr p, Size byteCount, const char *, const char *, SInt32)
 {
     if (!p)
-        return NewPtr(byteCount, name, file, line);
+        return makeBlock(byteCount);
     if (byteCount < 0)
         return nullptr;
     auto size = static_cast<UInt32>(byteCount);
@@ -50,24 +37,14 @@ Ptr MEMp_StandardHeap::ResizePtr(Ptr p, Size byteCount, const char *name, const 
     auto header = static_cast<MEMp_BlockHeader *>(realloc(headerOf(p), size + sizeof(MEMp_BlockHeader)));
     if (!header)
         return nullptr;
-    heapTotal = heapTotal - oldSize + size;
+    memoryAccount.heapTotal = memoryAccount.heapTotal - oldSize + size;
     header->logicalSize = size;
     return reinterpret_cast<Ptr>(header + 1);
 }
 
-Handle MEMp_StandardHeap::NewHandle(Size byteCount, const char *name, const char *file, SInt32 line)
+Handle MEMp_StandardHeap::NewHandle(Size byteCount, const char *, const char *, SInt32)
 {
-    auto cell = static_cast<Handle>(malloc(sizeof(Ptr)));
-    if (!cell)
-        return nullptr;
-    *cell = nullptr;
-    if (byteCount == 0)
-        return cell;
-    *cell = NewPtr(byteCount, name, file, line);
-    if (*cell)
-        return cell;
-    free(cell);
-    return nullptr;
+    return makeHandle(byteCount);
 }
 
 Size MEMp_StandardHeap::GetHandleSize(Handle h)
@@ -77,31 +54,28 @@ Size MEMp_StandardHeap::GetHandleSize(Handle h)
 
 void MEMp_StandardHeap::DisposeHandle(Handle h)
 {
-    if (!h)
-        return;
-    DisposePtr(*h);
-    free(h);
+    freeHandle(h);
 }
 
 // A change of size always makes a new block, so the old one is whole until the new one exists.
-SInt32 MEMp_StandardHeap::SetHandleSize(Handle h, Size byteCount, const char *name, const char *file, SInt32 line)
+SInt32 MEMp_StandardHeap::SetHandleSize(Handle h, Size byteCount, const char *, const char *, SInt32)
 {
     constexpr SInt32 noBlock = 4;
     if (byteCount == 0 && h && *h) {
-        DisposePtr(*h);
+        freeBlock(*h);
         *h = nullptr;
         return 0;
     }
     Size oldSize = GetHandleSize(h);
     if (oldSize == byteCount)
         return 0;
-    Handle scratch = h ? NewHandle(byteCount, name, file, line) : nullptr;
+    Handle scratch = h ? makeHandle(byteCount) : nullptr;
     if (!scratch)
         return noBlock;
     if (oldSize > 0)
         memcpy(*scratch, *h, static_cast<size_t>(std::min(oldSize, byteCount)));
     std::swap(*h, *scratch);
-    DisposeHandle(scratch);
+    freeHandle(scratch);
     return 0;
 }
 

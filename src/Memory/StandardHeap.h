@@ -5,6 +5,18 @@
 
 #include <cstdlib>
 
+// The figures that all heaps share, in one place so that a usage query costs a few loads.
+struct MEMp_Account {
+    UInt64 heapTotal; // bytes in the blocks of all heaps and in the heap objects themselves
+    SInt64 accounted; // native memory that was declared, never below 0
+    UInt64 softLimit;
+    UInt64 hardLimit;
+
+    SInt64 usage() const { return static_cast<SInt64>(heapTotal) + accounted; }
+};
+
+extern MEMp_Account memoryAccount;
+
 // Ahead of each block's data. Its size keeps the data aligned as the C heap aligns blocks.
 struct MEMp_BlockHeader {
     UInt32 logicalSize;
@@ -36,8 +48,52 @@ public:
     void Report(SInt32 what) override;
     void DumpLeaks() override;
 
+    // The work of NewPtr and DisposePtr, in line for the calls that every program makes most.
+    Ptr makeBlock(Size byteCount)
+    {
+        if (byteCount < 0)
+            return nullptr;
+        auto size = static_cast<UInt32>(byteCount);
+        auto header = static_cast<MEMp_BlockHeader *>(malloc(size + sizeof(MEMp_BlockHeader)));
+        if (!header)
+            return nullptr;
+        header->logicalSize = size;
+        header->owner = this;
+        memoryAccount.heapTotal += UInt64{size} + accountedHeader;
+        return reinterpret_cast<Ptr>(header + 1);
+    }
+
+    static void freeBlock(Ptr p)
+    {
+        if (!p)
+            return;
+        MEMp_BlockHeader *header = headerOf(p);
+        memoryAccount.heapTotal -= UInt64{header->logicalSize} + accountedHeader;
+        free(header);
+    }
+
+    Handle makeHandle(Size byteCount)
+    {
+        auto cell = static_cast<Handle>(malloc(sizeof(Ptr)));
+        if (!cell)
+            return nullptr;
+        *cell = nullptr;
+        if (byteCount == 0)
+            return cell;
+        *cell = makeBlock(byteCount);
+        if (*cell)
+            return cell;
+        free(cell);
+        return nullptr;
+    }
+
+    static void freeHandle(Handle h)
+    {
+        if (!h)
+            return;
+        freeBlock(*h);
+        free(h);
+    }
+
     static MEMp_BlockHeader *headerOf(Ptr p) { return reinterpret_cast<MEMp_BlockHeader *>(p) - 1; }
 };
-
-// Bytes in the blocks of all heaps and in the heap objects themselves.
-extern UInt64 heapTotal;

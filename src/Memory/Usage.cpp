@@ -75,7 +75,7 @@ UInt64 usageAfterLookUp(SInt64 calculated, SInt64 total)
 
 UInt64 currentUsage()
 {
-    auto calculated = static_cast<SInt64>(MEM_GetMemUsage());
+    SInt64 calculated = memoryAccount.usage();
     SInt64 total = calculated + slop;
     if (measureLookedUp && total >= 0 && queryCount < queriesBetweenMeasurements) [[likely]] {
         ++queryCount;
@@ -86,10 +86,8 @@ UInt64 currentUsage()
 
 UInt64 headroom()
 {
-    UInt64 soft, hard;
-    MEM_GetMemUsageLimits(&soft, &hard);
     UInt64 usage = currentUsage();
-    return usage < soft ? soft - usage : 0;
+    return usage < memoryAccount.softLimit ? memoryAccount.softLimit - usage : 0;
 }
 
 } // namespace

@@ -47,12 +47,12 @@ public:
         append(std::string_view("\0", 1));
     }
 
+    bool isEmpty() const { return used_ == 0 && !cut_; }
+
     DWORD finish()
     {
         if (!cut_) {
             buffer_[used_] = 0;
-            if (used_ == 0 && size_ > 1)
-                buffer_[1] = 0;
             return used_;
         }
         buffer_[size_ - 1] = 0;
@@ -77,7 +77,12 @@ private:
     bool cut_ = false;
 };
 
-DWORD copyNames(const ProfileFile &file, LPCSTR section, LPSTR buffer, DWORD size)
+DWORD copyDefault(LPCSTR defaultText, LPSTR buffer, DWORD size)
+{
+    return copyText(withoutTrailingBlanks(defaultText ? defaultText : ""), buffer, size);
+}
+
+DWORD copyNames(const ProfileFile &file, LPCSTR section, LPCSTR defaultText, LPSTR buffer, DWORD size)
 {
     ListWriter list(buffer, size);
     auto add = [&](std::string_view name) { list.add(name); };
@@ -85,7 +90,7 @@ DWORD copyNames(const ProfileFile &file, LPCSTR section, LPSTR buffer, DWORD siz
         file.eachKey(section, add);
     else
         file.eachSection(add);
-    return list.finish();
+    return section && list.isEmpty() ? copyDefault(defaultText, buffer, size) : list.finish();
 }
 
 int hexDigit(char character)
@@ -168,14 +173,14 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR defaultText, L
         DWORD result = 0;
         profiles::read(file, [&](const ProfileFile &profile) {
             if (!section || !key) {
-                result = copyNames(profile, section, buffer, size);
+                result = copyNames(profile, section, defaultText, buffer, size);
                 return;
             }
             std::string_view value = profile.value(section, key);
             if (!value.data())
                 SetLastError(ERROR_FILE_NOT_FOUND);
             result = value.data() ? copyText(withoutQuotes(value), buffer, size)
-                                  : copyText(withoutTrailingBlanks(defaultText ? defaultText : ""), buffer, size);
+                                  : copyDefault(defaultText, buffer, size);
         });
         return result;
     });

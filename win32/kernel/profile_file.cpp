@@ -26,9 +26,8 @@ std::string_view withoutBlanks(std::string_view text)
 // Whether texts written as a section's name, a key and a value are read back as these.
 bool isReadBack(std::string_view section, std::string_view key, std::string_view value)
 {
-    bool sectionStands = section.find_first_of("]\r\n") == std::string_view::npos;
-    bool keyStands = !key.empty() && key.find_first_of("=\r\n") == std::string_view::npos && key[0] != ';' && key[0] != '['
-                  && withoutBlanks(key) == key;
+    bool sectionStands = section.find_first_of("\r\n") == std::string_view::npos;
+    bool keyStands = !key.empty() && key.find_first_of("=\r\n") == std::string_view::npos && key[0] != ';' && key[0] != '[';
     return sectionStands && keyStands && value.find_first_of("\r\n") == std::string_view::npos;
 }
 
@@ -94,10 +93,10 @@ bool ProfileFile::readHeader(std::string_view text, std::string_view &name)
     std::string_view trimmed = withoutBlanks(text);
     if (!trimmed.starts_with('['))
         return false;
-    size_t close = trimmed.find(']');
+    size_t close = trimmed.rfind(']');
     if (close == std::string_view::npos)
         return false;
-    name = trimmed.substr(1, close - 1);
+    name = withoutBlanks(trimmed.substr(1, close - 1));
     return true;
 }
 
@@ -136,13 +135,13 @@ void ProfileFile::indexKeys(Section &section)
 void ProfileFile::indexSections()
 {
     sectionOfName_.clear();
-    for (size_t place = 1; place < sections_.size(); ++place)
+    for (size_t place = 0; place < sections_.size(); ++place)
         sectionOfName_.try_emplace(sections_[place].name, place);
 }
 
 const ProfileFile::Section *ProfileFile::find(std::string_view section) const
 {
-    auto found = sectionOfName_.find(section);
+    auto found = sectionOfName_.find(withoutBlanks(section));
     return found == sectionOfName_.end() ? nullptr : &sections_[found->second];
 }
 
@@ -151,7 +150,7 @@ std::string_view ProfileFile::value(std::string_view section, std::string_view k
     const Section *found = find(section);
     if (!found)
         return {};
-    auto line = found->lineOfKey.find(key);
+    auto line = found->lineOfKey.find(withoutBlanks(key));
     return line == found->lineOfKey.end() ? std::string_view() : found->lines[line->second].value();
 }
 
@@ -160,7 +159,9 @@ void ProfileFile::endLastLine()
 {
     Section &last = sections_.back();
     std::string &text = last.lines.empty() ? last.header : last.lines.back().text;
-    if (!text.empty() && text.back() != '\n')
+    if (text.ends_with('\r'))
+        text += '\n';
+    else if (!text.empty() && !text.ends_with('\n'))
         text += lineEnd_;
 }
 
@@ -178,6 +179,8 @@ ProfileFile::Section &ProfileFile::findOrAdd(std::string_view section)
 
 void ProfileFile::setValue(std::string_view sectionName, std::string_view key, std::string_view value)
 {
+    sectionName = withoutBlanks(sectionName);
+    key = withoutBlanks(key);
     stale_ |= !isReadBack(sectionName, key, value);
     endLastLine();
     Section &section = findOrAdd(sectionName);
@@ -201,11 +204,11 @@ void ProfileFile::setValue(std::string_view sectionName, std::string_view key, s
 
 void ProfileFile::removeKey(std::string_view sectionName, std::string_view key)
 {
-    auto found = sectionOfName_.find(sectionName);
+    auto found = sectionOfName_.find(withoutBlanks(sectionName));
     if (found == sectionOfName_.end())
         return;
     Section &section = sections_[found->second];
-    auto existing = section.lineOfKey.find(key);
+    auto existing = section.lineOfKey.find(withoutBlanks(key));
     if (existing == section.lineOfKey.end())
         return;
     section.lines.erase(section.lines.begin() + static_cast<ptrdiff_t>(existing->second));
@@ -214,11 +217,16 @@ void ProfileFile::removeKey(std::string_view sectionName, std::string_view key)
 
 void ProfileFile::removeSection(std::string_view sectionName)
 {
-    auto found = sectionOfName_.find(sectionName);
+    auto found = sectionOfName_.find(withoutBlanks(sectionName));
     if (found == sectionOfName_.end())
         return;
     size_t place = found->second;
     std::vector<Line> &lines = sections_[place].lines;
+    if (place == 0) {
+        std::erase_if(lines, [](const Line &line) { return line.isAssignment(); });
+        indexKeys(sections_[0]);
+        return;
+    }
     size_t kept = lines.size();
     while (kept > 0 && (lines[kept - 1].isComment() || lines[kept - 1].isBlank()))
         --kept;

@@ -24,15 +24,21 @@ class ProfileFile {
 public:
     explicit ProfileFile(std::string_view content = {});
 
-    // The value behind the first assignment to the key in the first section of the name, without
-    // the blanks around it. A null data pointer when there is none.
+    // Blanks around names do not count, in the file and in the arguments. Lines above all sections are
+    // those of the section with an empty name.
+
+    // The value behind the first assignment to the key in the first section of the name, without the
+    // blanks around it. A null data pointer when there is none.
     std::string_view value(std::string_view section, std::string_view key) const;
 
-    // Calls visit with each section name, or each key of a section, in the order of the file.
+    // Calls visit with each section name that is not empty, or each key of a section, in the order of the
+    // file.
     template <class Visit> void eachSection(Visit visit) const
     {
-        for (size_t place = 1; place < sections_.size(); ++place)
-            visit(std::string_view(sections_[place].name));
+        for (const Section &section : sections_) {
+            if (!section.name.empty())
+                visit(std::string_view(section.name));
+        }
     }
 
     template <class Visit> void eachKey(std::string_view section, Visit visit) const
@@ -90,7 +96,7 @@ private:
 
     std::string_view lineEnd_ = "\r\n"; // of the file's first line
     std::string mark_;                  // the UTF-8 mark, if the file begins with one
-    std::vector<Section> sections_;     // the first has no header: lines above all sections
+    std::vector<Section> sections_;     // the first has no header and no name
     NameIndex sectionOfName_;
     bool stale_ = false;
 };

@@ -140,7 +140,7 @@ void ResourceDirectory::add(std::span<const std::byte> resFile)
                      [](const Resource &left, const Resource &right) { return sortKey(left) < sortKey(right); });
 }
 
-int ResourceDirectory::find(const ResourceName &type, const ResourceName &name, WORD language) const
+int ResourceDirectory::find(const ResourceName &type, const ResourceName &name, int language) const
 {
     auto typeBefore = [](const Resource &resource, const ResourceName &wanted) { return resource.type < wanted; };
     auto firstOfType = std::lower_bound(resources_.begin(), resources_.end(), type, typeBefore);

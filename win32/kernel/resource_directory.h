@@ -35,11 +35,11 @@ public:
     // what stands before it remains usable.
     void add(std::span<const std::byte> resFile);
 
-    static constexpr WORD anyLanguage = 0xffff;
+    static constexpr int anyLanguage = -1;
 
     // The place of a resource in the index, counted from 0; -1 with the last error when there is
     // none. With no language asked for, a neutral one goes before English, English before others.
-    int find(const ResourceName &type, const ResourceName &name, WORD language) const;
+    int find(const ResourceName &type, const ResourceName &name, int language) const;
 
     const Resource *at(size_t place) const { return place < resources_.size() ? &resources_[place] : nullptr; }
 

