@@ -9,6 +9,14 @@
 // The text of a string resource, cut to the size; 0 when there is none.
 WINUSERAPI int WINAPI LoadStringA(HINSTANCE module, UINT id, LPSTR buffer, int size);
 
+// Steps through text of one- and two-byte characters.
+WINUSERAPI LPSTR WINAPI CharNextA(LPCSTR text);
+WINUSERAPI LPSTR WINAPI CharPrevA(LPCSTR start, LPCSTR place);
+WINUSERAPI LPSTR WINAPI CharNextExA(WORD codePage, LPCSTR text, DWORD flags);
+WINUSERAPI LPSTR WINAPI CharPrevExA(WORD codePage, LPCSTR start, LPCSTR place, DWORD flags);
+
 #define LoadString LoadStringA
+#define CharNext CharNextA
+#define CharPrev CharPrevA
 
 #endif
