@@ -29,6 +29,167 @@ WINBASEAPI DWORD WINAPI GetTickCount(void);
 // with ERROR_NO_SYSTEM_RESOURCES.
 WINBASEAPI BOOL WINAPI SetProcessWorkingSetSize(HANDLE process, SIZE_T minimumSize, SIZE_T maximumSize);
 
+WINBASEAPI BOOL WINAPI CloseHandle(HANDLE object);
+
+// Events and waits. A wait for a file ends when its last overlapped transfer is over. Events have no
+// names: a name gives ERROR_NOT_SUPPORTED.
+#define INFINITE 0xFFFFFFFF
+#define WAIT_OBJECT_0 0x00000000
+#define WAIT_ABANDONED 0x00000080
+#define WAIT_IO_COMPLETION 0x000000C0
+#define WAIT_TIMEOUT 258
+#define WAIT_FAILED 0xFFFFFFFF
+#define MAXIMUM_WAIT_OBJECTS 64
+typedef struct _SECURITY_ATTRIBUTES {
+    DWORD nLength;
+    LPVOID lpSecurityDescriptor;
+    BOOL bInheritHandle;
+} SECURITY_ATTRIBUTES, *PSECURITY_ATTRIBUTES, *LPSECURITY_ATTRIBUTES;
+WINBASEAPI HANDLE WINAPI CreateEventA(LPSECURITY_ATTRIBUTES attributes, BOOL manualReset, BOOL initialState, LPCSTR name);
+WINBASEAPI BOOL WINAPI SetEvent(HANDLE event);
+WINBASEAPI BOOL WINAPI ResetEvent(HANDLE event);
+WINBASEAPI DWORD WINAPI WaitForSingleObject(HANDLE object, DWORD milliseconds);
+WINBASEAPI DWORD WINAPI WaitForSingleObjectEx(HANDLE object, DWORD milliseconds, BOOL alertable);
+WINBASEAPI DWORD WINAPI WaitForMultipleObjects(DWORD count, const HANDLE *objects, BOOL all, DWORD milliseconds);
+WINBASEAPI DWORD WINAPI WaitForMultipleObjectsEx(DWORD count, const HANDLE *objects, BOOL all, DWORD milliseconds,
+                                                 BOOL alertable);
+WINBASEAPI DWORD WINAPI SleepEx(DWORD milliseconds, BOOL alertable);
+
+// Files. Share modes hold within the process and, by advisory locks, against other processes that open
+// files through the layer. Overlapped transfers are done by threads of the layer.
+#define GENERIC_READ 0x80000000
+#define GENERIC_WRITE 0x40000000
+#define GENERIC_EXECUTE 0x20000000
+#define GENERIC_ALL 0x10000000
+#define FILE_SHARE_READ 0x00000001
+#define FILE_SHARE_WRITE 0x00000002
+#define FILE_SHARE_DELETE 0x00000004
+#define CREATE_NEW 1
+#define CREATE_ALWAYS 2
+#define OPEN_EXISTING 3
+#define OPEN_ALWAYS 4
+#define TRUNCATE_EXISTING 5
+#define FILE_ATTRIBUTE_READONLY 0x00000001
+#define FILE_ATTRIBUTE_HIDDEN 0x00000002
+#define FILE_ATTRIBUTE_SYSTEM 0x00000004
+#define FILE_ATTRIBUTE_DIRECTORY 0x00000010
+#define FILE_ATTRIBUTE_ARCHIVE 0x00000020
+#define FILE_ATTRIBUTE_NORMAL 0x00000080
+#define FILE_ATTRIBUTE_TEMPORARY 0x00000100
+#define FILE_FLAG_WRITE_THROUGH 0x80000000
+#define FILE_FLAG_OVERLAPPED 0x40000000
+#define FILE_FLAG_NO_BUFFERING 0x20000000
+#define FILE_FLAG_RANDOM_ACCESS 0x10000000
+#define FILE_FLAG_SEQUENTIAL_SCAN 0x08000000
+#define INVALID_FILE_ATTRIBUTES ((DWORD)-1)
+#define INVALID_FILE_SIZE ((DWORD)0xFFFFFFFF)
+#define INVALID_SET_FILE_POINTER ((DWORD)-1)
+#define FILE_BEGIN 0
+#define FILE_CURRENT 1
+#define FILE_END 2
+
+typedef struct _OVERLAPPED {
+    ULONG_PTR Internal;
+    ULONG_PTR InternalHigh;
+    union {
+        struct {
+            DWORD Offset;
+            DWORD OffsetHigh;
+        };
+        PVOID Pointer;
+    };
+    HANDLE hEvent;
+} OVERLAPPED, *LPOVERLAPPED;
+typedef void(WINAPI *LPOVERLAPPED_COMPLETION_ROUTINE)(DWORD error, DWORD count, LPOVERLAPPED overlapped);
+#define HasOverlappedIoCompleted(overlapped) ((DWORD)(overlapped)->Internal != 0x103)
+
+WINBASEAPI HANDLE WINAPI CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES attributes,
+                                     DWORD disposition, DWORD flags, HANDLE templateFile);
+WINBASEAPI BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD count, LPOVERLAPPED overlapped);
+WINBASEAPI BOOL WINAPI WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD count, LPOVERLAPPED overlapped);
+WINBASEAPI BOOL WINAPI ReadFileEx(HANDLE file, LPVOID buffer, DWORD size, LPOVERLAPPED overlapped,
+                                  LPOVERLAPPED_COMPLETION_ROUTINE routine);
+WINBASEAPI BOOL WINAPI WriteFileEx(HANDLE file, LPCVOID buffer, DWORD size, LPOVERLAPPED overlapped,
+                                   LPOVERLAPPED_COMPLETION_ROUTINE routine);
+WINBASEAPI BOOL WINAPI GetOverlappedResult(HANDLE file, LPOVERLAPPED overlapped, LPDWORD count, BOOL wait);
+WINBASEAPI BOOL WINAPI CancelIo(HANDLE file);
+WINBASEAPI DWORD WINAPI SetFilePointer(HANDLE file, LONG distance, PLONG distanceHigh, DWORD method);
+WINBASEAPI BOOL WINAPI SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, PLARGE_INTEGER position, DWORD method);
+WINBASEAPI BOOL WINAPI SetEndOfFile(HANDLE file);
+WINBASEAPI BOOL WINAPI FlushFileBuffers(HANDLE file);
+WINBASEAPI DWORD WINAPI GetFileSize(HANDLE file, LPDWORD sizeHigh);
+WINBASEAPI BOOL WINAPI GetFileSizeEx(HANDLE file, PLARGE_INTEGER size);
+WINBASEAPI BOOL WINAPI GetFileTime(HANDLE file, LPFILETIME created, LPFILETIME accessed, LPFILETIME written);
+WINBASEAPI BOOL WINAPI SetFileTime(HANDLE file, const FILETIME *created, const FILETIME *accessed, const FILETIME *written);
+
+// Names on disk. A name that starts with a dot is hidden; the other attributes but read-only are kept in
+// the extended attribute "user.DOSATTRIB".
+WINBASEAPI DWORD WINAPI GetFileAttributesA(LPCSTR path);
+WINBASEAPI BOOL WINAPI SetFileAttributesA(LPCSTR path, DWORD attributes);
+WINBASEAPI BOOL WINAPI DeleteFileA(LPCSTR path);
+WINBASEAPI BOOL WINAPI MoveFileA(LPCSTR from, LPCSTR to);
+WINBASEAPI BOOL WINAPI CreateDirectoryA(LPCSTR path, LPSECURITY_ATTRIBUTES attributes);
+WINBASEAPI BOOL WINAPI RemoveDirectoryA(LPCSTR path);
+WINBASEAPI BOOL WINAPI SetCurrentDirectoryA(LPCSTR path);
+WINBASEAPI DWORD WINAPI GetFullPathNameA(LPCSTR path, DWORD size, LPSTR buffer, LPSTR *namePart);
+
+typedef struct _WIN32_FIND_DATAA {
+    DWORD dwFileAttributes;
+    FILETIME ftCreationTime;
+    FILETIME ftLastAccessTime;
+    FILETIME ftLastWriteTime;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+    DWORD dwReserved0;
+    DWORD dwReserved1;
+    CHAR cFileName[MAX_PATH];
+    CHAR cAlternateFileName[14];
+} WIN32_FIND_DATAA, *PWIN32_FIND_DATAA, *LPWIN32_FIND_DATAA;
+typedef WIN32_FIND_DATAA WIN32_FIND_DATA, *PWIN32_FIND_DATA, *LPWIN32_FIND_DATA;
+// Entries come by name without regard to case, "." and ".." first.
+WINBASEAPI HANDLE WINAPI FindFirstFileA(LPCSTR pattern, LPWIN32_FIND_DATAA data);
+WINBASEAPI BOOL WINAPI FindNextFileA(HANDLE search, LPWIN32_FIND_DATAA data);
+WINBASEAPI BOOL WINAPI FindClose(HANDLE search);
+
+#define SCS_32BIT_BINARY 0
+#define SCS_DOS_BINARY 1
+#define SCS_WOW_BINARY 2
+#define SCS_64BIT_BINARY 6
+// Windows programs and programs of this system both count.
+WINBASEAPI BOOL WINAPI GetBinaryTypeA(LPCSTR path, LPDWORD type);
+
+// Drives.
+#define DRIVE_UNKNOWN 0
+#define DRIVE_NO_ROOT_DIR 1
+#define DRIVE_FIXED 3
+WINBASEAPI DWORD WINAPI GetLogicalDrives(void);
+WINBASEAPI DWORD WINAPI GetLogicalDriveStringsA(DWORD size, LPSTR buffer);
+WINBASEAPI UINT WINAPI GetDriveTypeA(LPCSTR root);
+WINBASEAPI BOOL WINAPI GetDiskFreeSpaceA(LPCSTR root, LPDWORD sectorsPerCluster, LPDWORD bytesPerSector,
+                                         LPDWORD freeClusters, LPDWORD totalClusters);
+WINBASEAPI BOOL WINAPI GetDiskFreeSpaceExA(LPCSTR folder, PULARGE_INTEGER freeToCaller, PULARGE_INTEGER total,
+                                           PULARGE_INTEGER totalFree);
+
+// Time.
+typedef struct _SYSTEMTIME {
+    WORD wYear;
+    WORD wMonth;
+    WORD wDayOfWeek;
+    WORD wDay;
+    WORD wHour;
+    WORD wMinute;
+    WORD wSecond;
+    WORD wMilliseconds;
+} SYSTEMTIME, *PSYSTEMTIME, *LPSYSTEMTIME;
+WINBASEAPI void WINAPI GetLocalTime(LPSYSTEMTIME time);
+WINBASEAPI void WINAPI GetSystemTime(LPSYSTEMTIME time);
+WINBASEAPI void WINAPI GetSystemTimeAsFileTime(LPFILETIME time);
+WINBASEAPI BOOL WINAPI FileTimeToSystemTime(const FILETIME *fileTime, LPSYSTEMTIME systemTime);
+WINBASEAPI BOOL WINAPI SystemTimeToFileTime(const SYSTEMTIME *systemTime, LPFILETIME fileTime);
+WINBASEAPI BOOL WINAPI FileTimeToLocalFileTime(const FILETIME *fileTime, LPFILETIME localFileTime);
+WINBASEAPI BOOL WINAPI LocalFileTimeToFileTime(const FILETIME *localFileTime, LPFILETIME fileTime);
+WINBASEAPI LONG WINAPI CompareFileTime(const FILETIME *left, const FILETIME *right);
+
 // Modules. The layer's own modules (kernel32, user32, psapi and so on) are found by name in any
 // case, with or without ".dll". The null name is the program itself.
 WINBASEAPI HMODULE WINAPI LoadLibraryA(LPCSTR name);
@@ -152,6 +313,23 @@ WINBASEAPI int WINAPI MulDiv(int number, int numerator, int denominator);
 #define WritePrivateProfileString WritePrivateProfileStringA
 #define WritePrivateProfileStruct WritePrivateProfileStructA
 #define GetProfileString GetProfileStringA
+#define CreateEvent CreateEventA
+#define CreateFile CreateFileA
+#define GetFileAttributes GetFileAttributesA
+#define SetFileAttributes SetFileAttributesA
+#define DeleteFile DeleteFileA
+#define MoveFile MoveFileA
+#define CreateDirectory CreateDirectoryA
+#define RemoveDirectory RemoveDirectoryA
+#define SetCurrentDirectory SetCurrentDirectoryA
+#define GetFullPathName GetFullPathNameA
+#define FindFirstFile FindFirstFileA
+#define FindNextFile FindNextFileA
+#define GetBinaryType GetBinaryTypeA
+#define GetLogicalDriveStrings GetLogicalDriveStringsA
+#define GetDriveType GetDriveTypeA
+#define GetDiskFreeSpace GetDiskFreeSpaceA
+#define GetDiskFreeSpaceEx GetDiskFreeSpaceExA
 #define lstrlen lstrlenA
 #define lstrcpy lstrcpyA
 #define lstrcpyn lstrcpynA

@@ -36,6 +36,12 @@ CallPlan callPlans[] = {
     {"GlobalMemoryStatusEx", 0, 0, 0, 0},
     {"HeapCreate", 0, 0, 0, 0},
     {"WritePrivateProfileStringA", 0, 0, 0, 0},
+    {"CreateFileA", 0, 0, 0, 0},
+    {"ReadFile", 0, 0, 0, 0},
+    {"WriteFile", 0, 0, 0, 0},
+    {"CreateEventA", 0, 0, 0, 0},
+    {"FindFirstFileA", 0, 0, 0, 0},
+    {"GetDiskFreeSpaceExA", 0, 0, 0, 0},
 };
 
 std::mutex stateMutex;

@@ -2,6 +2,7 @@
 
 #include "control.h"
 #include "kernel_internal.h"
+#include "kernel_object.h"
 
 #include <atomic>
 #include <mutex>
@@ -137,6 +138,20 @@ void *remove(HANDLE handle, HandleKind kind)
     return object;
 }
 
+Ref<KernelObject> acquire(HANDLE handle)
+{
+    // The lock keeps the object alive until it is counted as used.
+    std::lock_guard lock(tableMutex);
+    for (HandleKind kind : {HandleKind::File, HandleKind::Event, HandleKind::Search}) {
+        if (Entry *entry = liveEntry(handle, kind)) {
+            auto object = static_cast<KernelObject *>(entry->object.load(std::memory_order_relaxed));
+            object->addReference();
+            return Ref<KernelObject>(object);
+        }
+    }
+    return fail(ERROR_INVALID_HANDLE, Ref<KernelObject>());
+}
+
 DWORD count()
 {
     std::lock_guard lock(tableMutex);
@@ -144,6 +159,31 @@ DWORD count()
 }
 
 } // namespace win32::handles
+
+HANDLE win32::handleFor(KernelObject *object)
+{
+    HANDLE handle = handles::insert(object->kind(), object);
+    if (!handle)
+        object->release();
+    return handle;
+}
+
+// A search is closed by FindClose only, and other kinds have calls of their own too.
+BOOL CloseHandle(HANDLE handle)
+{
+    using namespace win32;
+    uintptr_t value = reinterpret_cast<uintptr_t>(handle);
+    if (value >= static_cast<uintptr_t>(-6))
+        return TRUE; // the pseudo handles of process and thread
+    for (HandleKind kind : {HandleKind::File, HandleKind::Event}) {
+        if (auto object = static_cast<KernelObject *>(handles::remove(handle, kind))) {
+            object->closed();
+            object->release();
+            return TRUE;
+        }
+    }
+    return FALSE;
+}
 
 DWORD Win32Control_OpenHandles()
 {

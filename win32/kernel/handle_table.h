@@ -8,7 +8,8 @@
 
 namespace win32 {
 
-enum class HandleKind : uint8_t { Free, Module, Heap, GlobalBlock };
+// Kinds from Event on belong to objects of class KernelObject.
+enum class HandleKind : uint8_t { Free, Module, Heap, GlobalBlock, Event, File, Search };
 
 namespace handles {
 

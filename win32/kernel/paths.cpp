@@ -1,118 +1,199 @@
 #include "paths.h"
 
+#include "code_page_table.h"
+#include "drives.h"
+#include "file_names.h"
+#include "folder_cache.h"
 #include "kernel_internal.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <climits>
-#include <cstdlib>
 #include <cstring>
 
 namespace win32 {
 namespace {
-
-std::string environmentValue(const char *name)
-{
-    const char *value = getenv(name);
-    return value ? value : "";
-}
-
-std::string currentFolder()
-{
-    char folder[PATH_MAX];
-    return getcwd(folder, sizeof folder) ? folder : "/";
-}
-
-void makeFolders(const std::string &path)
-{
-    for (size_t slash = path.find('/', 1); slash != std::string::npos; slash = path.find('/', slash + 1))
-        mkdir(path.substr(0, slash).c_str(), 0777);
-    mkdir(path.c_str(), 0777);
-}
-
-std::string findDriveCFolder()
-{
-    std::string folder = environmentValue("WIN32_DRIVE_C");
-    if (folder.empty()) {
-        folder = environmentValue("XDG_DATA_HOME");
-        if (folder.empty())
-            folder = environmentValue("HOME") + "/.local/share";
-        folder += "/win32/drive_c";
-    }
-    while (folder.size() > 1 && folder.back() == '/')
-        folder.pop_back();
-    makeFolders(folder + "/windows/system32");
-    return folder;
-}
 
 bool isSeparator(char character)
 {
     return character == '\\' || character == '/';
 }
 
-// Resolves "." and ".." by the text alone, as Win32 does before it looks at the disk.
-void appendComponents(std::string &result, size_t rootLength, const char *path)
+// The length of the first component, which a separator or the end of the text follows. The second byte of
+// a double-byte character is no separator.
+size_t componentLength(const char *path)
+{
+    const CodePage &page = activeCodePage();
+    size_t length = 0;
+    while (path[length] && !isSeparator(path[length]))
+        length += page.isLeadByte(static_cast<unsigned char>(path[length])) && path[length + 1] ? 2 : 1;
+    return length;
+}
+
+void removeLastComponent(std::string &components)
+{
+    size_t last = 0;
+    for (size_t place = 0; place < components.size(); place += 1 + componentLength(components.c_str() + place + 1))
+        last = place;
+    components.resize(last);
+}
+
+// Blanks and dots at the end of a name do not count. A trail byte is never one of them.
+std::string_view withoutEnd(std::string_view name)
+{
+    while (!name.empty() && (name.back() == ' ' || name.back() == '.'))
+        name.remove_suffix(1);
+    return name;
+}
+
+void appendComponents(std::string &components, const char *path)
 {
     while (*path) {
-        size_t length = strcspn(path, "\\/");
-        if (length == 2 && path[0] == '.' && path[1] == '.') {
-            size_t slash = result.rfind('/');
-            result.resize(slash != std::string::npos && slash >= rootLength ? slash : rootLength);
-        } else if (length > 0 && !(length == 1 && path[0] == '.')) {
-            result += '/';
-            result.append(path, length);
-        }
+        size_t length = componentLength(path);
+        std::string_view name(path, length);
         path += length;
         path += *path ? 1 : 0;
+        if (name == "..") {
+            removeLastComponent(components);
+        } else if (std::string_view kept = withoutEnd(name); !kept.empty()) {
+            components += '\\';
+            components += kept;
+        }
     }
+}
+
+std::string currentUnixFolder()
+{
+    char folder[PATH_MAX];
+    return getcwd(folder, sizeof folder) ? folder : "/";
+}
+
+// Calls visit with each component and whether it is the last.
+template <class Visit> void eachComponent(const std::string &components, Visit visit)
+{
+    for (size_t place = 0; place < components.size();) {
+        size_t length = componentLength(components.c_str() + place + 1);
+        visit(std::string_view(components).substr(place + 1, length));
+        place += 1 + length;
+    }
+}
+
+bool existsOnDisk(const std::string &path)
+{
+    struct stat status;
+    return lstat(path.c_str(), &status) == 0;
+}
+
+// The name on disk of an entry of the folder; the literal one when there is none.
+std::string nameOnDisk(const std::string &folder, std::string_view ansiName)
+{
+    std::string literal = names::diskFromAnsi(ansiName);
+    if (existsOnDisk(folder + '/' + literal))
+        return literal;
+    std::string found = findInFolder(folder.empty() ? "/" : folder, literal);
+    if (!found.empty())
+        return found;
+    std::string unescaped;
+    if (names::unescape(ansiName, unescaped) && existsOnDisk(folder + '/' + unescaped))
+        return unescaped;
+    return literal;
 }
 
 } // namespace
 
-const std::string &driveCFolder()
+bool fullPath(const char *path, FullPath &result)
 {
-    static const std::string folder = findDriveCFolder();
-    return folder;
+    if (!*path)
+        return fail(ERROR_PATH_NOT_FOUND, false);
+    if (strnlen(path, MAX_PATH) >= MAX_PATH)
+        return fail(ERROR_FILENAME_EXCED_RANGE, false);
+    if (isSeparator(path[0]) && isSeparator(path[1]))
+        return fail(ERROR_BAD_NETPATH, false);
+    bool hasDrive = path[1] == ':';
+    std::string current = hasDrive && isSeparator(path[2]) ? std::string() : currentUnixFolder();
+    char currentDrive = current.empty() ? '\0' : driveOfPath(current);
+    result.drive = hasDrive ? static_cast<char>(path[0] & ~0x20) : currentDrive;
+    const std::string *folder = driveFolder(hasDrive ? path[0] : currentDrive);
+    if (!folder)
+        return fail(ERROR_PATH_NOT_FOUND, false);
+    if (hasDrive)
+        path += 2;
+    result.components.clear();
+    if (!isSeparator(*path) && result.drive == currentDrive) {
+        std::string win32Current = win32Path(current);
+        appendComponents(result.components, win32Current.c_str() + 2);
+    }
+    appendComponents(result.components, path);
+    if (result.components.size() + 3 > MAX_PATH)
+        return fail(ERROR_FILENAME_EXCED_RANGE, false);
+    return true;
+}
+
+std::string literalUnixPath(const FullPath &path)
+{
+    std::string result = *driveFolder(path.drive);
+    eachComponent(path.components, [&](std::string_view name) {
+        result += '/';
+        result += names::diskFromAnsi(name);
+    });
+    return result.empty() ? "/" : result;
+}
+
+std::string unixPathOnDisk(const FullPath &path)
+{
+    std::string result = *driveFolder(path.drive);
+    eachComponent(path.components, [&](std::string_view name) {
+        std::string found = nameOnDisk(result, name);
+        result += '/';
+        result += found;
+    });
+    return result.empty() ? "/" : result;
 }
 
 bool unixPath(const char *path, std::string &result)
 {
-    std::string root;
-    std::string start;
-    if (isSeparator(path[0]) && isSeparator(path[1]))
-        return fail(ERROR_BAD_NETPATH, false);
-    if (path[0] && path[1] == ':') {
-        char drive = lowerAscii(path[0]);
-        if (drive != 'c' && drive != 'z')
-            return fail(ERROR_PATH_NOT_FOUND, false);
-        root = drive == 'c' ? driveCFolder() : "";
-        path += 2;
-        start = root;
-    } else if (!isSeparator(path[0])) {
-        start = currentFolder();
-        if (start == "/")
-            start.clear();
-    }
-    result = start;
-    appendComponents(result, root.size(), path);
-    if (result.empty())
-        result = "/";
+    FullPath full;
+    if (!fullPath(path, full))
+        return false;
+    result = literalUnixPath(full);
+    if (!existsOnDisk(result))
+        result = unixPathOnDisk(full);
     return true;
 }
 
 std::string win32Path(const std::string &path)
 {
-    const std::string &driveC = driveCFolder();
-    bool onDriveC = path.starts_with(driveC) && (path.size() == driveC.size() || path[driveC.size()] == '/');
-    std::string result = onDriveC ? "C:" + path.substr(driveC.size()) : "Z:" + path;
-    for (char &character : result) {
-        if (character == '/')
-            character = '\\';
+    char drive = driveOfPath(path);
+    size_t start = driveFolder(drive)->size();
+    std::string result = {drive, ':'};
+    while (start < path.size()) {
+        size_t end = std::min(path.find('/', start + 1), path.size());
+        if (end > start + 1)
+            result += '\\' + names::ansiFromDisk(std::string_view(path).substr(start + 1, end - start - 1));
+        start = end;
     }
-    if (result.size() == 2)
-        result += '\\';
-    return result;
+    return result.size() == 2 ? result + '\\' : result;
+}
+
+DWORD missingError(const std::string &unixPath)
+{
+    size_t slash = unixPath.rfind('/');
+    struct stat status;
+    std::string folder = slash == 0 ? "/" : unixPath.substr(0, slash);
+    bool folderExists = stat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    return folderExists ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
+}
+
+DWORD pathError(int errnoValue, const std::string &unixPath)
+{
+    return errnoValue == ENOENT || errnoValue == ENOTDIR ? missingError(unixPath) : errorFromErrno(errnoValue);
+}
+
+const std::string &driveCFolder()
+{
+    return *driveFolder('C');
 }
 
 UINT copyPathResult(const std::string &path, char *buffer, UINT size)

@@ -1,25 +1,77 @@
-// Win32 paths on a Unix file system: drive Z: is the root, drive C: a folder of the user's that
-// is made when it is first needed.
+// Win32 paths on a Unix file system.
 #pragma once
 
 #include <windows.h>
 
+#include <cerrno>
 #include <string>
 
 namespace win32 {
 
-// The Unix path that a Win32 path names. False, with the last error set, when there is no such
-// drive. The file need not exist.
+// A Win32 path made absolute: its drive, and its components in the spelling of the caller.
+struct FullPath {
+    char drive = 0; // upper case
+    std::string components; // each with a backslash before it; empty for the root
+
+    std::string text() const { return std::string(1, drive) + ":" + (components.empty() ? "\\" : components); }
+};
+
+// Makes a path absolute and settles "." and "..", slashes, and blanks and dots at the end of names. False,
+// with the last error set, for paths that cannot name anything: too long, on no drive, on the network.
+bool fullPath(const char *path, FullPath &result);
+
+// The Unix path in the caller's own spelling of case.
+std::string literalUnixPath(const FullPath &path);
+
+// The Unix path of what is on disk under this name in any case, as far as there is something; what is
+// missing at the end keeps the caller's spelling.
+std::string unixPathOnDisk(const FullPath &path);
+
+// Both steps: the Unix path that a Win32 path names. The file need not exist.
 bool unixPath(const char *path, std::string &result);
 
 // The Win32 path of an absolute Unix path.
 std::string win32Path(const std::string &path);
 
+// Runs an operation of the system on a Win32 path: with the literal spelling, and when that is not there,
+// with the one on disk. The operation gives a negative number and errno on failure, and so does this; the
+// last error is then set.
+template <class Operation> int onPath(const char *path, Operation operation);
+
+// ERROR_FILE_NOT_FOUND when the folder exists that would hold the path, else ERROR_PATH_NOT_FOUND.
+DWORD missingError(const std::string &unixPath);
+
+// The last error for a failed operation on a path.
+DWORD pathError(int errnoValue, const std::string &unixPath);
+
 // The folder behind drive C:, with no slash at its end.
 const std::string &driveCFolder();
 
-// Copies a result the way GetSystemDirectoryA and its kin do: the length when it fits, otherwise
-// the size needed with its terminator.
+// Copies a result the way GetSystemDirectoryA and its kin do: the length when it fits, otherwise the size
+// needed with its terminator.
 UINT copyPathResult(const std::string &path, char *buffer, UINT size);
+
+template <class Operation> int onPath(const char *path, Operation operation)
+{
+    FullPath full;
+    if (!fullPath(path, full))
+        return -1;
+    std::string literal = literalUnixPath(full);
+    int result = operation(literal.c_str());
+    if (result >= 0)
+        return result;
+    int reason = errno;
+    if (reason == ENOENT || reason == ENOTDIR) {
+        std::string onDisk = unixPathOnDisk(full);
+        if (onDisk != literal) {
+            literal = onDisk;
+            result = operation(literal.c_str());
+            reason = errno;
+        }
+    }
+    if (result < 0)
+        SetLastError(pathError(reason, literal));
+    return result;
+}
 
 } // namespace win32

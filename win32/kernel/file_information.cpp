@@ -1,0 +1,92 @@
+#include "file_information.h"
+
+#include "file_time.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace win32 {
+namespace {
+
+constexpr char attributeName[] = "user.DOSATTRIB";
+constexpr DWORD keptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+
+DWORD extendedAttributes(const char *path)
+{
+    char text[32];
+    ssize_t length = getxattr(path, attributeName, text, sizeof text - 1);
+    if (length <= 0)
+        return 0;
+    text[length] = 0;
+    return static_cast<DWORD>(strtoul(text, nullptr, 0)) & keptAttributes;
+}
+
+bool isDotName(const char *path)
+{
+    const char *slash = strrchr(path, '/');
+    const char *name = slash ? slash + 1 : path;
+    return name[0] == '.' && name[1] != 0 && strcmp(name, "..") != 0;
+}
+
+FILETIME fileTime(const statx_timestamp &time)
+{
+    return fileTimeFrom({static_cast<time_t>(time.tv_sec), static_cast<long>(time.tv_nsec)});
+}
+
+} // namespace
+
+bool isReadOnly(unsigned mode)
+{
+    return (mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+}
+
+bool fileInformation(const char *path, FileInformation &result)
+{
+    struct statx status;
+    constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME;
+    if (statx(AT_FDCWD, path, 0, wanted, &status) != 0 && statx(AT_FDCWD, path, AT_SYMLINK_NOFOLLOW, wanted, &status) != 0)
+        return false;
+    bool isFolder = S_ISDIR(status.stx_mode);
+    result.attributes = isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
+    result.attributes |= extendedAttributes(path);
+    if (isDotName(path))
+        result.attributes |= FILE_ATTRIBUTE_HIDDEN;
+    if (isReadOnly(status.stx_mode))
+        result.attributes |= FILE_ATTRIBUTE_READONLY;
+    result.accessed = fileTime(status.stx_atime);
+    result.written = fileTime(status.stx_mtime);
+    // A file system that keeps no time of creation has the last change of any kind at least.
+    result.created = fileTime(status.stx_mask & STATX_BTIME ? status.stx_btime : status.stx_ctime);
+    result.size = isFolder ? 0 : status.stx_size;
+    return true;
+}
+
+bool setFileAttributes(const char *path, DWORD attributes)
+{
+    struct stat status;
+    if (stat(path, &status) != 0)
+        return false;
+    mode_t mode = status.st_mode & 07777;
+    mode_t writable = mode | S_IWUSR;
+    mode_t readOnly = mode & ~static_cast<mode_t>(S_IWUSR | S_IWGRP | S_IWOTH);
+    mode_t wanted = attributes & FILE_ATTRIBUTE_READONLY ? readOnly : isReadOnly(mode) ? writable : mode;
+    // The extended attribute can only be changed while the file may be written.
+    if (isReadOnly(mode) && chmod(path, writable) != 0)
+        return false;
+    DWORD kept = attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
+    char text[16];
+    snprintf(text, sizeof text, "0x%x", kept);
+    if (kept)
+        setxattr(path, attributeName, text, strlen(text), 0);
+    else
+        removexattr(path, attributeName);
+    return chmod(path, wanted) == 0;
+}
+
+} // namespace win32
