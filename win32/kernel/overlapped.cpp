@@ -8,7 +8,8 @@
 
 #include <condition_variable>
 #include <csignal>
-#include <deque>
+#include <iterator>
+#include <list>
 #include <mutex>
 #include <thread>
 
@@ -27,9 +28,9 @@ struct Transfer {
     DWORD size;
     LPOVERLAPPED overlapped;
     int64_t offset;
-    Ref<KernelObject> event;
-    std::shared_ptr<ThreadState> caller;
-    std::unique_ptr<QueuedCall> call; // of a transfer with a completion routine
+    Ref<KernelObject> event{};
+    std::shared_ptr<ThreadState> caller{};
+    std::unique_ptr<QueuedCall> call{}; // of a transfer with a completion routine
 };
 
 // The status of a transfer is written last: who sees it change may use the buffer and the count.
@@ -68,29 +69,29 @@ void perform(Transfer &transfer)
     finish(transfer, error, count);
 }
 
-// Lives as long as the process: its threads are never joined, since a program may end at any time.
+// Transfers travel as nodes of lists, so that only starting one needs memory.
 class Engine {
 public:
-    // Throws std::bad_alloc or std::system_error when there is no thread to do the work.
-    void start(Transfer transfer)
+    // Throws std::system_error when there is no thread to do the work.
+    void start(std::list<Transfer> one)
     {
         std::lock_guard lock(mutex_);
         if (threads_ == 0 || (idle_ == 0 && threads_ < maximumThreads))
             addThread();
-        queue_.push_back(std::move(transfer));
+        queue_.splice(queue_.end(), one);
         wake_.notify_one();
     }
 
     void cancel(const FileObject &file)
     {
-        std::deque<Transfer> cancelled;
+        std::list<Transfer> cancelled;
         {
             std::unique_lock lock(mutex_);
             for (auto it = queue_.begin(); it != queue_.end();) {
-                bool isOfFile = it->file.get() == &file;
-                if (isOfFile)
-                    cancelled.push_back(std::move(*it));
-                it = isOfFile ? queue_.erase(it) : it + 1;
+                auto next = std::next(it);
+                if (it->file.get() == &file)
+                    cancelled.splice(cancelled.end(), queue_, it);
+                it = next;
             }
             done_.wait(lock, [&] { return !isActive(file); });
         }
@@ -134,34 +135,36 @@ private:
             ++idle_;
             wake_.wait(lock, [&] { return !queue_.empty(); });
             --idle_;
-            Transfer transfer = std::move(queue_.front());
-            queue_.pop_front();
-            active_[place] = transfer.file.get();
+            std::list<Transfer> taken;
+            taken.splice(taken.begin(), queue_, queue_.begin());
+            active_[place] = taken.front().file.get();
             lock.unlock();
-            perform(transfer);
+            perform(taken.front());
             lock.lock();
             active_[place] = nullptr;
             done_.notify_all();
             lock.unlock();
             // The last holder of the file closes it here, outside of the lock.
-            transfer = {};
+            taken.clear();
             lock.lock();
         }
     }
 
     std::mutex mutex_;
     std::condition_variable wake_, done_;
-    std::deque<Transfer> queue_;
+    std::list<Transfer> queue_;
     const FileObject *active_[maximumThreads] = {};
     unsigned threads_ = 0;
     unsigned idle_ = 0;
 };
 
-Engine &engine()
-{
-    static Engine *const engine = new Engine;
-    return *engine;
-}
+// Never destroyed: its threads are not joined, since a program may end at any time.
+union ImmortalEngine {
+    ImmortalEngine() : engine() {}
+    ~ImmortalEngine() {}
+    Engine engine;
+};
+ImmortalEngine immortal;
 
 } // namespace
 
@@ -171,10 +174,11 @@ bool startTransfer(Ref<FileObject> file, bool writes, void *buffer, DWORD size, 
     int64_t offset = static_cast<int64_t>(static_cast<uint64_t>(overlapped->OffsetHigh) << 32 | overlapped->Offset);
     if (!file->allows(buffer, size, offset))
         return fail(ERROR_INVALID_PARAMETER, false);
-    Transfer transfer{file, writes, buffer, size, overlapped, offset, {}, {}, {}};
+    std::list<Transfer> one;
+    Transfer &transfer = one.emplace_back(file, writes, buffer, size, overlapped, offset);
     if (routine) {
         transfer.caller = currentThreadState();
-        transfer.call = std::make_unique<QueuedCall>(routine, overlapped);
+        transfer.call.reset(new QueuedCall{.routine = routine, .overlapped = overlapped});
     } else if (overlapped->hEvent) {
         // The lowest bit only says that a completion port is not to be told.
         auto handle = reinterpret_cast<HANDLE>(reinterpret_cast<uintptr_t>(overlapped->hEvent) & ~uintptr_t{1});
@@ -187,7 +191,7 @@ bool startTransfer(Ref<FileObject> file, bool writes, void *buffer, DWORD size, 
     overlapped->InternalHigh = 0;
     overlapped->Internal = statusPending;
     try {
-        engine().start(std::move(transfer));
+        immortal.engine.start(std::move(one));
         return true;
     } catch (const std::exception &) {
         overlapped->Internal = statusFromWin32 | ERROR_NOT_ENOUGH_MEMORY;
@@ -197,7 +201,7 @@ bool startTransfer(Ref<FileObject> file, bool writes, void *buffer, DWORD size, 
 
 void cancelTransfers(const FileObject &file)
 {
-    engine().cancel(file);
+    immortal.engine.cancel(file);
 }
 
 } // namespace win32

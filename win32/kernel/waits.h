@@ -18,7 +18,7 @@ struct QueuedCall {
     LPOVERLAPPED overlapped;
     DWORD error = 0;
     DWORD count = 0;
-    std::unique_ptr<QueuedCall> next;
+    std::unique_ptr<QueuedCall> next{};
 };
 
 void queueCall(ThreadState &thread, std::unique_ptr<QueuedCall> call);
