@@ -125,6 +125,40 @@ SInt32 GetDirectoryID(const char *path)
     return place + firstDirectoryID;
 }
 
+const char *files::directoryPath(SInt32 dirID)
+{
+    SInt32 place = dirID - firstDirectoryID;
+    return place >= 0 && place < table.count ? table.at(place).path : nullptr;
+}
+
+void MTBX_DirPathFromID(SInt32 dirID, StringPtr path)
+{
+    const char *found = files::directoryPath(dirID);
+    files::copyPascal(found ? found : "", path);
+}
+
+OSErr OpenWD(SInt16, SInt32 dirID, SInt32, SInt16 *wdRefNum)
+{
+    if (files::directoryPath(dirID))
+        *wdRefNum = static_cast<SInt16>(dirID);
+    return noErr;
+}
+
+// The reference is the low half of the ID; of several directories with the same low half the first counts.
+OSErr GetWDInfo(SInt16 wdRefNum, SInt16 *vRefNum, SInt32 *dirID, SInt32 *procID)
+{
+    SInt32 found = static_cast<UInt16>(wdRefNum);
+    if (found < firstDirectoryID)
+        found += 0x10000;
+    const char *path = files::directoryPath(found);
+    if (!path)
+        return noErr;
+    *dirID = found;
+    *procID = 0;
+    *vRefNum = MTBX_VolumeRefFromPath(path);
+    return noErr;
+}
+
 void MTBX_DisposeDirectoryTable()
 {
     DisposeHandle(table.directories);

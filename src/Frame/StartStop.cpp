@@ -28,6 +28,7 @@ void MTBX_ShutdownDialogs()
 OSErr MTBX_ShutdownMemory()
 {
     MTBX_DisposeDirectoryTable();
+    MTBX_DisposeVolumeTable();
     MTBX_ReleaseProcessStatus();
     MEM_DumpLeaks(MTBX_LibraryHeap());
     return noErr;

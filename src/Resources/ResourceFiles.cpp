@@ -4,6 +4,7 @@
 #include <mtbx/MTBXGlobals.h>
 #include <mtbx/MacErrors.h>
 
+#include <cstring>
 #include <iterator>
 
 namespace {
@@ -75,6 +76,12 @@ void UseResFile(SInt16 refNum)
 HMODULE GetResFileInst(SInt16 refNum)
 {
     return isRefNum(refNum) ? files[refNum - firstRefNum].module : nullptr;
+}
+
+void MTBX_ResFilePath(SInt16 refNum, char *path)
+{
+    const char *found = isRefNum(refNum) ? files[refNum - firstRefNum].path : "";
+    memcpy(path, found, strlen(found) + 1);
 }
 
 SInt16 MTBX_HostResourceFile()

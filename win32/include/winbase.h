@@ -269,6 +269,13 @@ typedef struct _MEMORYSTATUSEX {
 WINBASEAPI void WINAPI GlobalMemoryStatus(LPMEMORYSTATUS status);
 WINBASEAPI BOOL WINAPI GlobalMemoryStatusEx(LPMEMORYSTATUSEX status);
 
+// How the system reports failures to the user. This one never does; the mode is only kept.
+#define SEM_FAILCRITICALERRORS 0x0001
+#define SEM_NOGPFAULTERRORBOX 0x0002
+#define SEM_NOOPENFILEERRORBOX 0x8000
+WINBASEAPI UINT WINAPI SetErrorMode(UINT mode);
+WINBASEAPI UINT WINAPI GetErrorMode(void);
+
 // System. The version is that of the environment variable WIN32_VERSION ("major.minor.build"),
 // 5.1.2600 when there is none.
 WINBASEAPI BOOL WINAPI GetVersionExA(LPOSVERSIONINFOA version);

@@ -11,6 +11,7 @@
 #include <mbstring.h>
 #include <psapi.h>
 #include <unistd.h>
+#include <winnetwk.h>
 
 #include <algorithm>
 #include <climits>

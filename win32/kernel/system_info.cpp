@@ -6,6 +6,7 @@
 
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -33,6 +34,8 @@ OSVERSIONINFOA configuredVersion()
     return version;
 }
 
+std::atomic<UINT> errorMode{0};
+
 } // namespace
 
 BOOL GetVersionExA(LPOSVERSIONINFOA version)
@@ -53,6 +56,16 @@ BOOL GetVersionExA(LPOSVERSIONINFOA version)
     if (size == sizeof(OSVERSIONINFOEXA))
         reinterpret_cast<LPOSVERSIONINFOEXA>(version)->wProductType = VER_NT_WORKSTATION;
     return TRUE;
+}
+
+UINT SetErrorMode(UINT mode)
+{
+    return errorMode.exchange(mode);
+}
+
+UINT GetErrorMode()
+{
+    return errorMode.load();
 }
 
 UINT GetSystemDirectoryA(LPSTR buffer, UINT size)
