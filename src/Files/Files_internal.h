@@ -38,7 +38,7 @@ const char *lastSeparator(const char *path);
 void copyName(ConstStr255Param name, char *buffer);
 
 // A C string as a Pascal string, cut at 255 bytes.
-void copyPascal(const char *text, StringPtr pascal);
+void copyPascal(const char *text, StringPtr result);
 
 // Appends what fits into a buffer of the size.
 void appendBounded(char *buffer, size_t size, const char *text);

@@ -8,7 +8,7 @@
 namespace files {
 namespace {
 
-std::array<OpenFile, 64> openFiles;
+std::array<FileSlot, 64> openFiles;
 
 struct Permission {
     DWORD access;
@@ -33,8 +33,8 @@ HANDLE openNative(const char *path, Permission permission, DWORD disposition, DW
 // The number of the slot that the file takes; 0 when all are taken.
 SInt16 takeSlot(HANDLE file, const char *path, bool isOverlapped)
 {
-    OpenFile *slot = nullptr;
-    for (OpenFile &candidate : openFiles) {
+    FileSlot *slot = nullptr;
+    for (FileSlot &candidate : openFiles) {
         if (candidate.file == file)
             return candidate.refNum;
         // A write that is still to be told of keeps its slot, although the file is closed.
@@ -65,16 +65,16 @@ OSErr enterFile(HANDLE file, const char *path, bool isOverlapped, SInt16 *refNum
 
 } // namespace
 
-OpenFile *findOpenFile(SInt16 refNum)
+FileSlot *findOpenFile(SInt16 refNum)
 {
     bool isSlot = refNum >= 1 && static_cast<size_t>(refNum) <= openFiles.size();
-    OpenFile *slot = isSlot ? &openFiles[static_cast<size_t>(refNum - 1)] : nullptr;
+    FileSlot *slot = isSlot ? &openFiles[static_cast<size_t>(refNum - 1)] : nullptr;
     return slot && slot->file ? slot : nullptr;
 }
 
 const char *openFilePath(SInt16 refNum)
 {
-    OpenFile *file = findOpenFile(refNum);
+    FileSlot *file = findOpenFile(refNum);
     return file ? file->path : nullptr;
 }
 
@@ -142,7 +142,7 @@ OSErr HCreate(SInt16, SInt32 dirID, ConstStr255Param name, OSType, OSType)
 
 OSErr FSClose(SInt16 refNum)
 {
-    OpenFile *slot = findOpenFile(refNum);
+    FileSlot *slot = findOpenFile(refNum);
     if (!slot)
         return rfNumErr;
     CloseHandle(slot->file);
@@ -154,14 +154,14 @@ OSErr FSClose(SInt16 refNum)
 
 HANDLE MTBX_GetFileHandle(SInt16 refNum)
 {
-    OpenFile *slot = findOpenFile(refNum);
+    FileSlot *slot = findOpenFile(refNum);
     return slot ? slot->file : nullptr;
 }
 
 OSErr SetFPos(SInt16 refNum, SInt16 mode, SInt32 offset)
 {
     constexpr DWORD methods[] = {FILE_CURRENT, FILE_BEGIN, FILE_END, FILE_CURRENT};
-    OpenFile *slot = findOpenFile(refNum);
+    FileSlot *slot = findOpenFile(refNum);
     if (!slot)
         return convertedLastError();
     bool isKnown = mode >= fsAtMark && mode <= fsFromMark;
@@ -174,7 +174,7 @@ OSErr SetFPos(SInt16 refNum, SInt16 mode, SInt32 offset)
 
 OSErr GetFPos(SInt16 refNum, SInt32 *position)
 {
-    OpenFile *slot = findOpenFile(refNum);
+    FileSlot *slot = findOpenFile(refNum);
     if (!slot)
         return rfNumErr;
     SetLastError(NO_ERROR);
@@ -187,7 +187,7 @@ OSErr GetFPos(SInt16 refNum, SInt32 *position)
 
 OSErr SetEOF(SInt16 refNum, SInt32 length)
 {
-    OpenFile *slot = findOpenFile(refNum);
+    FileSlot *slot = findOpenFile(refNum);
     if (!slot)
         return rfNumErr;
     SetLastError(NO_ERROR);

@@ -7,7 +7,7 @@
 
 namespace files {
 
-struct OpenFile;
+struct FileSlot;
 
 // The one transfer that an overlapped file can have under way. The native record comes first, so that the
 // completion finds the rest.
@@ -15,11 +15,11 @@ struct Transfer {
     OVERLAPPED overlapped;
     bool inUse;
     UInt32 size;
-    OpenFile *file;
+    FileSlot *file;
     ParmBlkPtr paramBlock; // of an asynchronous one
 };
 
-struct OpenFile {
+struct FileSlot {
     HANDLE file; // null: the slot is free
     SInt16 refNum;
     char path[pathSize];
@@ -28,7 +28,7 @@ struct OpenFile {
 };
 
 // Null for a number that no open file has.
-OpenFile *findOpenFile(SInt16 refNum);
+FileSlot *findOpenFile(SInt16 refNum);
 
 OSErr convertedLastError();
 

@@ -47,11 +47,11 @@ void copyName(ConstStr255Param name, char *buffer)
     buffer[length] = 0;
 }
 
-void copyPascal(const char *text, StringPtr pascal)
+void copyPascal(const char *text, StringPtr result)
 {
     size_t length = strnlen(text, 255);
-    memmove(pascal + 1, text, length);
-    pascal[0] = static_cast<unsigned char>(length);
+    memmove(result + 1, text, length);
+    result[0] = static_cast<unsigned char>(length);
 }
 
 void appendBounded(char *buffer, size_t size, const char *text)

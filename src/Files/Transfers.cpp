@@ -40,7 +40,7 @@ private:
 };
 
 // Waits for a transfer that goes on by itself; its count, or the error that it ended with.
-OSErr awaitTransfer(OpenFile &file, DWORD &count)
+OSErr awaitTransfer(FileSlot &file, DWORD &count)
 {
     WaitForSingleObject(file.transfer.overlapped.hEvent, INFINITE);
     bool ended = GetOverlappedResult(file.file, &file.transfer.overlapped, &count, TRUE);
@@ -51,7 +51,7 @@ OSErr awaitTransfer(OpenFile &file, DWORD &count)
 }
 
 // On an overlapped file the position does not move by itself, so it is read before and set after.
-OSErr transferOverlapped(Direction direction, OpenFile &file, void *buffer, DWORD size, DWORD &count)
+OSErr transferOverlapped(Direction direction, FileSlot &file, void *buffer, DWORD size, DWORD &count)
 {
     SInt32 position;
     if (OSErr error = GetFPos(file.refNum, &position))
@@ -75,7 +75,7 @@ OSErr transferOverlapped(Direction direction, OpenFile &file, void *buffer, DWOR
 
 OSErr transferNow(Direction direction, SInt16 refNum, void *buffer, SInt32 *count)
 {
-    OpenFile *file = findOpenFile(refNum);
+    FileSlot *file = findOpenFile(refNum);
     if (!file)
         return rfNumErr;
     // A negative count would ask for more than any buffer holds.
@@ -115,7 +115,7 @@ void CALLBACK completeWrite(DWORD error, DWORD count, LPOVERLAPPED overlapped)
 
 OSErr writeInBackground(IOParam &parameters, ParmBlkPtr paramBlock)
 {
-    OpenFile *file = findOpenFile(parameters.ioRefNum);
+    FileSlot *file = findOpenFile(parameters.ioRefNum);
     if (!file || !file->isOverlapped)
         return rfNumErr;
     // One at a time: a second write would overwrite the record that the first one needs to end.

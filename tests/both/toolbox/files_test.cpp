@@ -67,15 +67,15 @@ TEST_F(FileManager, SpecsAndPathsStandForEachOther)
 {
     FSSpec spec;
     EXPECT_EQ(FSMakeFSSpec(7, directory_, Pascal("not there"), &spec), noErr);
-    EXPECT_EQ(spec.vRefNum, 7);
-    EXPECT_EQ(spec.parID, directory_);
+    EXPECT_EQ(+spec.vRefNum, 7);
+    EXPECT_EQ(+spec.parID, directory_);
     char path[260];
     EXPECT_EQ(MTBX_FSSpecToCPathName(&spec, path, 260), noErr);
     EXPECT_EQ(path, folder_.path("not there"));
     EXPECT_EQ(PathNameToFSSpec(path, &spec), noErr);
     EXPECT_EQ(pascalText(spec.name), "not there");
-    EXPECT_EQ(spec.parID, directory_);
-    EXPECT_GE(spec.vRefNum, 1);
+    EXPECT_EQ(+spec.parID, directory_);
+    EXPECT_GE(+spec.vRefNum, 1);
 
     Pascal pascalPath;
     FSSpecToPathName(&spec, pascalPath, 255);
@@ -83,11 +83,11 @@ TEST_F(FileManager, SpecsAndPathsStandForEachOther)
     EXPECT_EQ(PathNameToFSSpec("bare.txt", &spec), -43);
 
     FSMakeFSSpec(0, directory_, nullptr, &spec);
-    EXPECT_EQ(spec.parID, GetParentDirectoryID(folder_.path().c_str())) << "without a name, the directory itself";
+    EXPECT_EQ(+spec.parID, GetParentDirectoryID(folder_.path().c_str())) << "without a name, the directory itself";
     EXPECT_EQ(pascalText(spec.name), folder_.path().substr(folder_.path().rfind('\\') + 1));
     FSMakeFSSpec(0, 30000, nullptr, &spec);
     EXPECT_EQ(pascalText(spec.name), "");
-    EXPECT_EQ(spec.parID, 2);
+    EXPECT_EQ(+spec.parID, 2);
 
     FSMakeFSSpec(0, 30000, Pascal("x"), &spec);
     EXPECT_EQ(MTBX_FSSpecToCPathName(&spec, path, 260), -120);
@@ -240,8 +240,8 @@ TEST_F(FileManager, AsynchronousWritesCompleteInAlertableWaits)
         SleepEx(100, TRUE);
     EXPECT_EQ(completions, 1);
     EXPECT_EQ(completed, &block);
-    EXPECT_EQ(block.ioParam.ioResult, noErr);
-    EXPECT_EQ(block.ioParam.ioActCount, 3);
+    EXPECT_EQ(+block.ioParam.ioResult, noErr);
+    EXPECT_EQ(+block.ioParam.ioActCount, 3);
     SInt32 position;
     GetFPos(file, &position);
     EXPECT_EQ(position, 8);
@@ -271,8 +271,8 @@ TEST_F(FileManager, LargeAsynchronousWritesGoInPieces)
     block.ioParam.ioCompletion = noteCompletion;
     EXPECT_EQ(PBWriteAsync(&block), noErr);
     EXPECT_EQ(completions, 1);
-    EXPECT_EQ(block.ioParam.ioActCount, size);
-    EXPECT_EQ(block.ioParam.ioReqCount, 1000);
+    EXPECT_EQ(+block.ioParam.ioActCount, size);
+    EXPECT_EQ(+block.ioParam.ioReqCount, 1000);
     Ptr buffer = block.ioParam.ioBuffer;
     EXPECT_EQ(buffer, data.data());
     FSClose(file);
@@ -289,33 +289,33 @@ TEST_F(FileManager, CatalogWalksByIndexAndByName)
     EXPECT_EQ(name_, "c") << "a jump starts over";
     catalog(3);
     EXPECT_EQ(name_, "c");
-    EXPECT_EQ(catalog(5).hFileInfo.ioResult, -43);
-    EXPECT_EQ(catalog(1).hFileInfo.ioFlLgLen, 5);
+    EXPECT_EQ(+catalog(5).hFileInfo.ioResult, -43);
+    EXPECT_EQ(+catalog(1).hFileInfo.ioFlLgLen, 5);
 
     CInfoPBRec file = catalog(0, "A.txt");
-    EXPECT_EQ(file.hFileInfo.ioResult, noErr);
-    EXPECT_EQ(file.hFileInfo.ioFlAttrib, 0);
-    EXPECT_EQ(file.hFileInfo.ioFlLgLen, 5);
-    EXPECT_EQ(file.hFileInfo.ioFlPyLen, 5);
-    EXPECT_EQ(file.hFileInfo.ioFlRLgLen, 0);
-    EXPECT_EQ(file.hFileInfo.ioFlParID, directory_);
+    EXPECT_EQ(+file.hFileInfo.ioResult, noErr);
+    EXPECT_EQ(+file.hFileInfo.ioFlAttrib, 0);
+    EXPECT_EQ(+file.hFileInfo.ioFlLgLen, 5);
+    EXPECT_EQ(+file.hFileInfo.ioFlPyLen, 5);
+    EXPECT_EQ(+file.hFileInfo.ioFlRLgLen, 0);
+    EXPECT_EQ(+file.hFileInfo.ioFlParID, directory_);
     UInt32 now, written = file.hFileInfo.ioFlMdDat;
     GetDateTime(&now);
     EXPECT_LE(written, now + 2);
     EXPECT_GE(written, now - 120);
-    EXPECT_EQ(catalog(0, folder_.path("b.txt")).hFileInfo.ioResult, noErr) << "a full path by itself";
+    EXPECT_EQ(+catalog(0, folder_.path("b.txt")).hFileInfo.ioResult, noErr) << "a full path by itself";
     EXPECT_EQ(name_, "b.txt");
-    EXPECT_EQ(catalog(0, "none").hFileInfo.ioResult, -43);
+    EXPECT_EQ(+catalog(0, "none").hFileInfo.ioResult, -43);
 
     CInfoPBRec sub = catalog(0, "Sub");
-    EXPECT_EQ(sub.dirInfo.ioFlAttrib, 16);
-    EXPECT_EQ(sub.dirInfo.ioDrDirID, GetDirectoryID(folder_.path("Sub").c_str()));
-    EXPECT_EQ(sub.dirInfo.ioDrParID, directory_);
-    EXPECT_EQ(sub.dirInfo.ioDrNmFls, 0);
+    EXPECT_EQ(+sub.dirInfo.ioFlAttrib, 16);
+    EXPECT_EQ(+sub.dirInfo.ioDrDirID, GetDirectoryID(folder_.path("Sub").c_str()));
+    EXPECT_EQ(+sub.dirInfo.ioDrParID, directory_);
+    EXPECT_EQ(+sub.dirInfo.ioDrNmFls, 0);
     CInfoPBRec self = catalog(-1);
-    EXPECT_EQ(self.dirInfo.ioResult, noErr);
-    EXPECT_EQ(self.dirInfo.ioDrDirID, directory_);
-    EXPECT_EQ(self.dirInfo.ioDrNmFls, 4);
+    EXPECT_EQ(+self.dirInfo.ioResult, noErr);
+    EXPECT_EQ(+self.dirInfo.ioDrDirID, directory_);
+    EXPECT_EQ(+self.dirInfo.ioDrNmFls, 4);
     EXPECT_EQ(MTBX_ClearIndexedFileNameCache(), noErr);
 }
 
@@ -343,10 +343,10 @@ TEST_F(FileManager, MakesRenamesAndDeletes)
     block.fileParam.ioDirID = directory_;
     block.fileParam.ioNamePtr = name;
     EXPECT_EQ(PBDirCreateSync(&block), noErr);
-    EXPECT_EQ(block.fileParam.ioDirID, GetDirectoryID(folder_.path("Sub").c_str()));
+    EXPECT_EQ(+block.fileParam.ioDirID, GetDirectoryID(folder_.path("Sub").c_str()));
     block.fileParam.ioDirID = directory_;
     EXPECT_EQ(PBDirCreateSync(&block), -48);
-    EXPECT_EQ(block.fileParam.ioResult, -48);
+    EXPECT_EQ(+block.fileParam.ioResult, -48);
     EXPECT_EQ(HRename(0, directory_, Pascal("Sub"), Pascal("Other")), noErr);
     EXPECT_EQ(HRename(0, directory_, Pascal("Sub"), Pascal("Third")), -43);
     folder_.write("Other\\f", "x");
@@ -376,8 +376,8 @@ TEST_F(FileManager, TypesGoByExtensionAndPrograms)
         for (int shift = 24; shift >= 0 && info.fdType; shift -= 8)
             found += static_cast<char>(info.fdType >> shift);
         EXPECT_EQ(found, type) << name;
-        EXPECT_EQ(info.fdCreator, 0u);
-        EXPECT_EQ(info.fdFldr, 0x5555) << "the rest is left alone";
+        EXPECT_EQ(+info.fdCreator, 0u);
+        EXPECT_EQ(+info.fdFldr, 0x5555) << "the rest is left alone";
     }
     char program[260], extension[260];
     GetModuleFileNameA(nullptr, program, sizeof program);
@@ -386,12 +386,12 @@ TEST_F(FileManager, TypesGoByExtensionAndPrograms)
     FInfo info;
     memset(&info, 0x55, sizeof info);
     EXPECT_EQ(FSpGetFInfo(&spec, &info), noErr);
-    EXPECT_EQ(info.fdType, 0x4150504Cu);
-    EXPECT_EQ(info.fdCreator, 0x55555555u);
+    EXPECT_EQ(+info.fdType, 0x4150504Cu);
+    EXPECT_EQ(+info.fdCreator, 0x55555555u);
     FSMakeFSSpec(0, directory_, Pascal("a.txt"), &spec);
     FSpGetFInfo(&spec, &info);
-    EXPECT_EQ(info.fdType, 0x54455854u);
-    EXPECT_EQ(info.fdFldr, 0);
+    EXPECT_EQ(+info.fdType, 0x54455854u);
+    EXPECT_EQ(+info.fdFldr, 0);
     MTBX_GetExtensionFromFilename("C:\\a.b\\c", extension);
     EXPECT_STREQ(extension, "");
     MTBX_GetExtensionFromFilename("C:\\a\\C.TAR.Gz", extension);
@@ -412,7 +412,7 @@ TEST_F(FileManager, OpenFilesTellWhereTheyAre)
     block.ioNamePtr = name;
     EXPECT_EQ(PBGetFCBInfoSync(&block), noErr);
     EXPECT_EQ(name.text(), "f.txt");
-    EXPECT_EQ(block.ioFCBParID, directory_);
+    EXPECT_EQ(+block.ioFCBParID, directory_);
     FSClose(file);
     EXPECT_EQ(PBGetFCBInfoSync(&block), -43);
     InitResources();
@@ -426,8 +426,8 @@ TEST_F(FileManager, OpenFilesTellWhereTheyAre)
     information.fileParam.ioDirID = directory_;
     information.fileParam.ioNamePtr = byName;
     EXPECT_EQ(PBHGetFInfoSync(&information), noErr);
-    EXPECT_EQ(information.fileParam.ioFlLgLen, 5);
-    EXPECT_EQ(information.fileParam.ioFlFndrInfo.fdType, 0x54455854u);
+    EXPECT_EQ(+information.fileParam.ioFlLgLen, 5);
+    EXPECT_EQ(+information.fileParam.ioFlFndrInfo.fdType, 0x54455854u);
 }
 
 TEST_F(FileManager, VolumesTellTheirRoom)
@@ -438,7 +438,7 @@ TEST_F(FileManager, VolumesTellTheirRoom)
     block.volumeParam.ioVolIndex = 1;
     EXPECT_EQ(PBHGetVInfoSync(&block), noErr);
     EXPECT_EQ(name.text().substr(1), ":");
-    EXPECT_EQ(block.volumeParam.ioVNmAlBlks, 0) << "no sizes by index";
+    EXPECT_EQ(+block.volumeParam.ioVNmAlBlks, 0) << "no sizes by index";
     block.volumeParam.ioVolIndex = 30;
     EXPECT_EQ(PBHGetVInfoSync(&block), -35);
     Pascal drive("C:");
