@@ -2,6 +2,8 @@
 #ifndef WIN32_BASETSD_H
 #define WIN32_BASETSD_H
 
+#pragma GCC system_header
+
 #include <stdint.h>
 
 typedef int8_t INT8;

@@ -2,6 +2,8 @@
 #ifndef WIN32_MALLOC_H
 #define WIN32_MALLOC_H
 
+#pragma GCC system_header
+
 #include_next <malloc.h>
 
 #ifdef __cplusplus

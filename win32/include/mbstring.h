@@ -2,6 +2,8 @@
 #ifndef WIN32_MBSTRING_H
 #define WIN32_MBSTRING_H
 
+#pragma GCC system_header
+
 #ifdef __cplusplus
 extern "C" {
 #endif

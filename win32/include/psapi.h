@@ -2,6 +2,8 @@
 #ifndef WIN32_PSAPI_H
 #define WIN32_PSAPI_H
 
+#pragma GCC system_header
+
 #include <windef.h>
 
 typedef struct _PROCESS_MEMORY_COUNTERS {

@@ -4,6 +4,8 @@
 #ifndef WIN32_STDIO_H
 #define WIN32_STDIO_H
 
+#pragma GCC system_header
+
 #include_next <stdio.h>
 
 // The layer's own sources keep the C library's calls.

@@ -3,6 +3,8 @@
 #ifndef WIN32_STRING_H
 #define WIN32_STRING_H
 
+#pragma GCC system_header
+
 #include_next <string.h>
 
 #ifdef __cplusplus

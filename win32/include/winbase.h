@@ -5,6 +5,8 @@
 #ifndef WIN32_WINBASE_H
 #define WIN32_WINBASE_H
 
+#pragma GCC system_header
+
 #include <windef.h>
 #include <winerror.h>
 

@@ -2,6 +2,9 @@
 #ifndef WIN32_WINDEF_H
 #define WIN32_WINDEF_H
 
+// A host may ask for strict conformance; Win32 needs what compilers add to the standard.
+#pragma GCC system_header
+
 #include <winnt.h>
 
 #define MAX_PATH 260

@@ -2,6 +2,8 @@
 #ifndef WIN32_WINDOWS_H
 #define WIN32_WINDOWS_H
 
+#pragma GCC system_header
+
 #if defined(UNICODE) || defined(_UNICODE)
 #error "this layer has the ANSI calls of Win32; compile without UNICODE"
 #endif

@@ -2,6 +2,10 @@
 #ifndef WIN32_WINERROR_H
 #define WIN32_WINERROR_H
 
+#pragma GCC system_header
+
+#include <winnt.h>
+
 #define NO_ERROR 0
 #define ERROR_SUCCESS 0
 #define ERROR_INVALID_FUNCTION 1

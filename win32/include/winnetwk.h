@@ -2,6 +2,8 @@
 #ifndef WIN32_WINNETWK_H
 #define WIN32_WINNETWK_H
 
+#pragma GCC system_header
+
 #include <windef.h>
 #include <winerror.h>
 

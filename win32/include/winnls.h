@@ -2,6 +2,8 @@
 #ifndef WIN32_WINNLS_H
 #define WIN32_WINNLS_H
 
+#pragma GCC system_header
+
 #include <windef.h>
 
 #define MB_PRECOMPOSED 0x00000001

@@ -2,6 +2,8 @@
 #ifndef WIN32_WINNT_H
 #define WIN32_WINNT_H
 
+#pragma GCC system_header
+
 #include <basetsd.h>
 #include <stddef.h>
 #include <string.h>

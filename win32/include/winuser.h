@@ -2,6 +2,8 @@
 #ifndef WIN32_WINUSER_H
 #define WIN32_WINUSER_H
 
+#pragma GCC system_header
+
 #include <windef.h>
 
 #define RT_STRING ((LPSTR)6)
