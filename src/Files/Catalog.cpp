@@ -121,18 +121,22 @@ bool isLater(const FILETIME &left, const FILETIME &right)
     return CompareFileTime(&left, &right) > 0;
 }
 
-OSErr describeFile(const char *path, HFileInfo &file)
+// A null entry is looked for on the disk.
+OSErr describeFile(const char *path, const WIN32_FIND_DATAA *known, HFileInfo &file)
 {
     constexpr UInt16 invisible = 0x4000;
     file.ioFlAttrib = 0;
     file.ioDirID = 0;
     file.ioFRefNum = 0;
     file.ioFlParID = GetParentDirectoryID(path);
-    WIN32_FIND_DATAA found;
-    HANDLE search = FindFirstFileA(path, &found);
-    if (search == INVALID_HANDLE_VALUE)
-        return static_cast<OSErr>(MTBX_GetLastError());
-    FindClose(search);
+    WIN32_FIND_DATAA looked;
+    if (!known) {
+        HANDLE search = FindFirstFileA(path, &looked);
+        if (search == INVALID_HANDLE_VALUE)
+            return static_cast<OSErr>(MTBX_GetLastError());
+        FindClose(search);
+    }
+    const WIN32_FIND_DATAA &found = known ? *known : looked;
     file.ioFlLgLen = file.ioFlPyLen = static_cast<SInt32>(found.nFileSizeLow);
     file.ioFlRLgLen = file.ioFlRPyLen = 0;
     file.ioFlFndrInfo.fdType = 0;
@@ -239,11 +243,15 @@ OSErr describe(CInfoPBRec &block)
         MTBX_LeafName(path, leaf);
         files::copyPascal(leaf, name);
     }
-    if (!isDirectory)
+    // The step of the walk that found an entry has told all about it.
+    const WIN32_FIND_DATAA *known = block.hFileInfo.ioFDirIndex > 0 ? &cache.found : nullptr;
+    if (known)
+        isDirectory = known->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY;
+    else if (!isDirectory)
         error = askKind(path, isDirectory);
     if (error)
         return error;
-    return isDirectory ? describeDirectory(path, block.dirInfo) : describeFile(path, block.hFileInfo);
+    return isDirectory ? describeDirectory(path, block.dirInfo) : describeFile(path, known, block.hFileInfo);
 }
 
 } // namespace

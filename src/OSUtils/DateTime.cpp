@@ -12,6 +12,13 @@ constexpr bool isLeap(SInt32 year)
     return year % 400 == 0 || (year % 4 == 0 && year % 100 != 0);
 }
 
+// Leap years from the beginning of the calendar up to the year, without it.
+constexpr SInt32 leapYearsBefore(SInt32 year)
+{
+    SInt32 last = year - 1;
+    return last / 4 - last / 100 + last / 400;
+}
+
 constexpr SInt32 daysInYear(SInt32 year)
 {
     return isLeap(year) ? 366 : 365;
@@ -29,9 +36,8 @@ constexpr SInt32 daysInMonth(SInt32 year, SInt32 month)
 // Fields are not tested: what is too large just adds up. The sum wraps at 32 bits.
 UInt32 secondsFrom(const DateTimeRec &date)
 {
-    UInt32 days = 0;
-    for (SInt32 year = firstYear; year < date.year; ++year)
-        days += static_cast<UInt32>(daysInYear(year));
+    SInt32 year = date.year > firstYear ? date.year : firstYear;
+    auto days = static_cast<UInt32>((year - firstYear) * 365 + leapYearsBefore(year) - leapYearsBefore(firstYear));
     for (SInt32 month = 1; month < date.month; ++month)
         days += static_cast<UInt32>(daysInMonth(date.year, month));
     days += static_cast<UInt32>(date.day - 1);

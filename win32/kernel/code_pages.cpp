@@ -304,8 +304,17 @@ LPSTR CharPrevA(LPCSTR start, LPCSTR place)
     return CharPrevExA(CP_ACP, start, place, 0);
 }
 
+// In a page of single bytes the C library's search does.
+static bool isPlainSearch(unsigned int character)
+{
+    return character < 0x100 && !activeCodePage().isDoubleByte();
+}
+
 unsigned char *_mbschr(const unsigned char *text, unsigned int character)
 {
+    auto plain = reinterpret_cast<const char *>(text);
+    if (isPlainSearch(character))
+        return reinterpret_cast<unsigned char *>(const_cast<char *>(strchr(plain, static_cast<int>(character))));
     const unsigned char *found = nullptr;
     eachCharacter(text, [&](const unsigned char *place, unsigned here) {
         if (here == character)
@@ -317,6 +326,9 @@ unsigned char *_mbschr(const unsigned char *text, unsigned int character)
 
 unsigned char *_mbsrchr(const unsigned char *text, unsigned int character)
 {
+    auto plain = reinterpret_cast<const char *>(text);
+    if (isPlainSearch(character))
+        return reinterpret_cast<unsigned char *>(const_cast<char *>(strrchr(plain, static_cast<int>(character))));
     const unsigned char *found = nullptr;
     eachCharacter(text, [&](const unsigned char *place, unsigned here) {
         if (here == character)

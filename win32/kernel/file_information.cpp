@@ -10,6 +10,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
+#include <mutex>
 
 namespace win32 {
 namespace {
@@ -17,7 +19,22 @@ namespace {
 constexpr char attributeName[] = "user.DOSATTRIB";
 constexpr DWORD keptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
 
-DWORD extendedAttributes(const char *path)
+// Most files have no extended attribute, and each question costs a call of the system, so answers are
+// kept. Setting the attribute changes the file's time of change; while that time is so young that a change
+// might not show in it, nothing is kept.
+struct KeptAttributes {
+    uint64_t inode = 0;
+    uint64_t device = 0;
+    int64_t changed = 0;
+    DWORD attributes = 0;
+};
+
+constexpr size_t keptCount = 1024;
+constexpr int64_t youngNanoseconds = 20'000'000;
+std::mutex keptMutex;
+KeptAttributes kept[keptCount];
+
+DWORD readExtendedAttributes(const char *path)
 {
     char text[32];
     ssize_t length = getxattr(path, attributeName, text, sizeof text - 1);
@@ -25,6 +42,26 @@ DWORD extendedAttributes(const char *path)
         return 0;
     text[length] = 0;
     return static_cast<DWORD>(strtoul(text, nullptr, 0)) & keptAttributes;
+}
+
+DWORD extendedAttributes(const char *path, const struct statx &status)
+{
+    int64_t changed = status.stx_ctime.tv_sec * int64_t{1'000'000'000} + status.stx_ctime.tv_nsec;
+    uint64_t device = static_cast<uint64_t>(status.stx_dev_major) << 32 | status.stx_dev_minor;
+    KeptAttributes &slot = kept[(status.stx_ino ^ status.stx_ino >> 10) % keptCount];
+    {
+        std::lock_guard lock(keptMutex);
+        if (slot.inode == status.stx_ino && slot.device == device && slot.changed == changed)
+            return slot.attributes;
+    }
+    DWORD attributes = readExtendedAttributes(path);
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME_COARSE, &now);
+    if (now.tv_sec * int64_t{1'000'000'000} + now.tv_nsec - changed > youngNanoseconds) {
+        std::lock_guard lock(keptMutex);
+        slot = {status.stx_ino, device, changed, attributes};
+    }
+    return attributes;
 }
 
 bool isDotName(const char *path)
@@ -54,7 +91,7 @@ bool fileInformation(const char *path, FileInformation &result)
         return false;
     bool isFolder = S_ISDIR(status.stx_mode);
     result.attributes = isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
-    result.attributes |= extendedAttributes(path);
+    result.attributes |= extendedAttributes(path, status);
     if (isDotName(path))
         result.attributes |= FILE_ATTRIBUTE_HIDDEN;
     if (isReadOnly(status.stx_mode))
@@ -79,10 +116,10 @@ bool setFileAttributes(const char *path, DWORD attributes)
     // The extended attribute can only be changed while the file may be written.
     if (isReadOnly(mode) && chmod(path, writable) != 0)
         return false;
-    DWORD kept = attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
+    DWORD stored = attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
     char text[16];
-    snprintf(text, sizeof text, "0x%x", kept);
-    if (kept)
+    snprintf(text, sizeof text, "0x%x", stored);
+    if (stored)
         setxattr(path, attributeName, text, strlen(text), 0);
     else
         removexattr(path, attributeName);

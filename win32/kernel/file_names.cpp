@@ -5,6 +5,7 @@
 #include "kernel_internal.h"
 
 #include <algorithm>
+#include <array>
 #include <locale.h>
 #include <wctype.h>
 
@@ -18,9 +19,19 @@ bool isAscii(std::string_view text)
     return std::all_of(text.begin(), text.end(), [](char character) { return static_cast<unsigned char>(character) < 0x80; });
 }
 
+// By the characters' codes, since every name of every folder is held against it.
+constexpr auto forbiddenTable = [] {
+    std::array<bool, 256> table{};
+    for (int code = 0; code < ' '; ++code)
+        table[static_cast<size_t>(code)] = true;
+    for (char character : forbidden)
+        table[static_cast<unsigned char>(character)] = true;
+    return table;
+}();
+
 bool isForbidden(char character)
 {
-    return static_cast<unsigned char>(character) < ' ' || forbidden.find(character) != std::string_view::npos;
+    return forbiddenTable[static_cast<unsigned char>(character)];
 }
 
 // A trailing blank or dot would be dropped from a path; the names of the folder itself and of the one
@@ -139,6 +150,14 @@ std::string diskFromAnsi(std::string_view name)
     if (isAscii(name))
         return std::string(name);
     return utf8FromUtf16(utf16FromAnsi(name));
+}
+
+void appendDisk(std::string &path, std::string_view ansiName)
+{
+    if (isAscii(ansiName))
+        path += ansiName;
+    else
+        path += diskFromAnsi(ansiName);
 }
 
 std::string ansiFromDisk(std::string_view name)

@@ -11,6 +11,7 @@
 namespace win32::names {
 
 std::string diskFromAnsi(std::string_view name);
+void appendDisk(std::string &path, std::string_view ansiName);
 std::string ansiFromDisk(std::string_view name);
 
 // The disk name that an escaped spelling stands for; false when the name has no escape.

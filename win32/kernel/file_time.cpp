@@ -68,10 +68,18 @@ bool isValid(const SYSTEMTIME &time)
 // winter alike, as Win32 has it.
 int64_t zoneOffset()
 {
-    time_t now = time(nullptr);
-    tm parts{};
-    localtime_r(&now, &parts);
-    return parts.tm_gmtoff;
+    // A zone changes its offset at full minutes only.
+    thread_local int64_t knownMinute = -1, knownOffset = 0;
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME_COARSE, &now);
+    if (now.tv_sec / 60 != knownMinute) {
+        tm parts{};
+        tzset();
+        localtime_r(&now.tv_sec, &parts);
+        knownMinute = now.tv_sec / 60;
+        knownOffset = parts.tm_gmtoff;
+    }
+    return knownOffset;
 }
 
 SYSTEMTIME systemTimeNow(int64_t offset)

@@ -6,7 +6,6 @@
 #include "paths.h"
 
 #include <dirent.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -21,9 +20,11 @@ namespace {
 using namespace win32;
 
 struct FoundName {
-    std::string sortKey;
-    std::string ansi;
     std::string disk;
+    std::string ansi; // empty when it is the same
+    std::string sortKey;    // in upper case
+
+    const std::string &shown() const { return ansi.empty() ? disk : ansi; }
 };
 
 class Search : public KernelObject {
@@ -56,60 +57,70 @@ bool takeNext(Search &search, WIN32_FIND_DATAA &data)
         FileInformation information;
         if (!fileInformation((search.folder + name.disk).c_str(), information))
             continue;
-        fillData(information, name.ansi, data);
+        fillData(information, name.shown(), data);
         return true;
     }
     return fail(ERROR_NO_MORE_FILES, false);
 }
 
-// The order is that of a Windows disk: by name in upper case, "." and ".." before all.
-std::string sortKey(const std::string &diskName)
+char upperAscii(char character)
 {
-    if (diskName == "." || diskName == "..")
-        return std::string(diskName.size(), '\0');
-    std::string key = names::folded(diskName);
-    std::transform(key.begin(), key.end(), key.begin(), [](char character) {
-        return character >= 'a' && character <= 'z' ? static_cast<char>(character - 32) : character;
-    });
-    return key;
+    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 32) : character;
 }
 
-// Names that do not fit the record of a search cannot be told.
-bool isShortEnough(const std::string &ansi)
+// The order is that of a Windows disk: by name in upper case.
+bool comesBefore(const FoundName &left, const FoundName &right)
 {
-    return ansi.size() < MAX_PATH;
+    int order = left.sortKey.compare(right.sortKey);
+    return order != 0 ? order < 0 : left.disk < right.disk;
+}
+
+bool isDots(const FoundName &name)
+{
+    return name.disk == "." || name.disk == "..";
+}
+
+FoundName foundName(const char *disk)
+{
+    FoundName name{disk, {}, {}};
+    if (isDots(name))
+        return name;
+    name.ansi = names::ansiFromDisk(name.disk);
+    if (name.ansi == name.disk)
+        name.ansi.clear();
+    name.sortKey = names::folded(name.disk);
+    std::transform(name.sortKey.begin(), name.sortKey.end(), name.sortKey.begin(), upperAscii);
+    return name;
 }
 
 void readNames(DIR *directory, const std::string &pattern, bool isRoot, std::vector<FoundName> &found)
 {
     while (const dirent *entry = readdir(directory)) {
-        std::string disk = entry->d_name;
-        bool isDots = disk == "." || disk == "..";
-        if (isDots && isRoot)
-            continue;
-        std::string ansi = isDots ? disk : names::ansiFromDisk(disk);
-        if (isShortEnough(ansi) && names::fitsPattern(ansi, pattern))
-            found.push_back({sortKey(disk), std::move(ansi), std::move(disk)});
+        FoundName name = foundName(entry->d_name);
+        // What is too long for the record of a search cannot be told.
+        bool isTold = name.shown().size() < MAX_PATH && !(isRoot && isDots(name));
+        if (isTold && names::fitsPattern(name.shown(), pattern))
+            found.push_back(std::move(name));
     }
-    std::sort(found.begin(), found.end(), [](const FoundName &left, const FoundName &right) {
-        return left.sortKey != right.sortKey ? left.sortKey < right.sortKey : left.disk < right.disk;
-    });
+    // "." and ".." come before all.
+    auto firstName = std::partition(found.begin(), found.end(), isDots);
+    std::sort(found.begin(), firstName, comesBefore);
+    std::sort(firstName, found.end(), comesBefore);
 }
 
 // A name without wildcards: one look at the disk, no reading of its folder.
-bool findOne(const FullPath &full, Search &search)
+bool findOne(const FullPath &full, WIN32_FIND_DATAA &data)
 {
     std::string path = literalUnixPath(full);
-    struct stat status;
-    if (lstat(path.c_str(), &status) != 0) {
+    FileInformation information;
+    bool found = fileInformation(path.c_str(), information);
+    if (!found && (errno == ENOENT || errno == ENOTDIR)) {
         path = unixPathOnDisk(full);
-        if (lstat(path.c_str(), &status) != 0)
-            return fail(pathError(errno, path), false);
+        found = fileInformation(path.c_str(), information);
     }
-    size_t slash = path.rfind('/');
-    search.folder = path.substr(0, slash + 1);
-    std::string disk = path.substr(slash + 1);
-    search.names.push_back({"", names::ansiFromDisk(disk), disk});
+    if (!found)
+        return fail(pathError(errno, path), false);
+    fillData(information, names::ansiFromDisk(std::string_view(path).substr(path.rfind('/') + 1)), data);
     return true;
 }
 
@@ -129,7 +140,7 @@ bool findMatching(FullPath full, Search &search)
 
 // The pattern's own end counts: "name." asks for names without a dot, and a separator at the end asks for
 // nothing at all.
-bool beginSearch(LPCSTR path, Search &search)
+bool beginSearch(LPCSTR path, Search &search, WIN32_FIND_DATAA &data)
 {
     FullPath full;
     if (!fullPath(path, full))
@@ -139,10 +150,12 @@ bool beginSearch(LPCSTR path, Search &search)
     if (endsInSeparator || full.components.empty())
         return fail(ERROR_FILE_NOT_FOUND, false);
     if (!strpbrk(path, "*?"))
-        return findOne(full, search);
+        return findOne(full, data);
     if (path[length - 1] == '.')
         full.components += '.';
-    return findMatching(full, search);
+    if (!findMatching(full, search))
+        return false;
+    return takeNext(search, data) || fail(ERROR_FILE_NOT_FOUND, false);
 }
 
 } // namespace
@@ -153,10 +166,8 @@ HANDLE FindFirstFileA(LPCSTR path, LPWIN32_FIND_DATAA data)
         return INVALID_HANDLE_VALUE;
     return guarded(INVALID_HANDLE_VALUE, [&] {
         Ref<Search> search(new Search);
-        if (!beginSearch(path, *search))
+        if (!beginSearch(path, *search, *data))
             return INVALID_HANDLE_VALUE;
-        if (!takeNext(*search, *data))
-            return fail(ERROR_FILE_NOT_FOUND, INVALID_HANDLE_VALUE);
         search->addReference();
         HANDLE handle = handleFor(search.get());
         return handle ? handle : INVALID_HANDLE_VALUE;

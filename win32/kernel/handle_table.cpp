@@ -140,16 +140,17 @@ void *remove(HANDLE handle, HandleKind kind)
 
 Ref<KernelObject> acquire(HANDLE handle)
 {
+    uintptr_t value = reinterpret_cast<uintptr_t>(handle);
+    Entry *entry = (value & 3) == 0 && value <= 0xffffffffu ? entryAt(indexOf(handle)) : nullptr;
     // The lock keeps the object alive until it is counted as used.
     std::lock_guard lock(tableMutex);
-    for (HandleKind kind : {HandleKind::File, HandleKind::Event, HandleKind::Search}) {
-        if (Entry *entry = liveEntry(handle, kind)) {
-            auto object = static_cast<KernelObject *>(entry->object.load(std::memory_order_relaxed));
-            object->addReference();
-            return Ref<KernelObject>(object);
-        }
-    }
-    return fail(ERROR_INVALID_HANDLE, Ref<KernelObject>());
+    uint32_t tag = entry ? entry->tag.load(std::memory_order_relaxed) : 0;
+    bool isLive = entry && tag >> 8 == generationOf(handle) && (tag & 0xff) >= static_cast<uint32_t>(HandleKind::Event);
+    if (!isLive)
+        return fail(ERROR_INVALID_HANDLE, Ref<KernelObject>());
+    auto object = static_cast<KernelObject *>(entry->object.load(std::memory_order_relaxed));
+    object->addReference();
+    return Ref<KernelObject>(object);
 }
 
 DWORD count()

@@ -63,6 +63,8 @@ public:
     Object *operator->() const { return object_; }
     Object &operator*() const { return *object_; }
     Object *get() const { return object_; }
+    // Leaves the object to the caller, who releases it.
+    Object *detach() { return std::exchange(object_, nullptr); }
 
 private:
     Object *object_ = nullptr;
@@ -80,10 +82,8 @@ Ref<KernelObject> acquire(HANDLE handle);
 template <class Object> Ref<Object> acquireObject(HANDLE handle, HandleKind kind)
 {
     Ref<KernelObject> object = handles::acquire(handle);
-    if (object && object->kind() == kind) {
-        object->addReference();
-        return Ref<Object>(static_cast<Object *>(object.get()));
-    }
+    if (object && object->kind() == kind)
+        return Ref<Object>(static_cast<Object *>(object.detach()));
     return fail(ERROR_INVALID_HANDLE, Ref<Object>());
 }
 

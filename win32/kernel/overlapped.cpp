@@ -140,13 +140,12 @@ private:
             active_[place] = taken.front().file.get();
             lock.unlock();
             perform(taken.front());
+            // Lets go of the file before it is told that the transfer is over: whoever closes its last
+            // handle then finds it closed.
+            taken.clear();
             lock.lock();
             active_[place] = nullptr;
             done_.notify_all();
-            lock.unlock();
-            // The last holder of the file closes it here, outside of the lock.
-            taken.clear();
-            lock.lock();
         }
     }
 

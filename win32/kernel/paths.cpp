@@ -26,6 +26,8 @@ bool isSeparator(char character)
 size_t componentLength(const char *path)
 {
     const CodePage &page = activeCodePage();
+    if (!page.isDoubleByte())
+        return strcspn(path, "\\/");
     size_t length = 0;
     while (path[length] && !isSeparator(path[length]))
         length += page.isLeadByte(static_cast<unsigned char>(path[length])) && path[length + 1] ? 2 : 1;
@@ -133,10 +135,13 @@ bool fullPath(const char *path, FullPath &result)
 
 std::string literalUnixPath(const FullPath &path)
 {
-    std::string result = *driveFolder(path.drive);
+    const std::string &folder = *driveFolder(path.drive);
+    std::string result;
+    result.reserve(folder.size() + path.components.size() + 16);
+    result = folder;
     eachComponent(path.components, [&](std::string_view name) {
         result += '/';
-        result += names::diskFromAnsi(name);
+        names::appendDisk(result, name);
     });
     return result.empty() ? "/" : result;
 }
