@@ -194,7 +194,13 @@ WINBASEAPI LONG WINAPI CompareFileTime(const FILETIME *left, const FILETIME *rig
 
 // Modules. The layer's own modules (kernel32, user32, psapi and so on) are found by name in any
 // case, with or without ".dll". The null name is the program itself.
+// A Windows module or a compiled .res file is loaded for its resources; its code does not run here. A
+// shared object of this system is loaded for its functions. A name without a folder is looked for beside
+// the program, in the current directory and in the system folder.
+#define DONT_RESOLVE_DLL_REFERENCES 0x00000001
+#define LOAD_LIBRARY_AS_DATAFILE 0x00000002
 WINBASEAPI HMODULE WINAPI LoadLibraryA(LPCSTR name);
+WINBASEAPI HMODULE WINAPI LoadLibraryExA(LPCSTR name, HANDLE file, DWORD flags);
 WINBASEAPI BOOL WINAPI FreeLibrary(HMODULE module);
 WINBASEAPI FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name);
 WINBASEAPI HMODULE WINAPI GetModuleHandleA(LPCSTR name);
@@ -209,6 +215,13 @@ WINBASEAPI HRSRC WINAPI FindResourceExA(HMODULE module, LPCSTR type, LPCSTR name
 WINBASEAPI HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
 WINBASEAPI LPVOID WINAPI LockResource(HGLOBAL data);
 WINBASEAPI DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
+typedef BOOL(CALLBACK *ENUMRESTYPEPROCA)(HMODULE module, LPSTR type, LONG_PTR parameter);
+typedef BOOL(CALLBACK *ENUMRESNAMEPROCA)(HMODULE module, LPCSTR type, LPSTR name, LONG_PTR parameter);
+typedef BOOL(CALLBACK *ENUMRESLANGPROCA)(HMODULE module, LPCSTR type, LPCSTR name, WORD language, LONG_PTR parameter);
+WINBASEAPI BOOL WINAPI EnumResourceTypesA(HMODULE module, ENUMRESTYPEPROCA procedure, LONG_PTR parameter);
+WINBASEAPI BOOL WINAPI EnumResourceNamesA(HMODULE module, LPCSTR type, ENUMRESNAMEPROCA procedure, LONG_PTR parameter);
+WINBASEAPI BOOL WINAPI EnumResourceLanguagesA(HMODULE module, LPCSTR type, LPCSTR name, ENUMRESLANGPROCA procedure,
+                                              LONG_PTR parameter);
 
 // Movable and fixed global memory.
 #define GMEM_FIXED 0x0000
@@ -306,6 +319,13 @@ WINBASEAPI int WINAPI MulDiv(int number, int numerator, int denominator);
 
 #define OutputDebugString OutputDebugStringA
 #define LoadLibrary LoadLibraryA
+#define LoadLibraryEx LoadLibraryExA
+#define EnumResourceTypes EnumResourceTypesA
+#define EnumResourceNames EnumResourceNamesA
+#define EnumResourceLanguages EnumResourceLanguagesA
+#define ENUMRESTYPEPROC ENUMRESTYPEPROCA
+#define ENUMRESNAMEPROC ENUMRESNAMEPROCA
+#define ENUMRESLANGPROC ENUMRESLANGPROCA
 #define GetModuleHandle GetModuleHandleA
 #define GetModuleFileName GetModuleFileNameA
 #define FindResource FindResourceA

@@ -19,6 +19,9 @@
 #define CP_THREAD_ACP 3
 #define CP_UTF8 65001
 
+// US English.
+WINBASEAPI LCID WINAPI GetThreadLocale(void);
+
 // The active code page is that of the environment variable WIN32_CODEPAGE, 1252 when there is
 // none or the layer has no such page.
 WINBASEAPI UINT WINAPI GetACP(void);

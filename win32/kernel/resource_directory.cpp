@@ -14,11 +14,6 @@ namespace {
 constexpr WORD languageNeutral = 0x0000;
 constexpr WORD languageEnglishUs = 0x0409;
 
-char16_t upperAscii(char16_t character)
-{
-    return character >= u'a' && character <= u'z' ? static_cast<char16_t>(character - 32) : character;
-}
-
 // Reads little-endian fields; every read is checked against the end.
 class Reader {
 public:
@@ -46,7 +41,7 @@ public:
             return result;
         }
         for (; character && *character != 0; character = number<WORD>())
-            result.text += upperAscii(static_cast<char16_t>(*character));
+            result.text += ResourceName::upper(static_cast<char16_t>(*character));
         return character ? std::optional(result) : std::nullopt;
     }
 
@@ -99,9 +94,9 @@ std::optional<Resource> readResource(Reader &reader)
     return resource;
 }
 
-auto sortKey(const Resource &resource)
+bool comesBefore(const Resource &left, const Resource &right)
 {
-    return std::tie(resource.type, resource.name, resource.language);
+    return std::tie(left.type, left.name, left.language) < std::tie(right.type, right.name, right.language);
 }
 
 int rank(WORD language)
@@ -120,7 +115,7 @@ ResourceName ResourceName::fromArgument(LPCSTR argument)
         result.number = static_cast<WORD>(strtoul(argument + 1, nullptr, 10));
     } else {
         for (; *argument; ++argument)
-            result.text += upperAscii(static_cast<unsigned char>(*argument));
+            result.text += ResourceName::upper(static_cast<unsigned char>(*argument));
     }
     return result;
 }
@@ -136,31 +131,47 @@ void ResourceDirectory::add(std::span<const std::byte> resFile)
         if (!resource->type.text.empty() || resource->type.number != 0)
             resources_.push_back(std::move(*resource));
     }
-    std::stable_sort(resources_.begin(), resources_.end(),
-                     [](const Resource &left, const Resource &right) { return sortKey(left) < sortKey(right); });
+    sort();
+}
+
+void ResourceDirectory::sort()
+{
+    std::stable_sort(resources_.begin(), resources_.end(), comesBefore);
+}
+
+std::span<const Resource> ResourceDirectory::ofType(const ResourceName &type) const
+{
+    auto first = std::lower_bound(resources_.begin(), resources_.end(), type,
+                                  [](const Resource &resource, const ResourceName &wanted) { return resource.type < wanted; });
+    auto last = std::upper_bound(first, resources_.end(), type,
+                                 [](const ResourceName &wanted, const Resource &resource) { return wanted < resource.type; });
+    return {first, last};
+}
+
+std::span<const Resource> ResourceDirectory::ofName(const ResourceName &type, const ResourceName &name) const
+{
+    std::span<const Resource> ofThisType = ofType(type);
+    auto first = std::lower_bound(ofThisType.begin(), ofThisType.end(), name,
+                                  [](const Resource &resource, const ResourceName &wanted) { return resource.name < wanted; });
+    auto last = std::upper_bound(first, ofThisType.end(), name,
+                                 [](const ResourceName &wanted, const Resource &resource) { return wanted < resource.name; });
+    return {first, last};
 }
 
 int ResourceDirectory::find(const ResourceName &type, const ResourceName &name, int language) const
 {
-    auto typeBefore = [](const Resource &resource, const ResourceName &wanted) { return resource.type < wanted; };
-    auto firstOfType = std::lower_bound(resources_.begin(), resources_.end(), type, typeBefore);
-    if (firstOfType == resources_.end() || firstOfType->type != type)
+    if (ofType(type).empty())
         return fail(ERROR_RESOURCE_TYPE_NOT_FOUND, -1);
-    auto nameBefore = [&](const Resource &resource, const ResourceName &wanted) {
-        return resource.type == type && resource.name < wanted;
-    };
-    auto first = std::lower_bound(firstOfType, resources_.end(), name, nameBefore);
-    auto best = resources_.end();
-    bool nameExists = false;
-    for (auto it = first; it != resources_.end() && it->type == type && it->name == name; ++it) {
-        nameExists = true;
-        bool fits = language == anyLanguage || it->language == language;
-        if (fits && (best == resources_.end() || rank(it->language) < rank(best->language)))
-            best = it;
+    std::span<const Resource> candidates = ofName(type, name);
+    const Resource *best = nullptr;
+    for (const Resource &candidate : candidates) {
+        bool fits = language == anyLanguage || candidate.language == language;
+        if (fits && (!best || rank(candidate.language) < rank(best->language)))
+            best = &candidate;
     }
-    if (best == resources_.end())
-        return fail(nameExists ? ERROR_RESOURCE_LANG_NOT_FOUND : ERROR_RESOURCE_NAME_NOT_FOUND, -1);
-    return static_cast<int>(best - resources_.begin());
+    if (!best)
+        return fail(candidates.empty() ? ERROR_RESOURCE_NAME_NOT_FOUND : ERROR_RESOURCE_LANG_NOT_FOUND, -1);
+    return static_cast<int>(best - resources_.data());
 }
 
 } // namespace win32

@@ -16,7 +16,18 @@ struct ResourceName {
     WORD number = 0;
 
     bool operator==(const ResourceName &) const = default;
-    auto operator<=>(const ResourceName &) const = default;
+    // Texts come before numbers, as in the resource tree of a module.
+    bool operator<(const ResourceName &other) const
+    {
+        if (text.empty() != other.text.empty())
+            return !text.empty();
+        return text != other.text ? text < other.text : number < other.number;
+    }
+
+    static char16_t upper(char16_t character)
+    {
+        return character >= u'a' && character <= u'z' ? static_cast<char16_t>(character - 32) : character;
+    }
 
     // From a call's argument: a number in pointer form, "#" and a decimal number, or text.
     static ResourceName fromArgument(LPCSTR argument);
@@ -35,11 +46,21 @@ public:
     // what stands before it remains usable.
     void add(std::span<const std::byte> resFile);
 
+    // Adds one resource; the index is ready after the next sort.
+    void addResource(Resource resource) { resources_.push_back(std::move(resource)); }
+    void sort();
+
     static constexpr int anyLanguage = -1;
 
     // The place of a resource in the index, counted from 0; -1 with the last error when there is
     // none. With no language asked for, a neutral one goes before English, English before others.
     int find(const ResourceName &type, const ResourceName &name, int language) const;
+
+    // All resources, ordered by type, name and language.
+    std::span<const Resource> all() const { return resources_; }
+    // Those of one type, and those of one name.
+    std::span<const Resource> ofType(const ResourceName &type) const;
+    std::span<const Resource> ofName(const ResourceName &type, const ResourceName &name) const;
 
     const Resource *at(size_t place) const { return place < resources_.size() ? &resources_[place] : nullptr; }
 

@@ -63,6 +63,11 @@ UINT SetErrorMode(UINT mode)
     return errorMode.exchange(mode);
 }
 
+LCID GetThreadLocale()
+{
+    return 0x0409;
+}
+
 UINT GetErrorMode()
 {
     return errorMode.load();
