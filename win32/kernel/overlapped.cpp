@@ -174,7 +174,8 @@ bool startTransfer(Ref<FileObject> file, bool writes, void *buffer, DWORD size, 
     if (!file->allows(buffer, size, offset))
         return fail(ERROR_INVALID_PARAMETER, false);
     std::list<Transfer> one;
-    Transfer &transfer = one.emplace_back(file, writes, buffer, size, overlapped, offset);
+    one.push_back({file, writes, buffer, size, overlapped, offset});
+    Transfer &transfer = one.front();
     if (routine) {
         transfer.caller = currentThreadState();
         transfer.call.reset(new QueuedCall{.routine = routine, .overlapped = overlapped});

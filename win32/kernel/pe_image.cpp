@@ -69,7 +69,8 @@ private:
         if (!numbered)
             return;
         uint32_t count = uint32_t{*named} + *numbered;
-        for (uint32_t place = 0; place < count && entriesLeft_ > 0; ++place, --entriesLeft_) {
+        for (uint32_t place = 0; place < count && entriesLeft_ > 0; ++place) {
+            --entriesLeft_;
             uint64_t entry = tree_ + uint64_t{offset} + headerSize + place * entrySize;
             auto nameField = number<uint32_t>(entry);
             auto target = number<uint32_t>(entry + 4);
