@@ -190,7 +190,8 @@ void directoryIDOurs(benchmark::State &state)
     static const std::vector<std::string> paths = [] {
         std::vector<std::string> made;
         for (int number = 0; number < 10000; ++number)
-            made.push_back("C:\\Documents\\Project " + std::to_string(number % 100) + "\\Layer " + std::to_string(number));
+            made.push_back("C:\\Documents\\Project " + std::to_string(number % 100) + "\\Layer "
+                           + std::to_string(number));
         return made;
     }();
     for (const std::string &path : paths)

@@ -11,7 +11,6 @@
 
 namespace {
 
-
 std::vector<Size> mixedSizes()
 {
     std::mt19937 random(1);
@@ -23,7 +22,8 @@ std::vector<Size> mixedSizes()
 
 // Keeps a number of blocks alive and replaces the oldest: with many, the heap is neither empty nor warm
 // in one block only; with one, a block is made and freed at once.
-template <size_t liveBlocks, class Make, class Free> void replaceOldest(benchmark::State &state, Make make, Free release)
+template <size_t liveBlocks, class Make, class Free>
+void replaceOldest(benchmark::State &state, Make make, Free release)
 {
     static const std::vector<Size> sizes = mixedSizes();
     using Block = decltype(make(Size{}));
@@ -42,17 +42,20 @@ template <size_t liveBlocks, class Make, class Free> void replaceOldest(benchmar
 
 template <size_t liveBlocks> void newPtrOurs(benchmark::State &state)
 {
-    replaceOldest<liveBlocks>(state, [](Size size) { return NewPtr(size); }, [](Ptr p) { DisposePtr(p); });
+    replaceOldest<liveBlocks>(
+        state, [](Size size) { return NewPtr(size); }, [](Ptr p) { DisposePtr(p); });
 }
 
 template <size_t liveBlocks> void newPtrReference(benchmark::State &state)
 {
-    replaceOldest<liveBlocks>(state, [](Size size) { return malloc(static_cast<size_t>(size)); }, [](void *p) { free(p); });
+    replaceOldest<liveBlocks>(
+        state, [](Size size) { return malloc(static_cast<size_t>(size)); }, [](void *p) { free(p); });
 }
 
 template <size_t liveBlocks> void newHandleOurs(benchmark::State &state)
 {
-    replaceOldest<liveBlocks>(state, [](Size size) { return NewHandle(size); }, [](Handle h) { DisposeHandle(h); });
+    replaceOldest<liveBlocks>(
+        state, [](Size size) { return NewHandle(size); }, [](Handle h) { DisposeHandle(h); });
 }
 
 template <size_t liveBlocks> void newHandleReference(benchmark::State &state)
@@ -61,7 +64,10 @@ template <size_t liveBlocks> void newHandleReference(benchmark::State &state)
         void *cell, *block;
     };
     replaceOldest<liveBlocks>(
-        state, [](Size size) { return Pair{malloc(sizeof(void *)), malloc(static_cast<size_t>(size))}; },
+        state,
+        [](Size size) {
+            return Pair{malloc(sizeof(void *)), malloc(static_cast<size_t>(size))};
+        },
         [](Pair pair) {
             free(pair.block);
             free(pair.cell);

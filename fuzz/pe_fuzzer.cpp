@@ -9,7 +9,8 @@ using namespace win32;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    std::vector<std::byte> file(reinterpret_cast<const std::byte *>(data), reinterpret_cast<const std::byte *>(data) + size);
+    std::vector<std::byte> file(reinterpret_cast<const std::byte *>(data),
+                                reinterpret_cast<const std::byte *>(data) + size);
     ResourceDirectory directory;
     if (!addPeResources(file, directory))
         return 0;

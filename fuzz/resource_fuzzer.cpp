@@ -9,7 +9,8 @@ using namespace win32;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    std::vector<std::byte> file(reinterpret_cast<const std::byte *>(data), reinterpret_cast<const std::byte *>(data) + size);
+    std::vector<std::byte> file(reinterpret_cast<const std::byte *>(data),
+                                reinterpret_cast<const std::byte *>(data) + size);
     ResourceDirectory directory;
     directory.add(file);
     unsigned sum = 0;
@@ -20,7 +21,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         for (std::byte byte : resource->data)
             sum += static_cast<unsigned>(byte);
     }
-    directory.find(ResourceName::fromArgument("#6"), ResourceName::fromArgument("NAME"), ResourceDirectory::anyLanguage);
+    directory.find(ResourceName::fromArgument("#6"), ResourceName::fromArgument("NAME"),
+                   ResourceDirectory::anyLanguage);
     // The sum is used, so that the bytes are really read.
     return sum == 0x7fffffff ? -1 : 0;
 }

@@ -14,10 +14,10 @@ extern "C" {
 
 // Who asks for memory.
 typedef enum Win32Allocation {
-    WIN32_ALLOCATION_C_HEAP,  // malloc, calloc, realloc and new of a module linked with win32_c_heap
-    WIN32_ALLOCATION_GLOBAL,  // GlobalAlloc, GlobalReAlloc
-    WIN32_ALLOCATION_HEAP,    // HeapAlloc, HeapReAlloc
-    WIN32_ALLOCATION_LAYER,   // what the layer itself needs to do its work
+    WIN32_ALLOCATION_C_HEAP, // malloc, calloc, realloc and new of a module linked with win32_c_heap
+    WIN32_ALLOCATION_GLOBAL, // GlobalAlloc, GlobalReAlloc
+    WIN32_ALLOCATION_HEAP,   // HeapAlloc, HeapReAlloc
+    WIN32_ALLOCATION_LAYER,  // what the layer itself needs to do its work
     WIN32_ALLOCATION_KINDS
 } Win32Allocation;
 

@@ -31,8 +31,7 @@ SInt32 purgeCache(UInt64 bytesWanted)
         ++pictures;
     }
     printf("    grow zone: %llu bytes wanted, %d pictures purged, %.1f MB freed\n",
-           static_cast<unsigned long long>(bytesWanted), pictures,
-           megabytes(freed));
+           static_cast<unsigned long long>(bytesWanted), pictures, megabytes(freed));
     return pictures > 0;
 }
 

@@ -42,7 +42,7 @@ bool step(IndexedSearch &search)
 bool cacheServes(SInt32 directory, SInt16 index)
 {
     return cache.search && cache.directory == directory && index == cache.index + 1
-        && GetTickCount() - cache.time < searchLifetime;
+           && GetTickCount() - cache.time < searchLifetime;
 }
 
 // Begins a walk and stands on its first entry.
@@ -107,9 +107,9 @@ template <class Seconds> void storeTime(const FILETIME &time, Seconds &result)
     SYSTEMTIME parts;
     if (!FileTimeToLocalFileTime(&time, &local) || !FileTimeToSystemTime(&local, &parts))
         return;
-    DateTimeRec record = {static_cast<SInt16>(parts.wYear),   static_cast<SInt16>(parts.wMonth),
-                          static_cast<SInt16>(parts.wDay),    static_cast<SInt16>(parts.wHour),
-                          static_cast<SInt16>(parts.wMinute), static_cast<SInt16>(parts.wSecond),
+    DateTimeRec record = {static_cast<SInt16>(parts.wYear),         static_cast<SInt16>(parts.wMonth),
+                          static_cast<SInt16>(parts.wDay),          static_cast<SInt16>(parts.wHour),
+                          static_cast<SInt16>(parts.wMinute),       static_cast<SInt16>(parts.wSecond),
                           static_cast<SInt16>(parts.wDayOfWeek + 1)};
     UInt32 seconds;
     DateToSeconds(&record, &seconds);

@@ -34,7 +34,8 @@ void MTBX_GetExtensionFromFilename(const char *path, char *extension)
     char bounded[files::pathSize] = "", leaf[files::pathSize];
     // A path that is too long is cut in front: the extension stands at its end.
     size_t length = strlen(path);
-    files::appendBounded(bounded, sizeof bounded, length < sizeof bounded ? path : path + length - (sizeof bounded - 1));
+    files::appendBounded(bounded, sizeof bounded,
+                         length < sizeof bounded ? path : path + length - (sizeof bounded - 1));
     MTBX_LeafName(bounded, leaf);
     const char *dot = strrchr(leaf, '.');
     for (; dot && *dot; ++dot)

@@ -16,10 +16,10 @@ struct Permission {
 };
 
 constexpr Permission permissions[] = {
-    {GENERIC_READ | GENERIC_WRITE, 0},                                 // fsCurPerm
-    {GENERIC_READ, FILE_SHARE_READ},                                   // fsRdPerm
-    {GENERIC_WRITE, FILE_SHARE_READ},                                  // fsWrPerm
-    {GENERIC_READ | GENERIC_WRITE, 0},                                 // fsRdWrPerm
+    {GENERIC_READ | GENERIC_WRITE, 0},                                  // fsCurPerm
+    {GENERIC_READ, FILE_SHARE_READ},                                    // fsRdPerm
+    {GENERIC_WRITE, FILE_SHARE_READ},                                   // fsWrPerm
+    {GENERIC_READ | GENERIC_WRITE, 0},                                  // fsRdWrPerm
     {GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE}, // fsRdWrShPerm
 };
 

@@ -107,9 +107,11 @@ Room roomFromBytes(UInt64 freeBytes, UInt64 totalBytes)
 bool roomOn(const char *root, Room &room)
 {
     using FreeSpaceEx = BOOL(WINAPI *)(LPCSTR, PULARGE_INTEGER, PULARGE_INTEGER, PULARGE_INTEGER);
-    auto freeSpaceEx = reinterpret_cast<FreeSpaceEx>(GetProcAddress(GetModuleHandleA("kernel32.dll"), "GetDiskFreeSpaceExA"));
+    auto freeSpaceEx =
+        reinterpret_cast<FreeSpaceEx>(GetProcAddress(GetModuleHandleA("kernel32.dll"), "GetDiskFreeSpaceExA"));
     if (!freeSpaceEx)
-        return GetDiskFreeSpaceA(root, &room.sectorsPerCluster, &room.bytesPerSector, &room.freeClusters, &room.totalClusters);
+        return GetDiskFreeSpaceA(root, &room.sectorsPerCluster, &room.bytesPerSector, &room.freeClusters,
+                                 &room.totalClusters);
     ULARGE_INTEGER freeToCaller, total, free;
     if (!freeSpaceEx(root, &freeToCaller, &total, &free))
         return false;

@@ -15,12 +15,9 @@ struct SystemLevel {
 };
 
 constexpr SystemLevel systemLevels[] = {
-    {kMTBXWindows95, VER_PLATFORM_WIN32_WINDOWS, 4, 0},
-    {kMTBXWindows98, VER_PLATFORM_WIN32_WINDOWS, 4, 10},
-    {kMTBXWindowsMe, VER_PLATFORM_WIN32_WINDOWS, 4, 90},
-    {kMTBXWindowsNT4, VER_PLATFORM_WIN32_NT, 4, anyMinor},
-    {kMTBXWindows2000, VER_PLATFORM_WIN32_NT, 5, 0},
-    {kMTBXWindowsXP, VER_PLATFORM_WIN32_NT, 5, 1},
+    {kMTBXWindows95, VER_PLATFORM_WIN32_WINDOWS, 4, 0},  {kMTBXWindows98, VER_PLATFORM_WIN32_WINDOWS, 4, 10},
+    {kMTBXWindowsMe, VER_PLATFORM_WIN32_WINDOWS, 4, 90}, {kMTBXWindowsNT4, VER_PLATFORM_WIN32_NT, 4, anyMinor},
+    {kMTBXWindows2000, VER_PLATFORM_WIN32_NT, 5, 0},     {kMTBXWindowsXP, VER_PLATFORM_WIN32_NT, 5, 1},
     {kMTBXWindowsVista, VER_PLATFORM_WIN32_NT, 6, 0},
 };
 
@@ -35,7 +32,7 @@ std::optional<OSVERSIONINFOA> systemVersion()
 bool isWindowsXPOrLater(const OSVERSIONINFOA &version)
 {
     return version.dwPlatformId == VER_PLATFORM_WIN32_NT
-        && ((version.dwMajorVersion == 5 && version.dwMinorVersion == 1) || version.dwMajorVersion >= 6);
+           && ((version.dwMajorVersion == 5 && version.dwMinorVersion == 1) || version.dwMajorVersion >= 6);
 }
 
 bool isAtLeast(const OSVERSIONINFOA &version, SInt32 level)

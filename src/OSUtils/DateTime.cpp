@@ -42,7 +42,7 @@ UInt32 secondsFrom(const DateTimeRec &date)
         days += static_cast<UInt32>(daysInMonth(date.year, month));
     days += static_cast<UInt32>(date.day - 1);
     return ((days * 24 + static_cast<UInt32>(date.hour)) * 60 + static_cast<UInt32>(date.minute)) * 60
-         + static_cast<UInt32>(date.second);
+           + static_cast<UInt32>(date.second);
 }
 
 } // namespace
@@ -75,9 +75,9 @@ void GetDateTime(UInt32 *seconds)
 {
     SYSTEMTIME now;
     GetLocalTime(&now);
-    DateTimeRec date = {static_cast<SInt16>(now.wYear),   static_cast<SInt16>(now.wMonth),
-                        static_cast<SInt16>(now.wDay),    static_cast<SInt16>(now.wHour),
-                        static_cast<SInt16>(now.wMinute), static_cast<SInt16>(now.wSecond),
+    DateTimeRec date = {static_cast<SInt16>(now.wYear),         static_cast<SInt16>(now.wMonth),
+                        static_cast<SInt16>(now.wDay),          static_cast<SInt16>(now.wHour),
+                        static_cast<SInt16>(now.wMinute),       static_cast<SInt16>(now.wSecond),
                         static_cast<SInt16>(now.wDayOfWeek + 1)};
     *seconds = secondsFrom(date);
 }

@@ -14,20 +14,13 @@ namespace {
 constexpr ByteRange none{1, 0};
 
 constexpr CodePage codePages[] = {
-    {874, "CP874", {none, none}},
-    {932, "CP932", {{0x81, 0x9f}, {0xe0, 0xfc}}},
-    {936, "CP936", {{0x81, 0xfe}, none}},
-    {949, "CP949", {{0x81, 0xfe}, none}},
-    {950, "CP950", {{0x81, 0xfe}, none}},
-    {1250, "CP1250", {none, none}},
-    {1251, "CP1251", {none, none}},
-    {1252, "CP1252", {none, none}},
-    {1253, "CP1253", {none, none}},
-    {1254, "CP1254", {none, none}},
-    {1255, "CP1255", {none, none}},
-    {1256, "CP1256", {none, none}},
-    {1257, "CP1257", {none, none}},
-    {1258, "CP1258", {none, none}},
+    {874, "CP874", {none, none}},         {932, "CP932", {{0x81, 0x9f}, {0xe0, 0xfc}}},
+    {936, "CP936", {{0x81, 0xfe}, none}}, {949, "CP949", {{0x81, 0xfe}, none}},
+    {950, "CP950", {{0x81, 0xfe}, none}}, {1250, "CP1250", {none, none}},
+    {1251, "CP1251", {none, none}},       {1252, "CP1252", {none, none}},
+    {1253, "CP1253", {none, none}},       {1254, "CP1254", {none, none}},
+    {1255, "CP1255", {none, none}},       {1256, "CP1256", {none, none}},
+    {1257, "CP1257", {none, none}},       {1258, "CP1258", {none, none}},
     {CP_UTF8, nullptr, {none, none}},
 };
 constexpr size_t pageCount = sizeof codePages / sizeof *codePages;
@@ -83,7 +76,7 @@ public:
         size_t left = room;
         iconv(converter_, nullptr, nullptr, nullptr, nullptr);
         bool converted = iconv(converter_, &in, &size, &out, &left) == 0 && size == 0
-                      && iconv(converter_, nullptr, nullptr, &out, &left) == 0;
+                         && iconv(converter_, nullptr, nullptr, &out, &left) == 0;
         return converted ? room - left : 0;
     }
 
@@ -96,7 +89,8 @@ void decode(const CodePage &page, CodePageTable &table, Converter &converter, un
     unsigned char bytes[2] = {static_cast<unsigned char>(code >> 8), static_cast<unsigned char>(code)};
     char16_t characters[4];
     bool isPair = code > 0xff;
-    if (converter.convert(isPair ? bytes : bytes + 1, isPair ? 2 : 1, characters, sizeof characters) == sizeof(char16_t))
+    if (converter.convert(isPair ? bytes : bytes + 1, isPair ? 2 : 1, characters, sizeof characters)
+        == sizeof(char16_t))
         table.fromCode[code] = characters[0];
     else if (!isPair && !page.isLeadByte(code) && code < 0xa0)
         table.fromCode[code] = static_cast<char16_t>(code); // control characters that the page leaves open

@@ -32,7 +32,11 @@ std::optional<char32_t> takeUtf8(std::string_view &text)
 {
     auto byte = [&](size_t place) { return static_cast<unsigned char>(text[place]); };
     unsigned first = byte(0);
-    size_t length = first < 0x80 ? 1 : first >= 0xc2 && first < 0xe0 ? 2 : (first & 0xf0) == 0xe0 ? 3 : first >= 0xf0 && first < 0xf5 ? 4 : 0;
+    size_t length = first < 0x80                    ? 1
+                    : first >= 0xc2 && first < 0xe0 ? 2
+                    : (first & 0xf0) == 0xe0        ? 3
+                    : first >= 0xf0 && first < 0xf5 ? 4
+                                                    : 0;
     char32_t character = length == 1 ? first : first & (0x7fu >> length);
     bool valid = length > 0 && length <= text.size();
     for (size_t place = 1; valid && place < length; ++place) {
@@ -256,7 +260,8 @@ int WideCharToMultiByte(UINT number, DWORD flags, LPCWSTR text, int textSize, LP
 {
     const CodePage *page = findCodePage(number);
     bool isUtf8 = page && !page->iconvName;
-    if (!page || !text || textSize == 0 || bufferSize < 0 || (bufferSize > 0 && !buffer) || (isUtf8 && (replaceBy || replaced)))
+    if (!page || !text || textSize == 0 || bufferSize < 0 || (bufferSize > 0 && !buffer)
+        || (isUtf8 && (replaceBy || replaced)))
         return fail(ERROR_INVALID_PARAMETER, 0);
     return guarded(0, [&] {
         std::u16string_view source(text, unitsIn(text, textSize));

@@ -7,9 +7,9 @@
 
 namespace win32::control {
 
-DWORDLONG physicalMemory();            // 0: the real figure
-DWORDLONG processUsage();              // 0: the real figure
-bool version(OSVERSIONINFOA &result);  // false: the configured one
+DWORDLONG physicalMemory();           // 0: the real figure
+DWORDLONG processUsage();             // 0: the real figure
+bool version(OSVERSIONINFOA &result); // false: the configured one
 bool hides(const char *module, const char *function);
 void showDebugOutput(const char *text);
 

@@ -58,7 +58,8 @@ DWORD refusal(int file, const Opening &opening)
         return errorFromErrno(errno);
     if (S_ISDIR(status.st_mode))
         return ERROR_ACCESS_DENIED;
-    bool empties = opening.existed && (opening.disposition == CREATE_ALWAYS || opening.disposition == TRUNCATE_EXISTING);
+    bool empties =
+        opening.existed && (opening.disposition == CREATE_ALWAYS || opening.disposition == TRUNCATE_EXISTING);
     if (opening.existed && (empties || wantsWrite(opening.access)) && isReadOnly(status.st_mode))
         return ERROR_ACCESS_DENIED;
     if (S_ISREG(status.st_mode) && !enterShareModes(file, opening.access, opening.share))
@@ -282,7 +283,8 @@ DWORD transferNow(const FileObject &file, bool writes, void *buffer, DWORD size,
 
 using namespace win32;
 
-HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES, DWORD disposition, DWORD flags, HANDLE)
+HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES, DWORD disposition, DWORD flags,
+                   HANDLE)
 {
     if (faults::fails("CreateFileA"))
         return INVALID_HANDLE_VALUE;
@@ -302,14 +304,17 @@ BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD count, LPOVERLAP
     return guarded(FALSE, [&] { return transfer(file, true, const_cast<LPVOID>(buffer), size, count, overlapped); });
 }
 
-BOOL ReadFileEx(HANDLE file, LPVOID buffer, DWORD size, LPOVERLAPPED overlapped, LPOVERLAPPED_COMPLETION_ROUTINE routine)
+BOOL ReadFileEx(HANDLE file, LPVOID buffer, DWORD size, LPOVERLAPPED overlapped,
+                LPOVERLAPPED_COMPLETION_ROUTINE routine)
 {
     return guarded(FALSE, [&] { return transferWithRoutine(file, false, buffer, size, overlapped, routine); });
 }
 
-BOOL WriteFileEx(HANDLE file, LPCVOID buffer, DWORD size, LPOVERLAPPED overlapped, LPOVERLAPPED_COMPLETION_ROUTINE routine)
+BOOL WriteFileEx(HANDLE file, LPCVOID buffer, DWORD size, LPOVERLAPPED overlapped,
+                 LPOVERLAPPED_COMPLETION_ROUTINE routine)
 {
-    return guarded(FALSE, [&] { return transferWithRoutine(file, true, const_cast<LPVOID>(buffer), size, overlapped, routine); });
+    return guarded(
+        FALSE, [&] { return transferWithRoutine(file, true, const_cast<LPVOID>(buffer), size, overlapped, routine); });
 }
 
 DWORD SetFilePointer(HANDLE handle, LONG distance, PLONG distanceHigh, DWORD method)
@@ -319,7 +324,8 @@ DWORD SetFilePointer(HANDLE handle, LONG distance, PLONG distanceHigh, DWORD met
         return INVALID_SET_FILE_POINTER;
     int64_t whole = distance;
     if (distanceHigh)
-        whole = static_cast<int64_t>(static_cast<uint64_t>(static_cast<DWORD>(*distanceHigh)) << 32 | static_cast<DWORD>(distance));
+        whole = static_cast<int64_t>(static_cast<uint64_t>(static_cast<DWORD>(*distanceHigh)) << 32
+                                     | static_cast<DWORD>(distance));
     int64_t position = moveTo(*file, whole, method);
     if (position < 0)
         return INVALID_SET_FILE_POINTER;

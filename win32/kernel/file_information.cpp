@@ -87,7 +87,8 @@ bool fileInformation(const char *path, FileInformation &result)
 {
     struct statx status;
     constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME;
-    if (statx(AT_FDCWD, path, 0, wanted, &status) != 0 && statx(AT_FDCWD, path, AT_SYMLINK_NOFOLLOW, wanted, &status) != 0)
+    if (statx(AT_FDCWD, path, 0, wanted, &status) != 0
+        && statx(AT_FDCWD, path, AT_SYMLINK_NOFOLLOW, wanted, &status) != 0)
         return false;
     bool isFolder = S_ISDIR(status.stx_mode);
     result.attributes = isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;

@@ -16,7 +16,8 @@ constexpr std::string_view forbidden = "<>:\"/\\|?*";
 
 bool isAscii(std::string_view text)
 {
-    return std::all_of(text.begin(), text.end(), [](char character) { return static_cast<unsigned char>(character) < 0x80; });
+    return std::all_of(text.begin(), text.end(),
+                       [](char character) { return static_cast<unsigned char>(character) < 0x80; });
 }
 
 // By the characters' codes, since every name of every folder is held against it.
@@ -50,7 +51,9 @@ std::string escapedByte(char byte)
 
 int hexDigit(char character)
 {
-    return character >= '0' && character <= '9' ? character - '0' : character >= 'A' && character <= 'F' ? character - 'A' + 10 : -1;
+    return character >= '0' && character <= '9'   ? character - '0'
+           : character >= 'A' && character <= 'F' ? character - 'A' + 10
+                                                  : -1;
 }
 
 // The length of the character at the start of UTF-8, and its ANSI spelling if it has one.

@@ -64,7 +64,7 @@ bool isSameFile(const std::string &left, const std::string &right)
 {
     struct stat first, second;
     return lstat(left.c_str(), &first) == 0 && lstat(right.c_str(), &second) == 0 && first.st_dev == second.st_dev
-        && first.st_ino == second.st_ino;
+           && first.st_ino == second.st_ino;
 }
 
 BOOL moveFile(LPCSTR from, LPCSTR to)
@@ -116,7 +116,8 @@ DWORD GetFileAttributesA(LPCSTR path)
 BOOL SetFileAttributesA(LPCSTR path, DWORD attributes)
 {
     return guarded(FALSE, [&]() -> BOOL {
-        return onPath(path, [&](const char *unixName) { return setFileAttributes(unixName, attributes) ? 0 : -1; }) >= 0;
+        return onPath(path, [&](const char *unixName) { return setFileAttributes(unixName, attributes) ? 0 : -1; })
+               >= 0;
     });
 }
 
@@ -144,7 +145,8 @@ BOOL CreateDirectoryA(LPCSTR path, LPSECURITY_ATTRIBUTES)
         if (!newUnixPath(path, target))
             return FALSE;
         if (mkdir(target.c_str(), 0777) != 0)
-            return fail(errno == ENOENT || errno == ENOTDIR ? DWORD{ERROR_PATH_NOT_FOUND} : errorFromErrno(errno), FALSE);
+            return fail(errno == ENOENT || errno == ENOTDIR ? DWORD{ERROR_PATH_NOT_FOUND} : errorFromErrno(errno),
+                        FALSE);
         noteMade(target);
         return TRUE;
     });

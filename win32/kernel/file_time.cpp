@@ -3,7 +3,6 @@
 
 #include "kernel_internal.h"
 
-
 namespace win32 {
 namespace {
 
@@ -48,7 +47,8 @@ constexpr Date dateFromDays(int64_t days)
     int64_t dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
     int64_t monthFromMarch = (5 * dayOfYear + 2) / 153;
     auto month = static_cast<unsigned>(monthFromMarch < 10 ? monthFromMarch + 3 : monthFromMarch - 9);
-    return {yearOfEra + era * 400 + (month <= 2), month, static_cast<unsigned>(dayOfYear - (153 * monthFromMarch + 2) / 5 + 1)};
+    return {yearOfEra + era * 400 + (month <= 2), month,
+            static_cast<unsigned>(dayOfYear - (153 * monthFromMarch + 2) / 5 + 1)};
 }
 
 unsigned daysInMonth(WORD year, WORD month)
@@ -60,8 +60,8 @@ unsigned daysInMonth(WORD year, WORD month)
 bool isValid(const SYSTEMTIME &time)
 {
     return time.wYear >= 1601 && time.wYear <= 30827 && time.wMonth >= 1 && time.wMonth <= 12 && time.wDay >= 1
-        && time.wDay <= daysInMonth(time.wYear, time.wMonth) && time.wHour < 24 && time.wMinute < 60 && time.wSecond < 60
-        && time.wMilliseconds < 1000;
+           && time.wDay <= daysInMonth(time.wYear, time.wMonth) && time.wHour < 24 && time.wMinute < 60
+           && time.wSecond < 60 && time.wMilliseconds < 1000;
 }
 
 // Seconds by which local time is ahead now. The zone's present rule serves for all times, in summer and
@@ -159,7 +159,8 @@ BOOL SystemTimeToFileTime(const SYSTEMTIME *systemTime, LPFILETIME fileTime)
         return fail(ERROR_INVALID_PARAMETER, FALSE);
     int64_t days = daysFromDate({systemTime->wYear, systemTime->wMonth, systemTime->wDay});
     int64_t seconds = (systemTime->wHour * 60 + systemTime->wMinute) * 60 + systemTime->wSecond;
-    *fileTime = fromSteps(days * stepsPerDay + seconds * stepsPerSecond + systemTime->wMilliseconds * (stepsPerSecond / 1000));
+    *fileTime =
+        fromSteps(days * stepsPerDay + seconds * stepsPerSecond + systemTime->wMilliseconds * (stepsPerSecond / 1000));
     return TRUE;
 }
 

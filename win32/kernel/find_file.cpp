@@ -21,8 +21,8 @@ using namespace win32;
 
 struct FoundName {
     std::string disk;
-    std::string ansi; // empty when it is the same
-    std::string sortKey;    // in upper case
+    std::string ansi;    // empty when it is the same
+    std::string sortKey; // in upper case
 
     const std::string &shown() const { return ansi.empty() ? disk : ansi; }
 };

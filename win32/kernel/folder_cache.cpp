@@ -73,7 +73,8 @@ Folder *keptFolder(const struct stat &status)
 
 bool isCurrent(const Folder &folder, const struct stat &status)
 {
-    return folder.modified == nanoseconds(status.st_mtim) && (folder.isSettled() || now() - folder.readAt < youngNanoseconds);
+    return folder.modified == nanoseconds(status.st_mtim)
+           && (folder.isSettled() || now() - folder.readAt < youngNanoseconds);
 }
 
 // With the mutex held. Null when there is no such folder.

@@ -115,7 +115,8 @@ HANDLE insert(HandleKind kind, void *object)
 void *find(HANDLE handle, HandleKind kind)
 {
     Entry *entry = liveEntry(handle, kind);
-    return entry ? entry->object.load(std::memory_order_relaxed) : fail(ERROR_INVALID_HANDLE, static_cast<void *>(nullptr));
+    return entry ? entry->object.load(std::memory_order_relaxed)
+                 : fail(ERROR_INVALID_HANDLE, static_cast<void *>(nullptr));
 }
 
 void *remove(HANDLE handle, HandleKind kind)

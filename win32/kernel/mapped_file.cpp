@@ -51,7 +51,8 @@ void onBusError(int signal, siginfo_t *info, void *context)
     int savedErrno = errno;
     auto page = reinterpret_cast<uintptr_t>(info->si_addr) & ~(pageSize - 1);
     constexpr int flags = MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED;
-    bool mended = isMapped(page) && mmap(reinterpret_cast<void *>(page), pageSize, PROT_READ, flags, -1, 0) != MAP_FAILED;
+    bool mended =
+        isMapped(page) && mmap(reinterpret_cast<void *>(page), pageSize, PROT_READ, flags, -1, 0) != MAP_FAILED;
     errno = savedErrno;
     if (!mended)
         passOn(signal, info, context);

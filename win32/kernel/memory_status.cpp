@@ -42,9 +42,15 @@ BOOL GlobalMemoryStatusEx(LPMEMORYSTATUSEX status)
     if (status->dwLength != sizeof *status)
         return fail(ERROR_INVALID_PARAMETER, FALSE);
     MemoryFigures figures = memoryFigures();
-    *status = {sizeof *status,          memoryLoad(figures),     figures.totalPhysical,
-               figures.availablePhysical, figures.totalCommit,     figures.availableCommit,
-               addressSpace,              addressSpace - addressSpaceUsed(), 0};
+    *status = {sizeof *status,
+               memoryLoad(figures),
+               figures.totalPhysical,
+               figures.availablePhysical,
+               figures.totalCommit,
+               figures.availableCommit,
+               addressSpace,
+               addressSpace - addressSpaceUsed(),
+               0};
     return TRUE;
 }
 

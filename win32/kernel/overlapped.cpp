@@ -43,7 +43,9 @@ void publish(OVERLAPPED &overlapped, DWORD error, DWORD count)
 
 DWORD errorOf(ULONG_PTR status)
 {
-    return status == 0 ? DWORD{NO_ERROR} : status == statusEndOfFile ? DWORD{ERROR_HANDLE_EOF} : static_cast<DWORD>(status & 0xffff);
+    return status == 0                 ? DWORD{NO_ERROR}
+           : status == statusEndOfFile ? DWORD{ERROR_HANDLE_EOF}
+                                       : static_cast<DWORD>(status & 0xffff);
 }
 
 void finish(Transfer &transfer, DWORD error, DWORD count)

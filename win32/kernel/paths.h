@@ -10,7 +10,7 @@ namespace win32 {
 
 // A Win32 path made absolute: its drive, and its components in the spelling of the caller.
 struct FullPath {
-    char drive = 0; // upper case
+    char drive = 0;         // upper case
     std::string components; // each with a backslash before it; empty for the root
 
     std::string text() const { return std::string(1, drive) + ":" + (components.empty() ? "\\" : components); }

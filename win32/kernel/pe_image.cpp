@@ -103,7 +103,8 @@ bool Image::readHeaders()
         return false;
     for (uint32_t place = 0; place < *sectionCount; ++place) {
         uint64_t section = optional + *optionalSize + place * sectionSize;
-        auto address = number<uint32_t>(section + 12), size = number<uint32_t>(section + 16), offset = number<uint32_t>(section + 20);
+        auto address = number<uint32_t>(section + 12), size = number<uint32_t>(section + 16),
+             offset = number<uint32_t>(section + 20);
         if (!offset)
             break;
         sections_.push_back({*address, *size, *offset});

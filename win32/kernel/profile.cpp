@@ -179,8 +179,8 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR defaultText, L
             std::string_view value = profile.value(section, key);
             if (!value.data())
                 SetLastError(ERROR_FILE_NOT_FOUND);
-            result = value.data() ? copyText(withoutQuotes(value), buffer, size)
-                                  : copyDefault(defaultText, buffer, size);
+            result =
+                value.data() ? copyText(withoutQuotes(value), buffer, size) : copyDefault(defaultText, buffer, size);
         });
         return result;
     });
@@ -246,7 +246,8 @@ BOOL WritePrivateProfileStructA(LPCSTR section, LPCSTR key, LPVOID data, UINT si
     if (!data)
         return WritePrivateProfileStringA(section, key, nullptr, file);
     return guarded(FALSE, [&] {
-        return WritePrivateProfileStringA(section, key, encodeStruct(static_cast<const BYTE *>(data), size).c_str(), file);
+        return WritePrivateProfileStringA(section, key, encodeStruct(static_cast<const BYTE *>(data), size).c_str(),
+                                          file);
     });
 }
 

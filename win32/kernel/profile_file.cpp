@@ -27,7 +27,8 @@ std::string_view withoutBlanks(std::string_view text)
 bool isReadBack(std::string_view section, std::string_view key, std::string_view value)
 {
     bool sectionStands = section.find_first_of("\r\n") == std::string_view::npos;
-    bool keyStands = !key.empty() && key.find_first_of("=\r\n") == std::string_view::npos && key[0] != ';' && key[0] != '[';
+    bool keyStands =
+        !key.empty() && key.find_first_of("=\r\n") == std::string_view::npos && key[0] != ';' && key[0] != '[';
     return sectionStands && keyStands && value.find_first_of("\r\n") == std::string_view::npos;
 }
 

@@ -34,7 +34,7 @@ struct Stamp {
     bool operator==(const Stamp &other) const
     {
         return device == other.device && inode == other.inode && size == other.size
-            && modified.tv_sec == other.modified.tv_sec && modified.tv_nsec == other.modified.tv_nsec;
+               && modified.tv_sec == other.modified.tv_sec && modified.tv_nsec == other.modified.tv_nsec;
     }
 };
 
@@ -164,7 +164,8 @@ bool replaceFile(const std::string &path, const std::string &content, Stamp &sta
         return fail(ERROR_ACCESS_DENIED, false);
     if (existed && access(path.c_str(), W_OK) != 0)
         return fail(ERROR_ACCESS_DENIED, false);
-    Descriptor file(open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, existed ? old.st_mode & 0777 : 0666));
+    Descriptor file(
+        open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, existed ? old.st_mode & 0777 : 0666));
     if (file < 0)
         return fail(errno == ENOENT ? DWORD{ERROR_PATH_NOT_FOUND} : errorFromErrno(errno), false);
     // The mode given at creation passes through the mask; the old file's mode is to stay as it is.

@@ -141,20 +141,24 @@ void ResourceDirectory::sort()
 
 std::span<const Resource> ResourceDirectory::ofType(const ResourceName &type) const
 {
-    auto first = std::lower_bound(resources_.begin(), resources_.end(), type,
-                                  [](const Resource &resource, const ResourceName &wanted) { return resource.type < wanted; });
-    auto last = std::upper_bound(first, resources_.end(), type,
-                                 [](const ResourceName &wanted, const Resource &resource) { return wanted < resource.type; });
+    auto first =
+        std::lower_bound(resources_.begin(), resources_.end(), type,
+                         [](const Resource &resource, const ResourceName &wanted) { return resource.type < wanted; });
+    auto last =
+        std::upper_bound(first, resources_.end(), type,
+                         [](const ResourceName &wanted, const Resource &resource) { return wanted < resource.type; });
     return {first, last};
 }
 
 std::span<const Resource> ResourceDirectory::ofName(const ResourceName &type, const ResourceName &name) const
 {
     std::span<const Resource> ofThisType = ofType(type);
-    auto first = std::lower_bound(ofThisType.begin(), ofThisType.end(), name,
-                                  [](const Resource &resource, const ResourceName &wanted) { return resource.name < wanted; });
-    auto last = std::upper_bound(first, ofThisType.end(), name,
-                                 [](const ResourceName &wanted, const Resource &resource) { return wanted < resource.name; });
+    auto first =
+        std::lower_bound(ofThisType.begin(), ofThisType.end(), name,
+                         [](const Resource &resource, const ResourceName &wanted) { return resource.name < wanted; });
+    auto last =
+        std::upper_bound(first, ofThisType.end(), name,
+                         [](const ResourceName &wanted, const Resource &resource) { return wanted < resource.name; });
     return {first, last};
 }
 

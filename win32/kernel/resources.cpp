@@ -13,7 +13,8 @@ HRSRC findResource(HMODULE handle, LPCSTR type, LPCSTR name, int language)
         Module *module = findModule(handle);
         if (!module)
             return HRSRC{};
-        int place = module->resources.find(ResourceName::fromArgument(type), ResourceName::fromArgument(name), language);
+        int place =
+            module->resources.find(ResourceName::fromArgument(type), ResourceName::fromArgument(name), language);
         return reinterpret_cast<HRSRC>(static_cast<LONG_PTR>(place) + 1);
     });
 }

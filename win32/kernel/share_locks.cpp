@@ -51,7 +51,7 @@ bool enterShareModes(int file, DWORD access, DWORD share)
             state(file, static_cast<Statement>(statement));
     }
     return !(reads && isStatedByOthers(file, DeniesReading)) && !(writes && isStatedByOthers(file, DeniesWriting))
-        && !(deniesReading && isStatedByOthers(file, Reads)) && !(deniesWriting && isStatedByOthers(file, Writes));
+           && !(deniesReading && isStatedByOthers(file, Reads)) && !(deniesWriting && isStatedByOthers(file, Writes));
 }
 
 bool deniesDeletion(const char *unixPath)

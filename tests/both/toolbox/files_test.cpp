@@ -365,9 +365,9 @@ TEST_F(FileManager, MakesRenamesAndDeletes)
 
 TEST_F(FileManager, TypesGoByExtensionAndPrograms)
 {
-    std::map<std::string, std::string> types = {{"a.TXT", "TEXT"},   {"a.b.bmp", "BMP "}, {"x.wav", ".AVI"}, {"noext", ""},
-                                                {"dot.", ""},        {"a.zpp", "ZpfP"},  {"a.tsd", "8BPS"}, {"a.none", ""},
-                                                {"C:\\a.txt\\b", ""}};
+    std::map<std::string, std::string> types = {{"a.TXT", "TEXT"}, {"a.b.bmp", "BMP "}, {"x.wav", ".AVI"},
+                                                {"noext", ""},     {"dot.", ""},        {"a.zpp", "ZpfP"},
+                                                {"a.tsd", "8BPS"}, {"a.none", ""},      {"C:\\a.txt\\b", ""}};
     for (auto &[name, type] : types) {
         FInfo info;
         memset(&info, 0x55, sizeof info);

@@ -270,11 +270,18 @@ TEST_F(MemoryManager, RandomChangesKeepEveryHandlesContents)
 class CountingHeap : public _MEMp_BasicHeap {
 public:
     ~CountingHeap() override { ++destroyed; }
-    Ptr NewPtr(Size, const char *name, const char *, SInt32 line) override { return note(name ? name : "NewPtr", line); }
+    Ptr NewPtr(Size, const char *name, const char *, SInt32 line) override
+    {
+        return note(name ? name : "NewPtr", line);
+    }
     void DisposePtr(Ptr) override { note("DisposePtr"); }
     Size GetPtrSize(Ptr) override { return 11; }
     Ptr ResizePtr(Ptr, Size, const char *, const char *, SInt32) override { return note("ResizePtr"); }
-    Handle NewHandle(Size, const char *, const char *, SInt32) override { note("NewHandle"); return nullptr; }
+    Handle NewHandle(Size, const char *, const char *, SInt32) override
+    {
+        note("NewHandle");
+        return nullptr;
+    }
     Size GetHandleSize(Handle) override { return 22; }
     void DisposeHandle(Handle) override { note("DisposeHandle"); }
     SInt32 SetHandleSize(Handle, Size, const char *, const char *, SInt32) override { return 4; }

@@ -47,7 +47,10 @@ TEST(CodePages, OneTextOfEachPageBothWays)
         {1255, "\xe0\xc0\xca\xd9", {0x05d0, 0x05b0, 0x05ba, 0xf88d}},
         {1256, "\xc7\xff", {0x0627, 0x06d2}},
         {1257, "\xe0\xa1", {0x0105, 0xf8fc}},
-        {1258, "\xd0\xd2" "a\xec", {0x0110, 0x0309, 'a', 0x0301}},
+        {1258,
+         "\xd0\xd2"
+         "a\xec",
+         {0x0110, 0x0309, 'a', 0x0301}},
         {CP_UTF8, "A\xc3\xa9\xe4\xb8\xad\xf0\x9f\x98\x80", {'A', 0xe9, 0x4e2d, 0xd83d, 0xde00}},
     };
     for (auto &[page, text, units] : cases) {

@@ -18,15 +18,16 @@ class Files : public testing::Test {
 protected:
     Files() : folder_("win32-files") {}
 
-    HANDLE open(const std::string &name, DWORD disposition, DWORD access = GENERIC_READ | GENERIC_WRITE, DWORD share = 0,
-                DWORD flags = FILE_ATTRIBUTE_NORMAL)
+    HANDLE open(const std::string &name, DWORD disposition, DWORD access = GENERIC_READ | GENERIC_WRITE,
+                DWORD share = 0, DWORD flags = FILE_ATTRIBUTE_NORMAL)
     {
         SetLastError(12345);
         return CreateFileA(folder_.path(name).c_str(), access, share, nullptr, disposition, flags, nullptr);
     }
 
     // The last error of opening, 0 or 183 when it works.
-    DWORD openError(const std::string &name, DWORD disposition, DWORD access = GENERIC_READ | GENERIC_WRITE, DWORD share = 0)
+    DWORD openError(const std::string &name, DWORD disposition, DWORD access = GENERIC_READ | GENERIC_WRITE,
+                    DWORD share = 0)
     {
         HANDLE file = open(name, disposition, access, share);
         DWORD error = GetLastError();
@@ -80,8 +81,9 @@ TEST_F(Files, PathsAreSettledBeforeTheDiskIsLookedAt)
 {
     CreateDirectoryA(folder_.path("Sub").c_str(), nullptr);
     folder_.write("Sub\\File.txt", "x");
-    for (const char *path : {"Sub\\File.txt", "SUB\\file.TXT", "sub/File.txt", "Sub\\..\\sub\\.\\File.txt", "Sub\\File.txt.",
-                             "Sub\\File.txt  ", "none\\..\\Sub\\File.txt", "Sub\\\\File.txt", "Sub.\\File.txt"})
+    for (const char *path :
+         {"Sub\\File.txt", "SUB\\file.TXT", "sub/File.txt", "Sub\\..\\sub\\.\\File.txt", "Sub\\File.txt.",
+          "Sub\\File.txt  ", "none\\..\\Sub\\File.txt", "Sub\\\\File.txt", "Sub.\\File.txt"})
         EXPECT_EQ(openError(path, OPEN_EXISTING), 0u) << path;
     EXPECT_EQ(openError("Sub\\File.txt\\x", OPEN_EXISTING), static_cast<DWORD>(ERROR_PATH_NOT_FOUND));
     EXPECT_EQ(openError("Sub", OPEN_EXISTING), static_cast<DWORD>(ERROR_ACCESS_DENIED));
@@ -117,7 +119,8 @@ TEST_F(Files, ShareModesHoldBetweenOpens)
     for (auto &[access, share, access2, share2, allowed] : cases) {
         HANDLE first = open("f", OPEN_EXISTING, access, share);
         ASSERT_NE(first, INVALID_HANDLE_VALUE);
-        EXPECT_EQ(openError("F", OPEN_EXISTING, access2, share2), allowed ? 0u : static_cast<DWORD>(ERROR_SHARING_VIOLATION))
+        EXPECT_EQ(openError("F", OPEN_EXISTING, access2, share2),
+                  allowed ? 0u : static_cast<DWORD>(ERROR_SHARING_VIOLATION))
             << std::hex << access << ' ' << share << ' ' << access2 << ' ' << share2;
         EXPECT_FALSE(DeleteFileA(folder_.path("f").c_str()));
         EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_SHARING_VIOLATION));
@@ -266,7 +269,8 @@ TEST_F(Files, SearchesFollowTheOrderOfNamesAndThePattern)
 {
     for (const char *name : {"z1", "Z2", "a1.txt", "B1.TXT", "_x", "m.tar.gz", "noext", ".dot", "two words"})
         folder_.write(name, name);
-    EXPECT_EQ(find("*"), Names({".", "..", ".dot", "a1.txt", "B1.TXT", "m.tar.gz", "noext", "two words", "z1", "Z2", "_x"}));
+    EXPECT_EQ(find("*"),
+              Names({".", "..", ".dot", "a1.txt", "B1.TXT", "m.tar.gz", "noext", "two words", "z1", "Z2", "_x"}));
     EXPECT_EQ(find("*.*"), find("*"));
     EXPECT_EQ(find("*.txt"), Names({"a1.txt", "B1.TXT"}));
     EXPECT_EQ(find("?1"), Names({"z1"}));
@@ -311,8 +315,11 @@ TEST_F(Files, AttributesAreToldAndSet)
 {
     folder_.write("f", "x");
     std::string path = folder_.path("f");
-    EXPECT_EQ(GetFileAttributesA(folder_.path().c_str()) & FILE_ATTRIBUTE_DIRECTORY, static_cast<DWORD>(FILE_ATTRIBUTE_DIRECTORY));
-    EXPECT_EQ(GetFileAttributesA(path.c_str()) & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN), 0u);
+    EXPECT_EQ(GetFileAttributesA(folder_.path().c_str()) & FILE_ATTRIBUTE_DIRECTORY,
+              static_cast<DWORD>(FILE_ATTRIBUTE_DIRECTORY));
+    EXPECT_EQ(GetFileAttributesA(path.c_str())
+                  & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN),
+              0u);
     EXPECT_TRUE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY));
     EXPECT_TRUE(GetFileAttributesA(path.c_str()) & FILE_ATTRIBUTE_READONLY);
     EXPECT_FALSE(DeleteFileA(path.c_str()));
@@ -432,7 +439,8 @@ TEST_F(Files, DrivesAreListedAndMeasured)
 
 TEST(Waits, EventsSignalAndReset)
 {
-    HANDLE manual = CreateEventA(nullptr, TRUE, FALSE, nullptr), automatic = CreateEventA(nullptr, FALSE, TRUE, nullptr);
+    HANDLE manual = CreateEventA(nullptr, TRUE, FALSE, nullptr),
+           automatic = CreateEventA(nullptr, FALSE, TRUE, nullptr);
     EXPECT_EQ(WaitForSingleObject(manual, 0), static_cast<DWORD>(WAIT_TIMEOUT));
     EXPECT_EQ(WaitForSingleObject(automatic, 0), static_cast<DWORD>(WAIT_OBJECT_0));
     EXPECT_EQ(WaitForSingleObject(automatic, 20), static_cast<DWORD>(WAIT_TIMEOUT)) << "one wait takes the signal";

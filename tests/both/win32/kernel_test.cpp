@@ -174,7 +174,8 @@ TEST(Resources, StringsAreConvertedAndCut)
     EXPECT_EQ(LoadStringA(GetModuleHandleA(nullptr), 17, text, sizeof text), 20);
     EXPECT_STREQ(text, "A string of the host");
     EXPECT_EQ(LoadStringA(nullptr, 18, text, sizeof text), 7);
-    EXPECT_STREQ(text, "Gr\xf6\xdf" "e \x80");
+    EXPECT_STREQ(text, "Gr\xf6\xdf"
+                       "e \x80");
     EXPECT_EQ(LoadStringA(nullptr, 17, text, 5), 4);
     EXPECT_STREQ(text, "A st");
     EXPECT_EQ(LoadStringA(nullptr, 19, text, sizeof text), 0);

@@ -50,7 +50,8 @@ class ResourceModule : public testing::Test {
 protected:
     void SetUp() override
     {
-        module_ = LoadLibraryExA((folderOfProgram() + "resource_module.dll").c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+        module_ =
+            LoadLibraryExA((folderOfProgram() + "resource_module.dll").c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
         ASSERT_NE(module_, nullptr) << GetLastError();
     }
     void TearDown() override { EXPECT_TRUE(FreeLibrary(module_)); }
@@ -59,7 +60,8 @@ protected:
     {
         if (!resource)
             return "error " + std::to_string(GetLastError());
-        return std::string(static_cast<const char *>(LockResource(LoadResource(module_, resource))), SizeofResource(module_, resource));
+        return std::string(static_cast<const char *>(LockResource(LoadResource(module_, resource))),
+                           SizeofResource(module_, resource));
     }
 
     using List = std::vector<std::string>;
@@ -76,7 +78,8 @@ TEST_F(ResourceModule, DataIsFoundByTypeNameAndLanguage)
     EXPECT_EQ(data(FindResourceA(module_, MAKEINTRESOURCEA(7), MAKEINTRESOURCEA(42))), "numbered type");
     EXPECT_EQ(data(FindResourceExA(module_, "LSTR", MAKEINTRESOURCEA(200), 0x0407)), "deutsch");
     EXPECT_EQ(data(FindResourceExA(module_, "LSTR", MAKEINTRESOURCEA(200), 0x0409)), "english");
-    EXPECT_EQ(data(FindResourceA(module_, MAKEINTRESOURCEA(201), "LSTR")), "nur deutsch") << "any language rather than none";
+    EXPECT_EQ(data(FindResourceA(module_, MAKEINTRESOURCEA(201), "LSTR")), "nur deutsch")
+        << "any language rather than none";
     EXPECT_EQ(data(FindResourceA(module_, MAKEINTRESOURCEA(130), "ABCD")), "error 1814");
     EXPECT_EQ(data(FindResourceA(module_, MAKEINTRESOURCEA(128), "NONE")), "error 1813");
     char text[20];
@@ -92,7 +95,8 @@ TEST_F(ResourceModule, WalksGoThroughTextsThenNumbers)
     EXPECT_EQ(types, List({"ABCD", "LSTR", "#6", "#42"}));
     EXPECT_TRUE(EnumResourceNamesA(module_, "ABCD", noteName, reinterpret_cast<LONG_PTR>(&names)));
     EXPECT_EQ(names, List({"ANOTHER", "NAMED", "#128", "#129", "#1000"}));
-    EXPECT_TRUE(EnumResourceLanguagesA(module_, "LSTR", MAKEINTRESOURCEA(200), noteLanguage, reinterpret_cast<LONG_PTR>(&languages)));
+    EXPECT_TRUE(EnumResourceLanguagesA(module_, "LSTR", MAKEINTRESOURCEA(200), noteLanguage,
+                                       reinterpret_cast<LONG_PTR>(&languages)));
     EXPECT_EQ(languages, List({"1031", "1033"}));
     EXPECT_FALSE(EnumResourceNamesA(module_, "NONE", noteName, reinterpret_cast<LONG_PTR>(&names)));
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_RESOURCE_TYPE_NOT_FOUND));

@@ -27,7 +27,10 @@ protected:
     {
         return WritePrivateProfileStringA(section, key, text, file_.path());
     }
-    UINT number(const char *key, INT otherwise = -1) { return GetPrivateProfileIntA("S", key, otherwise, file_.path()); }
+    UINT number(const char *key, INT otherwise = -1)
+    {
+        return GetPrivateProfileIntA("S", key, otherwise, file_.path());
+    }
 
     TemporaryFile file_;
 };

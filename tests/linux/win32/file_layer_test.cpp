@@ -34,7 +34,10 @@ protected:
         EXPECT_EQ(Win32Control_OpenHandles(), handles_);
     }
 
-    void make(const std::string &diskName, const std::string &content = "") { std::ofstream(native_ + diskName) << content; }
+    void make(const std::string &diskName, const std::string &content = "")
+    {
+        std::ofstream(native_ + diskName) << content;
+    }
     bool onDisk(const std::string &diskName) { return access((native_ + diskName).c_str(), F_OK) == 0; }
 
     std::set<std::string> names()
@@ -59,15 +62,30 @@ protected:
 
 TEST_F(FileLayer, NamesAreUtf8OnDiskAndCodePageInWin32)
 {
-    folder_.write("Gr\xfc\xdf" "e.txt", "x");
-    EXPECT_TRUE(onDisk("Gr\xc3\xbc\xc3\x9f" "e.txt"));
-    EXPECT_EQ(folder_.read("GR\xdc\xdf" "E.TXT"), "x") << "letters beyond A to Z fold too";
-    EXPECT_EQ(names(), std::set<std::string>({"Gr\xfc\xdf" "e.txt"}));
+    folder_.write("Gr\xfc\xdf"
+                  "e.txt",
+                  "x");
+    EXPECT_TRUE(onDisk("Gr\xc3\xbc\xc3\x9f"
+                       "e.txt"));
+    EXPECT_EQ(folder_.read("GR\xdc\xdf"
+                           "E.TXT"),
+              "x")
+        << "letters beyond A to Z fold too";
+    EXPECT_EQ(names(), std::set<std::string>({"Gr\xfc\xdf"
+                                              "e.txt"}));
 }
 
 TEST_F(FileLayer, NamesThatWin32CannotSpellStillOpen)
 {
-    const char *odd[] = {"\xe4\xb8\xad.txt", "bad\xff" "byte", "a:b", "back\\slash", "trailing.", "trailing ", "50%\xe4\xb8\xad", "que?ry"};
+    const char *odd[] = {"\xe4\xb8\xad.txt",
+                         "bad\xff"
+                         "byte",
+                         "a:b",
+                         "back\\slash",
+                         "trailing.",
+                         "trailing ",
+                         "50%\xe4\xb8\xad",
+                         "que?ry"};
     for (const char *name : odd)
         make(name, name);
     make("100%41.txt", "literal");
@@ -115,7 +133,9 @@ TEST_F(FileLayer, HiddenFilesAreThoseWithADotOrAnAttribute)
 {
     make(".dot");
     make("plain");
-    auto isHidden = [&](const char *name) { return (GetFileAttributesA(folder_.path(name).c_str()) & FILE_ATTRIBUTE_HIDDEN) != 0; };
+    auto isHidden = [&](const char *name) {
+        return (GetFileAttributesA(folder_.path(name).c_str()) & FILE_ATTRIBUTE_HIDDEN) != 0;
+    };
     EXPECT_TRUE(isHidden(".dot"));
     EXPECT_FALSE(isHidden("plain"));
     bool keepsAttributes = setxattr((native_ + "plain").c_str(), "user.test", "x", 1, 0) == 0;
@@ -152,7 +172,8 @@ TEST_F(FileLayer, ShareModesHoldAgainstOtherProcesses)
         waitpid(child, &status, 0);
         return WEXITSTATUS(status);
     };
-    HANDLE file = CreateFileA(folder_.path("f").c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    HANDLE file =
+        CreateFileA(folder_.path("f").c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(openInChild(GENERIC_READ, FILE_SHARE_READ), 0);
     EXPECT_EQ(openInChild(GENERIC_READ, 0), ERROR_SHARING_VIOLATION);
     EXPECT_EQ(openInChild(GENERIC_WRITE, FILE_SHARE_READ), ERROR_SHARING_VIOLATION);
@@ -163,7 +184,8 @@ TEST_F(FileLayer, ShareModesHoldAgainstOtherProcesses)
 TEST_F(FileLayer, UnbufferedTransfersMustBeAligned)
 {
     make("f", std::string(8192, 's'));
-    HANDLE file = CreateFileA(folder_.path("f").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_FLAG_NO_BUFFERING, nullptr);
+    HANDLE file = CreateFileA(folder_.path("f").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                              FILE_FLAG_NO_BUFFERING, nullptr);
     alignas(512) static char buffer[4096];
     DWORD count;
     EXPECT_FALSE(ReadFile(file, buffer, 100, &count, nullptr));
@@ -188,7 +210,8 @@ TEST_F(FileLayer, TransfersInFlightEndBeforeCloseHandleReturns)
     constexpr int transfers = 100;
     static char data[1 << 16];
     completions = 0;
-    HANDLE file = CreateFileA(folder_.path("f").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_FLAG_OVERLAPPED, nullptr);
+    HANDLE file =
+        CreateFileA(folder_.path("f").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_FLAG_OVERLAPPED, nullptr);
     std::vector<OVERLAPPED> records(transfers);
     for (int place = 0; place < transfers; ++place) {
         records[static_cast<size_t>(place)].Offset = static_cast<DWORD>(place) * sizeof data;
@@ -206,7 +229,8 @@ TEST_F(FileLayer, TransfersInFlightEndBeforeCloseHandleReturns)
 TEST_F(FileLayer, FailuresReachTheirCallers)
 {
     make("f", "x");
-    HANDLE file = CreateFileA(folder_.path("f").c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
+    HANDLE file = CreateFileA(folder_.path("f").c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                              FILE_FLAG_OVERLAPPED, nullptr);
     Win32Control_FailCalls("WriteFile", ERROR_DISK_FULL, 1, 2);
     OVERLAPPED record{};
     completions = 0;
@@ -227,12 +251,13 @@ TEST_F(FileLayer, RefusedMemoryFailsCleanly)
     make("f", "content");
     for (DWORD refused = 1; refused < 40; ++refused) {
         Win32Control_RefuseAllocations(WIN32_ALLOCATION_LAYER, refused, 1, 0);
-        HANDLE file = CreateFileA(folder_.path("F").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
+        HANDLE file = CreateFileA(folder_.path("F").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_OVERLAPPED, nullptr);
         char buffer[10];
         OVERLAPPED record{};
         DWORD count;
         bool started = file != INVALID_HANDLE_VALUE
-                    && (ReadFile(file, buffer, 10, nullptr, &record) || GetLastError() == ERROR_IO_PENDING);
+                       && (ReadFile(file, buffer, 10, nullptr, &record) || GetLastError() == ERROR_IO_PENDING);
         if (started) {
             EXPECT_TRUE(GetOverlappedResult(file, &record, &count, TRUE) || GetLastError() == ERROR_NOT_ENOUGH_MEMORY);
         }
@@ -259,7 +284,8 @@ TEST_F(FileLayer, ClosingWhileAnotherThreadReadsIsSafe)
         std::thread reader([file] {
             char buffer[100];
             DWORD count;
-            while (SetFilePointer(file, 0, nullptr, FILE_BEGIN) == 0 && ReadFile(file, buffer, sizeof buffer, &count, nullptr)) {
+            while (SetFilePointer(file, 0, nullptr, FILE_BEGIN) == 0
+                   && ReadFile(file, buffer, sizeof buffer, &count, nullptr)) {
             }
         });
         CloseHandle(file);

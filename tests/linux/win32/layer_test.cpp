@@ -219,7 +219,8 @@ TEST_F(ProfileOnDisk, OddFilesKeepEveryByteThatIsNotChanged)
         {"[S]\r\nk=1", "[S]\r\nk=2\r\n"},
         {"[S]\r\nhuge=" + huge + "\r\nk=1\r\n", "[S]\r\nhuge=" + huge + "\r\nk=2\r\n"},
         {std::string("[S]\r\nz=a\0b\r\nk=1\r\n", 17), std::string("[S]\r\nz=a\0b\r\nk=2\r\n", 17)},
-        {"no section\r\n[S\r\n]\r\n[S]\r\n\r\n;c\r\nk=1\r\n\r\n", "no section\r\n[S\r\n]\r\n[S]\r\n\r\n;c\r\nk=2\r\n\r\n"},
+        {"no section\r\n[S\r\n]\r\n[S]\r\n\r\n;c\r\nk=1\r\n\r\n",
+         "no section\r\n[S\r\n]\r\n[S]\r\n\r\n;c\r\nk=2\r\n\r\n"},
         {"[S]\r\n  k  = 1 \r\nk=first wins\r\n", "[S]\r\n  k=2\r\nk=first wins\r\n"},
         {"[S]\r\n\r\n[T]\r\n", "[S]\r\nk=2\r\n\r\n[T]\r\n"},
     };

@@ -145,7 +145,8 @@ TEST_F(ModuleLayer, SharedObjectsOfThisSystemOfferTheirFunctions)
 {
     HMODULE library = LoadLibraryA((folderOfProgram() + "libwin32.so").c_str());
     ASSERT_NE(library, nullptr) << GetLastError();
-    EXPECT_EQ(reinterpret_cast<void *>(GetProcAddress(library, "GetTickCount")), reinterpret_cast<void *>(&GetTickCount));
+    EXPECT_EQ(reinterpret_cast<void *>(GetProcAddress(library, "GetTickCount")),
+              reinterpret_cast<void *>(&GetTickCount));
     EXPECT_EQ(GetProcAddress(library, "NoSuchFunction"), nullptr);
     EXPECT_TRUE(FreeLibrary(library));
 }
