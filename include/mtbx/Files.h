@@ -301,10 +301,10 @@ MTBX_ASSERT_OFFSET_32(FCBPBRec, ioFCBParID, 58);
 MTBX_API SInt32 GetDirectoryID(const char *path);
 /* The ID of the directory that holds the path, 2 when the path names none. */
 MTBX_API SInt32 GetParentDirectoryID(const char *path);
-/* Makes a spec; the file need not exist. With an empty or null name the spec names the directory itself.
+/* Makes an FSSpec; the file need not exist. With an empty or null name it names the directory itself.
    Always 0. */
 MTBX_API OSErr FSMakeFSSpec(SInt16 vRefNum, SInt32 dirID, ConstStr255Param name, FSSpec *spec);
-/* The Win32 path of a spec as a C string, cut without a report when it does not fit. A name that is a
+/* The Win32 path of an FSSpec as a C string, cut without a report when it does not fit. A name that is a
    full path is copied whole, whatever the size. dirNFErr for an unknown parID. */
 MTBX_API OSErr MTBX_FSSpecToCPathName(const FSSpec *spec, char *buffer, SInt16 bufferSize);
 /* The same as a Pascal string, empty for an unknown parID. */

@@ -2,9 +2,12 @@
 #ifndef MTBX_MTBX_H
 #define MTBX_MTBX_H
 
+#include <mtbx/Aliases.h>
 #include <mtbx/Dialogs.h>
+#include <mtbx/Drag.h>
 #include <mtbx/Events.h>
 #include <mtbx/Files.h>
+#include <mtbx/Folders.h>
 #include <mtbx/Gestalt.h>
 #include <mtbx/LowMem.h>
 #include <mtbx/MTBXEnvironment.h>

@@ -56,9 +56,11 @@ typedef struct QDGlobals {
 
 #pragma pack(pop)
 
+MTBX_ASSERT_OFFSET_32(BitMap, rowBytes, 4);
+MTBX_ASSERT_OFFSET_32(BitMap, bounds, 6);
 MTBX_ASSERT_SIZE_32(BitMap, 14);
 MTBX_ASSERT(sizeof(Pattern) == 8);
-MTBX_ASSERT(sizeof(Cursor) == 68);
+MTBX_ASSERT(sizeof(Cursor) == 68 && offsetof(Cursor, mask) == 32 && offsetof(Cursor, hotSpot) == 64);
 MTBX_ASSERT(offsetof(QDGlobals, randSeed) == 76);
 MTBX_ASSERT(offsetof(QDGlobals, screenBits) == 80);
 MTBX_ASSERT_OFFSET_32(QDGlobals, arrow, 94);

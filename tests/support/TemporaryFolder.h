@@ -5,6 +5,15 @@
 
 #include <string>
 
+// With a backslash at its end.
+inline std::string folderOfProgram()
+{
+    char path[MAX_PATH];
+    GetModuleFileNameA(nullptr, path, sizeof path);
+    std::string text = path;
+    return text.substr(0, text.rfind('\\') + 1);
+}
+
 class TemporaryFolder {
 public:
     explicit TemporaryFolder(const std::string &name)

@@ -83,5 +83,27 @@ typedef LONG HRESULT;
 #define S_FALSE ((HRESULT)1)
 #define SUCCEEDED(result) ((HRESULT)(result) >= 0)
 #define FAILED(result) ((HRESULT)(result) < 0)
+#define E_NOTIMPL ((HRESULT)0x80004001)
+#define E_NOINTERFACE ((HRESULT)0x80004002)
+#define E_POINTER ((HRESULT)0x80004003)
+#define E_ABORT ((HRESULT)0x80004004)
+#define E_FAIL ((HRESULT)0x80004005)
+#define E_UNEXPECTED ((HRESULT)0x8000FFFF)
+#define E_ACCESSDENIED ((HRESULT)0x80070005)
+#define E_OUTOFMEMORY ((HRESULT)0x8007000E)
+#define E_INVALIDARG ((HRESULT)0x80070057)
+#define CLASS_E_NOAGGREGATION ((HRESULT)0x80040110)
+#define REGDB_E_CLASSNOTREG ((HRESULT)0x80040154)
+#define CO_E_NOTINITIALIZED ((HRESULT)0x800401F0)
+#define RPC_E_CHANGED_MODE ((HRESULT)0x80010106)
+
+// A code of GetLastError as a result.
+#define FACILITY_WIN32 7
+#define HRESULT_CODE(result) ((result) & 0xFFFF)
+#define HRESULT_FACILITY(result) (((result) >> 16) & 0x1FFF)
+static inline HRESULT HRESULT_FROM_WIN32(unsigned error)
+{
+    return (HRESULT)error <= 0 ? (HRESULT)error : (HRESULT)((error & 0xFFFF) | (FACILITY_WIN32 << 16) | 0x80000000u);
+}
 
 #endif

@@ -96,6 +96,21 @@ BOOL moveFile(LPCSTR from, LPCSTR to)
     return TRUE;
 }
 
+// Runs an operation that works on folders only, and tells of a file in a folder's place.
+BOOL onFolder(LPCSTR path, int (*operation)(const char *))
+{
+    return guarded(FALSE, [&]() -> BOOL {
+        bool isNoFolder = false;
+        int result = onPath(path, [&](const char *unixName) {
+            int outcome = operation(unixName);
+            struct stat status;
+            isNoFolder = outcome != 0 && errno == ENOTDIR && lstat(unixName, &status) == 0;
+            return isNoFolder ? 0 : outcome;
+        });
+        return isNoFolder ? fail(ERROR_DIRECTORY, FALSE) : result >= 0;
+    });
+}
+
 } // namespace
 
 DWORD GetFileAttributesA(LPCSTR path)
@@ -154,30 +169,12 @@ BOOL CreateDirectoryA(LPCSTR path, LPSECURITY_ATTRIBUTES)
 
 BOOL RemoveDirectoryA(LPCSTR path)
 {
-    return guarded(FALSE, [&]() -> BOOL {
-        bool isNoFolder = false;
-        int result = onPath(path, [&](const char *unixName) {
-            int removed = rmdir(unixName);
-            struct stat status;
-            isNoFolder = removed != 0 && errno == ENOTDIR && lstat(unixName, &status) == 0;
-            return isNoFolder ? 0 : removed;
-        });
-        return isNoFolder ? fail(ERROR_DIRECTORY, FALSE) : result >= 0;
-    });
+    return onFolder(path, rmdir);
 }
 
 BOOL SetCurrentDirectoryA(LPCSTR path)
 {
-    return guarded(FALSE, [&]() -> BOOL {
-        bool isNoFolder = false;
-        int result = onPath(path, [&](const char *unixName) {
-            int changed = chdir(unixName);
-            struct stat status;
-            isNoFolder = changed != 0 && errno == ENOTDIR && lstat(unixName, &status) == 0;
-            return isNoFolder ? 0 : changed;
-        });
-        return isNoFolder ? fail(ERROR_DIRECTORY, FALSE) : result >= 0;
-    });
+    return onFolder(path, chdir);
 }
 
 DWORD GetFullPathNameA(LPCSTR path, DWORD size, LPSTR buffer, LPSTR *namePart)

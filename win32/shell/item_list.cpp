@@ -26,7 +26,7 @@ constexpr uint16_t longNameOffset = 20;
 bool isComputer(std::string_view item)
 {
     return item.size() >= computerOffset + sizeof computer && static_cast<uint8_t>(item[2]) == rootItem
-        && memcmp(item.data() + computerOffset, computer, sizeof computer) == 0;
+           && memcmp(item.data() + computerOffset, computer, sizeof computer) == 0;
 }
 
 bool isDrive(std::string_view item)
@@ -64,7 +64,8 @@ uint32_t dosTime(const FILETIME &time)
     if (!FileTimeToSystemTime(&time, &parts) || parts.wYear < 1980 || parts.wYear > 2107)
         return 0;
     unsigned date = (parts.wYear - 1980u) << 9 | static_cast<unsigned>(parts.wMonth) << 5 | parts.wDay;
-    unsigned ofDay = static_cast<unsigned>(parts.wHour) << 11 | static_cast<unsigned>(parts.wMinute) << 5 | parts.wSecond / 2u;
+    unsigned ofDay =
+        static_cast<unsigned>(parts.wHour) << 11 | static_cast<unsigned>(parts.wMinute) << 5 | parts.wSecond / 2u;
     return ofDay << 16 | date;
 }
 

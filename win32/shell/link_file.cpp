@@ -194,8 +194,9 @@ bool readLinkFile(std::string_view bytes, LinkFile &link)
     if (!takeHeader(reader, read.header))
         return false;
     uint32_t flags = read.header.flags;
-    bool isWhole = (!(flags & linkHasItemList) || takeItemList(reader, read)) && (!(flags & linkHasInfo) || takeInfo(reader, read))
-                && takeTexts(reader, read) && takeBlocks(reader, read);
+    bool isWhole = (!(flags & linkHasItemList) || takeItemList(reader, read))
+                   && (!(flags & linkHasInfo) || takeInfo(reader, read)) && takeTexts(reader, read)
+                   && takeBlocks(reader, read);
     if (!isWhole)
         return false;
     if (flags & linkIgnoresInfo)

@@ -80,7 +80,8 @@ bool readLinkInfo(std::string_view info, std::u16string &path)
 {
     path.clear();
     Header header{};
-    if (!readAt(info, sizeof header.size, header.headerSize) || header.headerSize < headerSize || header.headerSize > info.size())
+    if (!readAt(info, sizeof header.size, header.headerSize) || header.headerSize < headerSize
+        || header.headerSize > info.size())
         return false;
     memcpy(&header, info.data(), header.headerSize >= headerSizeWithUtf16 ? headerSizeWithUtf16 : headerSize);
     if (!(header.flags & (hasLocalPath | hasNetworkPath)))

@@ -463,6 +463,33 @@ TEST_F(FileManager, VolumesTellTheirRoom)
     EXPECT_NE(PBHGetVInfoSync(&block), noErr);
 }
 
+TEST_F(FileManager, PreferencesFolderIsFoundAndMade)
+{
+    SInt16 volume = -7;
+    SInt32 directory = -7;
+    EXPECT_EQ(FindFolder(0, kPreferencesFolderType, true, &volume, &directory), -4);
+    EXPECT_EQ(FindFolder(kOnSystemDisk, 0x64657374, true, &volume, &directory), -4);
+    EXPECT_EQ(directory, -7);
+    EXPECT_EQ(FindFolder(kOnSystemDisk, kPreferencesFolderType, true, &volume, &directory), noErr);
+    EXPECT_GE(directory, 3);
+    EXPECT_GE(volume, 1);
+
+    char base[260], path[260], again[260];
+    EXPECT_EQ(FindAndCreatePrefsFolder(base, false, nullptr, nullptr, nullptr), noErr);
+    std::string sub = "mtbx-test-" + std::to_string(GetCurrentProcessId());
+    EXPECT_EQ(FindAndCreatePrefsFolder(path, false, sub.c_str(), "inner", nullptr), -120);
+    EXPECT_EQ(FindAndCreatePrefsFolder(path, true, sub.c_str(), nullptr, "inner"), noErr);
+    EXPECT_EQ(path, std::string(base) + "\\" + sub + "\\inner");
+    EXPECT_EQ(FindAndCreatePrefsFolder(again, false, ("\\" + sub).c_str(), "\\inner", nullptr), noErr);
+    EXPECT_STREQ(again, path);
+    RemoveDirectoryA(path);
+    HANDLE file = CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
+    CloseHandle(file);
+    EXPECT_EQ(FindAndCreatePrefsFolder(again, true, sub.c_str(), "inner", nullptr), -120) << "a file in its place";
+    DeleteFileA(path);
+    RemoveDirectoryA((std::string(base) + "\\" + sub).c_str());
+}
+
 TEST(DateTime, ConvertsBothWays)
 {
     DateTimeRec date;

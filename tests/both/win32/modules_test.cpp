@@ -10,14 +10,6 @@
 
 namespace {
 
-std::string folderOfProgram()
-{
-    char path[MAX_PATH];
-    GetModuleFileNameA(nullptr, path, sizeof path);
-    std::string text = path;
-    return text.substr(0, text.rfind('\\') + 1);
-}
-
 std::string name(LPCSTR argument)
 {
     return IS_INTRESOURCE(argument) ? "#" + std::to_string(reinterpret_cast<ULONG_PTR>(argument)) : argument;

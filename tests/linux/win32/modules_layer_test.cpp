@@ -15,14 +15,6 @@
 
 namespace {
 
-std::string folderOfProgram()
-{
-    char path[MAX_PATH];
-    GetModuleFileNameA(nullptr, path, sizeof path);
-    std::string text = path;
-    return text.substr(0, text.rfind('\\') + 1);
-}
-
 class ModuleLayer : public testing::Test {
 protected:
     ModuleLayer() : folder_("layer-modules")
