@@ -42,6 +42,7 @@ struct CachedFile {
     std::string path;
     Stamp stamp;
     ProfileFile file;
+    DWORD readError = NO_ERROR; // why there is no content
 };
 
 class Descriptor {
@@ -92,10 +93,15 @@ bool readFile(const char *path, std::string &content, Stamp &stamp)
         return fail(ERROR_ACCESS_DENIED, false);
     content.resize(static_cast<size_t>(stamp.size));
     size_t length = 0;
-    ssize_t count;
-    while (length < content.size() && (count = ::read(file, content.data() + length, content.size() - length)) > 0)
+    while (length < content.size()) {
+        ssize_t count = ::read(file, content.data() + length, content.size() - length);
+        if (count < 0 && errno == EINTR)
+            continue;
+        // What was read so far must not pass for the whole: it would be written back as that.
+        if (count <= 0)
+            return fail(count < 0 ? errorFromErrno(errno) : DWORD{ERROR_READ_FAULT}, false);
         length += static_cast<size_t>(count);
-    content.resize(length);
+    }
     return true;
 }
 
@@ -109,28 +115,46 @@ bool resolve(LPCSTR path, std::string &result)
     return true;
 }
 
-// With the mutex held. Always gives an entry: an unreadable file is an empty one.
-CachedFile &current(const std::string &path)
+bool isMissing(DWORD error)
+{
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
+Stamp stampOfPath(const std::string &path, DWORD &error)
 {
     struct stat status;
-    Stamp stamp = stat(path.c_str(), &status) == 0 ? stampOf(status) : Stamp{};
+    if (stat(path.c_str(), &status) != 0) {
+        error = errorFromErrno(errno);
+        return {};
+    }
+    Stamp stamp = stampOf(status);
+    error = stamp.size < 0 ? ERROR_ACCESS_DENIED : NO_ERROR;
+    return stamp;
+}
+
+// With the mutex held. Always gives an entry: an unreadable file is an empty one that tells its error.
+CachedFile &current(const std::string &path)
+{
+    CachedFile fresh{path, {}, ProfileFile()};
+    fresh.stamp = stampOfPath(path, fresh.readError);
     for (auto it = cache.begin(); it != cache.end(); ++it) {
         if (it->path != path)
             continue;
         cache.splice(cache.begin(), cache, it);
-        if (it->stamp == stamp)
+        if (it->stamp == fresh.stamp && it->readError == fresh.readError)
             return *it;
         cache.pop_front();
         break;
     }
     std::string content;
-    CachedFile fresh{path, {}, ProfileFile()};
-    if (stamp.size >= 0 && readFile(path.c_str(), content, fresh.stamp)) {
-        if (isUtf16(content))
-            fresh.stamp = {};
-        else
-            fresh.file = ProfileFile(content);
-    }
+    if (!fresh.readError && !readFile(path.c_str(), content, fresh.stamp))
+        fresh.readError = GetLastError();
+    if (!fresh.readError && isUtf16(content))
+        fresh.readError = ERROR_NOT_SUPPORTED;
+    if (fresh.readError)
+        fresh.stamp = {};
+    else
+        fresh.file = ProfileFile(content);
     cache.push_front(std::move(fresh));
     if (cache.size() > cachedFiles)
         cache.pop_back();
@@ -151,21 +175,34 @@ bool writeAll(int file, const std::string &content)
     return true;
 }
 
-// Writes beside the old file and renames over it, so that at every moment one of the two is whole.
-bool replaceFile(const std::string &path, const std::string &content, Stamp &stamp)
+// A file left by a program that crashed may have the name already.
+int openTemporary(const std::string &path, mode_t mode, std::string &temporary)
 {
     static std::atomic<unsigned> counter{0};
-    char suffix[48];
-    snprintf(suffix, sizeof suffix, ".%ld.%u.tmp", static_cast<long>(getpid()), counter++);
-    std::string temporary = path + suffix;
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        char suffix[48];
+        snprintf(suffix, sizeof suffix, ".%ld.%u.tmp", static_cast<long>(getpid()), counter++);
+        temporary = path + suffix;
+        int file = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (file >= 0 || errno != EEXIST)
+            return file;
+    }
+    return -1;
+}
+
+// Writes beside the old file and renames over it, so that at every moment one of the two is whole.
+// The stamp tells which content was changed: when the file on disk is another one by now, changedByOthers says
+// that the change is to be made anew.
+bool replaceFile(const std::string &path, const std::string &content, Stamp &stamp, bool &changedByOthers)
+{
     struct stat old;
     bool existed = stat(path.c_str(), &old) == 0;
     if (existed && !S_ISREG(old.st_mode))
         return fail(ERROR_ACCESS_DENIED, false);
     if (existed && access(path.c_str(), W_OK) != 0)
         return fail(ERROR_ACCESS_DENIED, false);
-    Descriptor file(
-        open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, existed ? old.st_mode & 0777 : 0666));
+    std::string temporary;
+    Descriptor file(openTemporary(path, existed ? old.st_mode & 0777 : 0666, temporary));
     if (file < 0)
         return fail(errno == ENOENT ? DWORD{ERROR_PATH_NOT_FOUND} : errorFromErrno(errno), false);
     // The mode given at creation passes through the mask; the old file's mode is to stay as it is.
@@ -173,8 +210,12 @@ bool replaceFile(const std::string &path, const std::string &content, Stamp &sta
     if (existed && (old.st_uid != geteuid() || old.st_gid != getegid()))
         ready = fchown(file, old.st_uid, old.st_gid) == 0 && ready;
     struct stat made;
-    if (ready && writeAll(file, content) && fstat(file, &made) == 0 && file.close()
-        && rename(temporary.c_str(), path.c_str()) == 0) {
+    ready = ready && writeAll(file, content) && fstat(file, &made) == 0 && file.close();
+    int problem = errno;
+    DWORD error;
+    changedByOthers = ready && !(stampOfPath(path, error) == stamp);
+    errno = problem;
+    if (ready && !changedByOthers && rename(temporary.c_str(), path.c_str()) == 0) {
         stamp = stampOf(made);
         return true;
     }
@@ -189,15 +230,25 @@ public:
     explicit FolderLock(const std::string &path)
         : folder_(open(path.substr(0, path.rfind('/') + 1).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
     {
-        // Another process holds the lock for the time of one write. One that never lets go must
-        // not stop this one for good.
-        constexpr int tries = 500;
-        for (int attempt = 0; folder_ >= 0 && attempt < tries && flock(folder_, LOCK_EX | LOCK_NB) != 0; ++attempt)
-            usleep(1000);
+        // Another process holds the lock for the time of one write. One that never lets go must not stop
+        // this one for good.
+        constexpr int tries = 5000;
+        bool held = false, isTaken = true;
+        for (int attempt = 0; folder_ >= 0 && !held && isTaken && attempt < tries; ++attempt) {
+            held = flock(folder_, LOCK_EX | LOCK_NB) == 0;
+            isTaken = !held && errno == EWOULDBLOCK;
+            if (isTaken)
+                usleep(1000);
+        }
+        isRefused_ = folder_ >= 0 && !held && isTaken;
     }
+
+    // A folder that cannot be locked at all is no reason not to write.
+    bool isRefused() const { return isRefused_; }
 
 private:
     Descriptor folder_;
+    bool isRefused_ = false;
 };
 
 // A profile behind a symbolic link is replaced where it lies; the link stays.
@@ -207,13 +258,32 @@ std::string withoutLinks(const std::string &path)
     return realpath(path.c_str(), target) ? target : path;
 }
 
-bool isUnreadable(const std::string &path)
+enum class Outcome { Done, Failed, ChangedByOthers };
+
+// With the mutex and the folder's lock held.
+Outcome changeOnce(const std::string &path, const std::function<void(ProfileFile &)> &change)
 {
-    std::string content;
-    Stamp stamp;
-    if (readFile(path.c_str(), content, stamp))
-        return isUtf16(content) && fail(ERROR_NOT_SUPPORTED, true);
-    return GetLastError() != ERROR_FILE_NOT_FOUND && GetLastError() != ERROR_PATH_NOT_FOUND;
+    CachedFile &cached = current(path);
+    // What cannot be read must not be taken for empty and overwritten.
+    if (cached.readError && !isMissing(cached.readError))
+        return fail(cached.readError, Outcome::Failed);
+    std::string before = cached.file.content();
+    // Until the new content is on disk the entry in the cache is not to be believed, and nothing that
+    // could fail may come after that.
+    std::list<CachedFile> taken;
+    taken.splice(taken.begin(), cache, cache.begin());
+    change(cached.file);
+    std::string after = cached.file.content();
+    // Removing from a file that is not there makes none.
+    if (after == before)
+        return Outcome::Done;
+    bool changedByOthers = false;
+    if (!replaceFile(path, after, cached.stamp, changedByOthers))
+        return changedByOthers ? Outcome::ChangedByOthers : Outcome::Failed;
+    cached.readError = NO_ERROR;
+    if (!cached.file.isStale())
+        cache.splice(cache.begin(), taken);
+    return Outcome::Done;
 }
 
 } // namespace
@@ -237,23 +307,12 @@ bool change(LPCSTR path, const std::function<void(ProfileFile &)> &change)
     resolved = withoutLinks(resolved);
     std::lock_guard lock(storeMutex);
     FolderLock folderLock(resolved);
-    CachedFile &cached = current(resolved);
-    // What cannot be read must not be taken for empty and overwritten.
-    if (cached.stamp.size < 0 && isUnreadable(resolved))
-        return false;
-    std::string before = cached.file.content();
-    // Until the new content is on disk the entry in the cache is not to be believed, and nothing that
-    // could fail may come after that.
-    std::list<CachedFile> taken;
-    taken.splice(taken.begin(), cache, cache.begin());
-    change(cached.file);
-    std::string after = cached.file.content();
-    bool unchanged = after == before && cached.stamp.size >= 0;
-    if (!unchanged && !replaceFile(resolved, after, cached.stamp))
-        return false;
-    if (!cached.file.isStale())
-        cache.splice(cache.begin(), taken);
-    return true;
+    if (folderLock.isRefused())
+        return fail(ERROR_SHARING_VIOLATION, false);
+    Outcome outcome = Outcome::ChangedByOthers;
+    for (int attempt = 0; outcome == Outcome::ChangedByOthers && attempt < 100; ++attempt)
+        outcome = changeOnce(resolved, change);
+    return outcome == Outcome::ChangedByOthers ? fail(ERROR_SHARING_VIOLATION, false) : outcome == Outcome::Done;
 }
 
 void forget(LPCSTR path)

@@ -2,6 +2,7 @@
 
 #include "bytes.h"
 #include "kernel/code_pages.h"
+#include "kernel/kernel_internal.h"
 
 #include <algorithm>
 
@@ -31,7 +32,10 @@ bool isComputer(std::string_view item)
 
 bool isDrive(std::string_view item)
 {
-    return item.size() > letterOffset + 1 && (item[2] & kindMask) == driveKind && item[letterOffset + 1] == ':';
+    if (item.size() <= letterOffset + 1 || (item[2] & kindMask) != driveKind || item[letterOffset + 1] != ':')
+        return false;
+    char letter = lowerAscii(item[letterOffset]);
+    return letter >= 'a' && letter <= 'z';
 }
 
 std::u16string longName(std::string_view item)

@@ -127,6 +127,10 @@ TEST_F(LinkLayer, AnItemListAloneTellsThePath)
         list[place] = 0;
     ASSERT_EQ(loadBytes(link, header(1) + list), S_OK);
     EXPECT_EQ(link.path(), target_);
+    constexpr size_t driveLetterOffset = 25;
+    list[driveLetterOffset] = 0;
+    ASSERT_EQ(loadBytes(link, header(1) + list), S_OK);
+    EXPECT_EQ(link.path(), "") << "a list that starts elsewhere names no file";
 }
 
 TEST_F(LinkLayer, VariablesAreReplacedUnlessAskedForRaw)
