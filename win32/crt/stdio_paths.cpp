@@ -1,7 +1,10 @@
 // The C library's calls that take a path, with Win32 paths. Programs reach them through this layer's
 // stdio.h.
+#include "kernel/file_information.h"
 #include "kernel/kernel_internal.h"
 #include "kernel/paths.h"
+
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -39,6 +42,11 @@ bool isWin32Path(const char *path)
     return strchr(path, '\\') || (path[0] && path[1] == ':');
 }
 
+bool knownUnixPath(const char *path, std::string &name)
+{
+    return path[0] != '/' && guarded(false, [&] { return unixPath(path, name); });
+}
+
 // Runs the operation with the Unix spelling of the path.
 template <class Operation> auto withUnixPath(const char *path, Operation operation) -> decltype(operation(path))
 {
@@ -61,7 +69,12 @@ template <class Operation> auto withUnixPath(const char *path, Operation operati
 
 FILE *Win32Crt_fopen(const char *path, const char *mode)
 {
-    return withUnixPath(path, [&](const char *name) { return fopen(name, mode); });
+    auto opened = [&](const char *name) { return fopen(name, mode); };
+    if (!mode || mode[0] == 'r')
+        return withUnixPath(path, opened);
+    // What would be made may be there under a name of other case.
+    std::string name;
+    return knownUnixPath(path, name) ? opened(name.c_str()) : withUnixPath(path, opened);
 }
 
 FILE *Win32Crt_freopen(const char *path, const char *mode, FILE *file)
@@ -69,13 +82,18 @@ FILE *Win32Crt_freopen(const char *path, const char *mode, FILE *file)
     if (!path)
         return freopen(nullptr, mode, file);
     std::string name;
-    bool isKnown = isWin32Path(path) && guarded(false, [&] { return unixPath(path, name); });
-    return freopen(isKnown ? name.c_str() : path, mode, file);
+    return freopen(knownUnixPath(path, name) ? name.c_str() : path, mode, file);
 }
 
 int Win32Crt_remove(const char *path)
 {
-    return withUnixPath(path, [](const char *name) { return remove(name); });
+    return withUnixPath(path, [](const char *name) {
+        DWORD refusal = deletionRefusal(name);
+        if (!refusal)
+            return unlink(name);
+        errno = EACCES;
+        return -1;
+    });
 }
 
 // On Windows the C library hands both names to the system, which never replaces a file.

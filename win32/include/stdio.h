@@ -6,7 +6,12 @@
 
 #pragma GCC system_header
 
+// The C library would give fopen another symbol for large files, which all files are here anyway.
+#include <features.h>
+#pragma push_macro("__USE_FILE_OFFSET64")
+#undef __USE_FILE_OFFSET64
 #include_next <stdio.h>
+#pragma pop_macro("__USE_FILE_OFFSET64")
 
 // The layer's own sources keep the C library's calls.
 #ifndef WIN32_LAYER_SOURCE

@@ -1,4 +1,5 @@
 // Whether a file is a program.
+#include "descriptor.h"
 #include "kernel_internal.h"
 #include "paths.h"
 
@@ -80,11 +81,11 @@ DWORD typeOf(int file)
 BOOL GetBinaryTypeA(LPCSTR path, LPDWORD type)
 {
     return guarded(FALSE, [&]() -> BOOL {
-        int file = onPath(path, [](const char *unixName) { return open(unixName, O_RDONLY | O_CLOEXEC | O_NONBLOCK); });
+        Descriptor file(
+            onPath(path, [](const char *unixName) { return open(unixName, O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
         if (file < 0)
             return FALSE;
         DWORD found = typeOf(file);
-        close(file);
         if (found == noProgram)
             return fail(ERROR_BAD_EXE_FORMAT, FALSE);
         *type = found;

@@ -1,6 +1,7 @@
 // Opening files, moving their bytes, their position and size.
 #include "file_object.h"
 
+#include "descriptor.h"
 #include "faults.h"
 #include "file_information.h"
 #include "file_names.h"
@@ -15,6 +16,7 @@
 
 #include <cerrno>
 #include <climits>
+#include <cstdio>
 #include <string>
 
 namespace win32 {
@@ -33,14 +35,14 @@ bool wantsWrite(DWORD access)
 }
 
 // Share modes are shown by locks, which need a descriptor that can read.
-int openForAccess(const char *path, DWORD access, int extra, mode_t mode)
+Descriptor openForAccess(const char *path, DWORD access, int extra, mode_t mode)
 {
     int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK | extra;
     if (!wantsWrite(access))
-        return open(path, flags | O_RDONLY, mode);
+        return Descriptor(open(path, flags | O_RDONLY, mode));
     int file = open(path, flags | O_RDWR, mode);
     bool mayOnlyWrite = file < 0 && errno == EACCES && !wantsRead(access);
-    return mayOnlyWrite ? open(path, flags | O_WRONLY, mode) : file;
+    return Descriptor(mayOnlyWrite ? open(path, flags | O_WRONLY, mode) : file);
 }
 
 struct Opening {
@@ -49,7 +51,13 @@ struct Opening {
     DWORD disposition;
     DWORD flags;
     bool existed = false;
+    std::string made; // the Unix path of a file that was not there before
 };
+
+bool empties(const Opening &opening)
+{
+    return opening.existed && (opening.disposition == CREATE_ALWAYS || opening.disposition == TRUNCATE_EXISTING);
+}
 
 DWORD refusal(int file, const Opening &opening)
 {
@@ -58,14 +66,10 @@ DWORD refusal(int file, const Opening &opening)
         return errorFromErrno(errno);
     if (S_ISDIR(status.st_mode))
         return ERROR_ACCESS_DENIED;
-    bool empties =
-        opening.existed && (opening.disposition == CREATE_ALWAYS || opening.disposition == TRUNCATE_EXISTING);
-    if (opening.existed && (empties || wantsWrite(opening.access)) && isReadOnly(status.st_mode))
+    if (opening.existed && (empties(opening) || wantsWrite(opening.access)) && isReadOnly(status.st_mode))
         return ERROR_ACCESS_DENIED;
     if (S_ISREG(status.st_mode) && !enterShareModes(file, opening.access, opening.share))
         return ERROR_SHARING_VIOLATION;
-    if (empties && S_ISREG(status.st_mode) && ftruncate(file, 0) != 0)
-        return errorFromErrno(errno);
     return NO_ERROR;
 }
 
@@ -76,69 +80,81 @@ bool isNullDevice(std::string_view name)
 }
 
 // A new file is made under the literal name; an existing one of another case is found before.
-int openOrCreate(const char *path, Opening &opening)
+Descriptor openOrCreate(const char *path, Opening &opening)
 {
     FullPath full;
-    if (!fullPath(path, full))
-        return -1;
-    size_t nameStart = full.components.rfind('\\') + 1;
-    std::string_view name = std::string_view(full.components).substr(nameStart);
-    if (!names::isAllowed(name))
-        return fail(ERROR_INVALID_NAME, -1);
+    std::string target;
+    if (!fullPath(path, full) || !namesOneThing(full, target))
+        return {};
+    bool mayCreate = opening.disposition != OPEN_EXISTING && opening.disposition != TRUNCATE_EXISTING;
+    std::string_view name = full.name();
+    if (!names::isAllowed(name) || (full.mustBeFolder && mayCreate))
+        return fail(ERROR_INVALID_NAME, Descriptor());
     if (isNullDevice(name))
         return openForAccess("/dev/null", opening.access, 0, 0);
     DWORD access = opening.disposition == CREATE_ALWAYS ? opening.access | GENERIC_WRITE : opening.access;
     bool mayExist = opening.disposition != CREATE_NEW;
-    bool mayCreate = opening.disposition != OPEN_EXISTING && opening.disposition != TRUNCATE_EXISTING;
-    std::string target = literalUnixPath(full);
     for (int attempt = 0; attempt < 3; ++attempt) {
-        int file = openForAccess(target.c_str(), access, 0, 0);
+        Descriptor file = openForAccess(target.c_str(), access, 0, 0);
         if (file < 0 && (errno == ENOENT || errno == ENOTDIR)) {
             target = unixPathOnDisk(full);
             file = openForAccess(target.c_str(), access, 0, 0);
         }
         if (file >= 0 || (errno != ENOENT && errno != ENOTDIR)) {
             opening.existed = true;
-            int reason = errno;
-            if (!mayExist) {
-                if (file >= 0)
-                    close(file);
-                return fail(ERROR_FILE_EXISTS, -1);
-            }
-            return file >= 0 ? file : fail(errorFromErrno(reason), -1);
+            if (!mayExist)
+                return fail(ERROR_FILE_EXISTS, Descriptor());
+            if (file < 0)
+                SetLastError(errorFromErrno(errno));
+            return file;
         }
         if (!mayCreate || errno == ENOTDIR)
-            return fail(missingError(target), -1);
+            return fail(missingError(target), Descriptor());
         mode_t mode = opening.flags & FILE_ATTRIBUTE_READONLY ? 0444 : 0666;
         file = openForAccess(target.c_str(), GENERIC_READ | GENERIC_WRITE, O_CREAT | O_EXCL, mode);
         if (file >= 0) {
-            size_t slash = target.rfind('/');
-            noteMadeInFolder(slash ? target.substr(0, slash) : "/", std::string_view(target).substr(slash + 1));
+            noteMade(target);
             if (opening.flags & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM))
                 setFileAttributes(target.c_str(), opening.flags);
+            opening.made = std::move(target);
             return file;
         }
         // Somebody else has made it in between: then it is there to be opened.
         if (errno != EEXIST)
-            return fail(pathError(errno, target), -1);
+            return fail(pathError(errno, target), Descriptor());
     }
-    return fail(ERROR_SHARING_VIOLATION, -1);
+    return fail(ERROR_SHARING_VIOLATION, Descriptor());
+}
+
+// The old content goes last, when nothing else can fail any more.
+HANDLE handleOf(Descriptor descriptor, const Opening &opening)
+{
+    if (DWORD reason = refusal(descriptor, opening))
+        return fail(reason, INVALID_HANDLE_VALUE);
+    int number = descriptor;
+    HANDLE handle = handleFor(new FileObject(descriptor.release(), opening.access, opening.flags));
+    if (!handle)
+        return INVALID_HANDLE_VALUE;
+    struct stat status;
+    if (empties(opening) && fstat(number, &status) == 0 && S_ISREG(status.st_mode) && ftruncate(number, 0) != 0) {
+        DWORD reason = errorFromErrno(errno);
+        CloseHandle(handle);
+        return fail(reason, INVALID_HANDLE_VALUE);
+    }
+    return handle;
 }
 
 HANDLE createFile(LPCSTR path, Opening opening)
 {
-    int descriptor = openOrCreate(path, opening);
+    Descriptor descriptor = openOrCreate(path, opening);
     if (descriptor < 0)
         return INVALID_HANDLE_VALUE;
-    DWORD reason = refusal(descriptor, opening);
-    auto file = reason ? nullptr : new (std::nothrow) FileObject(descriptor, opening.access, opening.flags);
-    if (!file) {
-        close(descriptor);
-        return fail(reason ? reason : DWORD{ERROR_NOT_ENOUGH_MEMORY}, INVALID_HANDLE_VALUE);
+    HANDLE handle = guarded(INVALID_HANDLE_VALUE, [&] { return handleOf(std::move(descriptor), opening); });
+    if (handle == INVALID_HANDLE_VALUE) {
+        if (!opening.made.empty())
+            unlink(opening.made.c_str());
+        return handle;
     }
-    HANDLE handle = handleFor(file);
-    if (!handle)
-        return INVALID_HANDLE_VALUE;
     bool tellsExisted = opening.existed && (opening.disposition == CREATE_ALWAYS || opening.disposition == OPEN_ALWAYS);
     SetLastError(tellsExisted ? ERROR_ALREADY_EXISTS : NO_ERROR);
     return handle;
@@ -214,7 +230,7 @@ bool fileSize(const FileObject &file, int64_t &size)
 }
 
 // The new position, -1 with the last error.
-int64_t moveTo(FileObject &file, int64_t distance, DWORD method)
+int64_t moveTo(FileObject &file, int64_t distance, DWORD method, int64_t furthest = INT64_MAX)
 {
     std::lock_guard lock(file.mutex);
     int64_t base = 0;
@@ -229,10 +245,18 @@ int64_t moveTo(FileObject &file, int64_t distance, DWORD method)
         return fail(ERROR_INVALID_PARAMETER, int64_t{-1});
     if (target < 0)
         return fail(ERROR_NEGATIVE_SEEK, int64_t{-1});
-    if (!file.allows(nullptr, 0, target))
+    if (target > furthest || !file.allows(nullptr, 0, target))
         return fail(ERROR_INVALID_PARAMETER, int64_t{-1});
     file.position = target;
     return target;
+}
+
+// All bits clear, or all set, stand for no change, as a null pointer does.
+timespec timeToSet(const FILETIME *time)
+{
+    bool none = !time || (time->dwLowDateTime == 0 && time->dwHighDateTime == 0)
+                || (time->dwLowDateTime & time->dwHighDateTime) == 0xffffffff;
+    return none ? timespec{0, UTIME_OMIT} : timespecFrom(*time);
 }
 
 } // namespace
@@ -288,10 +312,12 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES
 {
     if (faults::fails("CreateFileA"))
         return INVALID_HANDLE_VALUE;
-    bool empties = disposition == TRUNCATE_EXISTING && !wantsWrite(access);
-    if (disposition < CREATE_NEW || disposition > TRUNCATE_EXISTING || empties)
+    bool mayNotEmpty = disposition == TRUNCATE_EXISTING && !wantsWrite(access);
+    if (disposition < CREATE_NEW || disposition > TRUNCATE_EXISTING || mayNotEmpty)
         return fail(ERROR_INVALID_PARAMETER, INVALID_HANDLE_VALUE);
-    return guarded(INVALID_HANDLE_VALUE, [&] { return createFile(path, {access, share, disposition, flags}); });
+    return guarded(INVALID_HANDLE_VALUE, [&] {
+        return createFile(path, {access, share, disposition, flags, false, {}});
+    });
 }
 
 BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD count, LPOVERLAPPED overlapped)
@@ -326,7 +352,8 @@ DWORD SetFilePointer(HANDLE handle, LONG distance, PLONG distanceHigh, DWORD met
     if (distanceHigh)
         whole = static_cast<int64_t>(static_cast<uint64_t>(static_cast<DWORD>(*distanceHigh)) << 32
                                      | static_cast<DWORD>(distance));
-    int64_t position = moveTo(*file, whole, method);
+    // A position that the caller could not be told is not taken.
+    int64_t position = moveTo(*file, whole, method, distanceHigh ? INT64_MAX : int64_t{UINT32_MAX});
     if (position < 0)
         return INVALID_SET_FILE_POINTER;
     if (distanceHigh)
@@ -394,9 +421,10 @@ BOOL GetFileTime(HANDLE handle, LPFILETIME created, LPFILETIME accessed, LPFILET
     Ref<FileObject> file = acquireFile(handle);
     if (!file)
         return FALSE;
-    std::string path = "/proc/self/fd/" + std::to_string(file->descriptor());
+    char path[32];
+    snprintf(path, sizeof path, "/proc/self/fd/%d", file->descriptor());
     FileInformation information;
-    if (!fileInformation(path.c_str(), information))
+    if (!fileInformation(path, information))
         return fail(errorFromErrno(errno), FALSE);
     if (created)
         *created = information.created;
@@ -413,7 +441,6 @@ BOOL SetFileTime(HANDLE handle, const FILETIME *, const FILETIME *accessed, cons
     Ref<FileObject> file = acquireFile(handle);
     if (!file)
         return FALSE;
-    timespec unchanged{0, UTIME_OMIT};
-    timespec times[2] = {accessed ? timespecFrom(*accessed) : unchanged, written ? timespecFrom(*written) : unchanged};
+    timespec times[2] = {timeToSet(accessed), timeToSet(written)};
     return futimens(file->descriptor(), times) == 0 ? TRUE : fail(errorFromErrno(errno), FALSE);
 }

@@ -17,7 +17,8 @@ namespace win32 {
 namespace {
 
 constexpr char attributeName[] = "user.DOSATTRIB";
-constexpr DWORD keptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+constexpr DWORD keptAttributes =
+    FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_READONLY;
 
 // Most files have no extended attribute, and each question costs a call of the system, so answers are
 // kept. Setting the attribute changes the file's time of change; while that time is so young that a change
@@ -64,6 +65,21 @@ DWORD extendedAttributes(const char *path, const struct statx &status)
     return attributes;
 }
 
+void storeAttributes(const char *path, DWORD attributes)
+{
+    char text[16];
+    snprintf(text, sizeof text, "0x%x", attributes);
+    if (attributes)
+        setxattr(path, attributeName, text, strlen(text), 0);
+    else
+        removexattr(path, attributeName);
+}
+
+bool copyText(ssize_t length, const char *text, int to)
+{
+    return length <= 0 || fsetxattr(to, attributeName, text, static_cast<size_t>(length), 0) == 0 || errno == ENOTSUP;
+}
+
 bool isDotName(const char *path)
 {
     const char *slash = strrchr(path, '/');
@@ -92,7 +108,8 @@ bool fileInformation(const char *path, FileInformation &result)
         return false;
     bool isFolder = S_ISDIR(status.stx_mode);
     result.attributes = isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
-    result.attributes |= extendedAttributes(path, status);
+    result.attributes |= extendedAttributes(path, status)
+                         & (isFolder ? keptAttributes : keptAttributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
     if (isDotName(path))
         result.attributes |= FILE_ATTRIBUTE_HIDDEN;
     if (isReadOnly(status.stx_mode))
@@ -110,6 +127,10 @@ bool setFileAttributes(const char *path, DWORD attributes)
     struct stat status;
     if (stat(path, &status) != 0)
         return false;
+    if (S_ISDIR(status.st_mode)) {
+        storeAttributes(path, attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_READONLY));
+        return true;
+    }
     mode_t mode = status.st_mode & 07777;
     mode_t writable = mode | S_IWUSR;
     mode_t readOnly = mode & ~static_cast<mode_t>(S_IWUSR | S_IWGRP | S_IWOTH);
@@ -117,14 +138,20 @@ bool setFileAttributes(const char *path, DWORD attributes)
     // The extended attribute can only be changed while the file may be written.
     if (isReadOnly(mode) && chmod(path, writable) != 0)
         return false;
-    DWORD stored = attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
-    char text[16];
-    snprintf(text, sizeof text, "0x%x", stored);
-    if (stored)
-        setxattr(path, attributeName, text, strlen(text), 0);
-    else
-        removexattr(path, attributeName);
+    storeAttributes(path, attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
     return chmod(path, wanted) == 0;
+}
+
+bool copyKeptAttributes(const char *fromUnixPath, int to)
+{
+    char text[32];
+    return copyText(getxattr(fromUnixPath, attributeName, text, sizeof text), text, to);
+}
+
+bool copyKeptAttributes(int from, int to)
+{
+    char text[32];
+    return copyText(fgetxattr(from, attributeName, text, sizeof text), text, to);
 }
 
 } // namespace win32

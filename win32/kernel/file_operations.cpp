@@ -1,4 +1,5 @@
 // Attributes, deleting, renaming, folders, and the current directory.
+#include "descriptor.h"
 #include "file_information.h"
 #include "file_names.h"
 #include "folder_cache.h"
@@ -10,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -18,45 +20,22 @@ namespace {
 
 using namespace win32;
 
-bool endsInSeparator(LPCSTR path)
-{
-    size_t length = strlen(path);
-    return length > 0 && (path[length - 1] == '\\' || path[length - 1] == '/');
-}
+enum class NewThing { File, Folder };
 
 // The path of something new: its folder as it is on disk, its name as the caller spells it. False when
 // something of the name is there already, in any case, or cannot be made.
-bool newUnixPath(LPCSTR path, std::string &result)
+bool newUnixPath(LPCSTR path, NewThing kind, std::string &result)
 {
     FullPath full;
     if (!fullPath(path, full))
         return false;
-    size_t last = full.components.rfind('\\');
-    if (last == std::string::npos)
+    if (full.components.empty())
         return fail(ERROR_ALREADY_EXISTS, false);
-    if (!names::isAllowed(std::string_view(full.components).substr(last + 1)))
+    if (full.hasWildcard() || !names::isAllowed(full.name()) || (full.mustBeFolder && kind == NewThing::File))
         return fail(ERROR_INVALID_NAME, false);
     result = unixPathOnDisk(full);
     struct stat status;
     return lstat(result.c_str(), &status) != 0 || fail(ERROR_ALREADY_EXISTS, false);
-}
-
-void noteMade(const std::string &unixPath)
-{
-    size_t slash = unixPath.rfind('/');
-    noteMadeInFolder(slash ? unixPath.substr(0, slash) : "/", std::string_view(unixPath).substr(slash + 1));
-}
-
-DWORD deletionRefusal(const char *path)
-{
-    struct stat status;
-    if (lstat(path, &status) != 0)
-        return NO_ERROR; // unlink tells why
-    if (S_ISDIR(status.st_mode))
-        return ERROR_ACCESS_DENIED;
-    if (S_ISREG(status.st_mode) && isReadOnly(status.st_mode))
-        return ERROR_ACCESS_DENIED;
-    return S_ISREG(status.st_mode) && deniesDeletion(path) ? ERROR_SHARING_VIOLATION : NO_ERROR;
 }
 
 // A change of case alone finds the old file under the new name, and is no obstacle.
@@ -67,31 +46,83 @@ bool isSameFile(const std::string &left, const std::string &right)
            && first.st_ino == second.st_ino;
 }
 
+// Never over a file that another process has put there meanwhile, where the file system can promise it.
+int renameWithoutReplacing(const std::string &from, const std::string &to)
+{
+    int result = renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+    if (result != 0 && (errno == EINVAL || errno == ENOSYS))
+        result = rename(from.c_str(), to.c_str());
+    return result;
+}
+
+bool copyBytes(int from, int to)
+{
+    char buffer[65536];
+    for (;;) {
+        ssize_t count = read(from, buffer, sizeof buffer);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return count == 0;
+        for (ssize_t done = 0; done < count;) {
+            ssize_t written = write(to, buffer + done, static_cast<size_t>(count - done));
+            if (written < 0 && errno != EINTR)
+                return false;
+            done += std::max<ssize_t>(written, 0);
+        }
+    }
+}
+
+// The copy bears its name only when it is whole, and only then the old file goes.
+bool moveToOtherDisk(const std::string &source, const std::string &target, const struct stat &status)
+{
+    std::string temporary = target + ".moving-" + std::to_string(getpid());
+    Descriptor from(open(source.c_str(), O_RDONLY | O_CLOEXEC));
+    if (from < 0)
+        return fail(errorFromErrno(errno), false);
+    Descriptor to(open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, status.st_mode & 0777));
+    if (to < 0)
+        return fail(pathError(errno, temporary), false);
+    const timespec times[2] = {status.st_atim, status.st_mtim};
+    bool moved = copyBytes(from, to) && fchmod(to, status.st_mode & 0777) == 0 && copyKeptAttributes(from, to)
+                 && futimens(to, times) == 0 && to.close() && renameWithoutReplacing(temporary, target) == 0;
+    if (!moved) {
+        DWORD error = errorFromErrno(errno);
+        unlink(temporary.c_str());
+        return fail(error, false);
+    }
+    return unlink(source.c_str()) == 0 || fail(errorFromErrno(errno), false);
+}
+
 BOOL moveFile(LPCSTR from, LPCSTR to)
 {
     std::string source, target;
     struct stat status;
-    if (!unixPath(from, source))
+    FullPath full;
+    if (!fullPath(from, full) || !namesOneThing(full, source))
         return FALSE;
-    if (lstat(source.c_str(), &status) != 0)
-        return fail(pathError(errno, source), FALSE);
+    if (lstat(source.c_str(), &status) != 0) {
+        source = unixPathOnDisk(full);
+        if (lstat(source.c_str(), &status) != 0)
+            return fail(pathError(errno, source), FALSE);
+    }
     if (S_ISREG(status.st_mode) && deniesDeletion(source.c_str()))
         return fail(ERROR_SHARING_VIOLATION, FALSE);
-    if (!newUnixPath(to, target)) {
+    if (!newUnixPath(to, S_ISDIR(status.st_mode) ? NewThing::Folder : NewThing::File, target)) {
         if (GetLastError() != ERROR_ALREADY_EXISTS || !isSameFile(source, target))
             return FALSE;
-        FullPath full;
         fullPath(to, full);
-        size_t last = full.components.rfind('\\');
         target.resize(target.rfind('/') + 1);
-        target += names::diskFromAnsi(std::string_view(full.components).substr(last + 1));
+        target += names::diskFromAnsi(full.name());
     }
-    // Never over a file that another process has put there meanwhile, where the file system can promise it.
-    int result = renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE);
-    if (result != 0 && (errno == EINVAL || errno == ENOSYS))
-        result = rename(source.c_str(), target.c_str());
-    if (result != 0)
-        return fail(pathError(errno, target), FALSE);
+    if (renameWithoutReplacing(source, target) != 0) {
+        if (errno != EXDEV)
+            return fail(pathError(errno, target), FALSE);
+        if (!S_ISREG(status.st_mode))
+            return fail(ERROR_NOT_SAME_DEVICE, FALSE);
+        if (!moveToOtherDisk(source, target, status))
+            return FALSE;
+    }
     noteMade(target);
     return TRUE;
 }
@@ -99,6 +130,8 @@ BOOL moveFile(LPCSTR from, LPCSTR to)
 // Runs an operation that works on folders only, and tells of a file in a folder's place.
 BOOL onFolder(LPCSTR path, int (*operation)(const char *))
 {
+    if (!path || !*path)
+        return fail(ERROR_INVALID_NAME, FALSE);
     return guarded(FALSE, [&]() -> BOOL {
         bool isNoFolder = false;
         int result = onPath(path, [&](const char *unixName) {
@@ -113,17 +146,24 @@ BOOL onFolder(LPCSTR path, int (*operation)(const char *))
 
 } // namespace
 
+DWORD win32::deletionRefusal(const char *path)
+{
+    struct stat status;
+    if (lstat(path, &status) != 0)
+        return NO_ERROR; // unlink tells why
+    if (S_ISDIR(status.st_mode))
+        return ERROR_ACCESS_DENIED;
+    if (S_ISREG(status.st_mode) && isReadOnly(status.st_mode))
+        return ERROR_ACCESS_DENIED;
+    return S_ISREG(status.st_mode) && deniesDeletion(path) ? ERROR_SHARING_VIOLATION : NO_ERROR;
+}
+
 DWORD GetFileAttributesA(LPCSTR path)
 {
     return guarded(INVALID_FILE_ATTRIBUTES, [&]() -> DWORD {
-        if (strpbrk(path, "*?"))
-            return fail(ERROR_INVALID_NAME, INVALID_FILE_ATTRIBUTES);
         FileInformation information;
         if (onPath(path, [&](const char *unixName) { return fileInformation(unixName, information) ? 0 : -1; }) < 0)
             return INVALID_FILE_ATTRIBUTES;
-        // Only a folder can have a separator behind its name.
-        if (endsInSeparator(path) && !(information.attributes & FILE_ATTRIBUTE_DIRECTORY))
-            return fail(ERROR_PATH_NOT_FOUND, INVALID_FILE_ATTRIBUTES);
         return information.attributes;
     });
 }
@@ -157,7 +197,7 @@ BOOL CreateDirectoryA(LPCSTR path, LPSECURITY_ATTRIBUTES)
 {
     return guarded(FALSE, [&]() -> BOOL {
         std::string target;
-        if (!newUnixPath(path, target))
+        if (!newUnixPath(path, NewThing::Folder, target))
             return FALSE;
         if (mkdir(target.c_str(), 0777) != 0)
             return fail(errno == ENOENT || errno == ENOTDIR ? DWORD{ERROR_PATH_NOT_FOUND} : errorFromErrno(errno),
@@ -184,11 +224,12 @@ DWORD GetFullPathNameA(LPCSTR path, DWORD size, LPSTR buffer, LPSTR *namePart)
         if (!fullPath(path, full))
             return 0;
         std::string text = full.text();
-        if (endsInSeparator(path) && !full.components.empty())
+        if (full.mustBeFolder)
             text += '\\';
         DWORD length = copyPathResult(text, buffer, size);
+        bool hasName = !full.mustBeFolder && !full.components.empty();
         if (namePart && length < size)
-            *namePart = text.back() == '\\' ? nullptr : buffer + text.rfind('\\') + 1;
+            *namePart = hasName ? buffer + 2 + full.lastSeparator() + 1 : nullptr;
         return length;
     });
 }

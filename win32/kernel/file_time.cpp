@@ -95,7 +95,9 @@ SYSTEMTIME systemTimeNow(int64_t offset)
 
 BOOL shifted(const FILETIME *time, int64_t seconds, LPFILETIME result)
 {
-    *result = fromSteps(steps(*time) + seconds * stepsPerSecond);
+    // Times at the very ends wrap, as they do everywhere in Win32.
+    *result = fromSteps(
+        static_cast<int64_t>(static_cast<uint64_t>(steps(*time)) + static_cast<uint64_t>(seconds * stepsPerSecond)));
     return TRUE;
 }
 
@@ -103,14 +105,15 @@ BOOL shifted(const FILETIME *time, int64_t seconds, LPFILETIME result)
 
 FILETIME fileTimeFrom(const timespec &time)
 {
-    return fromSteps((static_cast<int64_t>(time.tv_sec) + unixEpoch) * stepsPerSecond + time.tv_nsec / 100);
+    uint64_t seconds = static_cast<uint64_t>(time.tv_sec) + unixEpoch;
+    return fromSteps(static_cast<int64_t>(seconds * stepsPerSecond + static_cast<uint64_t>(time.tv_nsec) / 100));
 }
 
 timespec timespecFrom(const FILETIME &time)
 {
-    int64_t count = steps(time) - unixEpoch * stepsPerSecond;
-    int64_t rest = (count % stepsPerSecond + stepsPerSecond) % stepsPerSecond;
-    return {static_cast<time_t>((count - rest) / stepsPerSecond), static_cast<long>(rest * 100)};
+    auto count = static_cast<uint64_t>(steps(time));
+    int64_t seconds = static_cast<int64_t>(count / stepsPerSecond) - unixEpoch;
+    return {static_cast<time_t>(seconds), static_cast<long>(count % stepsPerSecond * 100)};
 }
 
 } // namespace win32

@@ -126,9 +126,10 @@ bool findOne(const FullPath &full, WIN32_FIND_DATAA &data)
 
 bool findMatching(FullPath full, Search &search)
 {
-    size_t last = full.components.rfind('\\');
-    std::string pattern = full.components.substr(last + 1);
-    full.components.resize(last);
+    std::string pattern(full.name());
+    full.components.resize(full.lastSeparator());
+    if (full.hasWildcard())
+        return fail(ERROR_INVALID_NAME, false);
     std::string folder = unixPathOnDisk(full);
     std::unique_ptr<DIR, int (*)(DIR *)> directory(opendir(folder.c_str()), closedir);
     if (!directory)
@@ -145,13 +146,11 @@ bool beginSearch(LPCSTR path, Search &search, WIN32_FIND_DATAA &data)
     FullPath full;
     if (!fullPath(path, full))
         return false;
-    size_t length = strlen(path);
-    bool endsInSeparator = path[length - 1] == '\\' || path[length - 1] == '/';
-    if (endsInSeparator || full.components.empty())
+    if (full.mustBeFolder || full.components.empty())
         return fail(ERROR_FILE_NOT_FOUND, false);
-    if (!strpbrk(path, "*?"))
+    if (!full.hasWildcard())
         return findOne(full, data);
-    if (path[length - 1] == '.')
+    if (path[strlen(path) - 1] == '.')
         full.components += '.';
     if (!findMatching(full, search))
         return false;

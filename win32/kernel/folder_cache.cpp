@@ -112,8 +112,11 @@ std::string findInFolder(const std::string &path, std::string_view diskName)
     return found == folder->nameByFolded.end() ? std::string() : found->second;
 }
 
-void noteMadeInFolder(const std::string &path, std::string_view diskName)
-{
+void noteMade(std::string_view unixPath) noexcept
+try {
+    size_t slash = unixPath.rfind('/');
+    std::string path(slash ? unixPath.substr(0, slash) : "/");
+    std::string_view diskName = unixPath.substr(slash + 1);
     std::lock_guard lock(cacheMutex);
     struct stat status;
     if (stat(path.c_str(), &status) != 0)
@@ -123,6 +126,8 @@ void noteMadeInFolder(const std::string &path, std::string_view diskName)
         return;
     folder->nameByFolded.try_emplace(names::folded(diskName), diskName);
     folder->modified = nanoseconds(status.st_mtim);
+} catch (...) {
+    // Without this note the folder is read again.
 }
 
 } // namespace win32

@@ -12,6 +12,6 @@ namespace win32 {
 std::string findInFolder(const std::string &folder, std::string_view diskName);
 
 // Tells that this process has made the entry, so that the folder need not be read again for it.
-void noteMadeInFolder(const std::string &folder, std::string_view diskName);
+void noteMade(std::string_view unixPath) noexcept;
 
 } // namespace win32

@@ -34,12 +34,12 @@ size_t componentLength(const char *path)
     return length;
 }
 
-void removeLastComponent(std::string &components)
+size_t lastComponent(const std::string &components)
 {
     size_t last = 0;
     for (size_t place = 0; place < components.size(); place += 1 + componentLength(components.c_str() + place + 1))
         last = place;
-    components.resize(last);
+    return last;
 }
 
 // Blanks and dots at the end of a name do not count. A trail byte is never one of them.
@@ -58,7 +58,7 @@ void appendComponents(std::string &components, const char *path)
         path += length;
         path += *path ? 1 : 0;
         if (name == "..") {
-            removeLastComponent(components);
+            components.resize(lastComponent(components));
         } else if (std::string_view kept = withoutEnd(name); !kept.empty()) {
             components += '\\';
             components += kept;
@@ -103,11 +103,32 @@ std::string nameOnDisk(const std::string &folder, std::string_view ansiName)
     return literal;
 }
 
+bool endsInSeparator(const char *path)
+{
+    bool ends = false;
+    while (*path) {
+        path += componentLength(path);
+        ends = *path;
+        path += ends;
+    }
+    return ends;
+}
+
 } // namespace
+
+size_t FullPath::lastSeparator() const
+{
+    return components.empty() ? std::string::npos : lastComponent(components);
+}
+
+bool hasFolderOrDrive(const char *path)
+{
+    return path[componentLength(path)] || (path[0] && path[1] == ':');
+}
 
 bool fullPath(const char *path, FullPath &result)
 {
-    if (!*path)
+    if (!path || !*path)
         return fail(ERROR_PATH_NOT_FOUND, false);
     if (strnlen(path, MAX_PATH) >= MAX_PATH)
         return fail(ERROR_FILENAME_EXCED_RANGE, false);
@@ -130,6 +151,7 @@ bool fullPath(const char *path, FullPath &result)
     appendComponents(result.components, path);
     if (result.components.size() + 3 > MAX_PATH)
         return fail(ERROR_FILENAME_EXCED_RANGE, false);
+    result.mustBeFolder = !result.components.empty() && endsInSeparator(path);
     return true;
 }
 
@@ -162,10 +184,25 @@ bool unixPath(const char *path, std::string &result)
     FullPath full;
     if (!fullPath(path, full))
         return false;
+    if (full.hasWildcard())
+        return fail(ERROR_INVALID_NAME, false);
     result = literalUnixPath(full);
     if (!existsOnDisk(result))
         result = unixPathOnDisk(full);
     return true;
+}
+
+bool namesOneThing(const FullPath &path, std::string &literal)
+{
+    if (path.hasWildcard())
+        return fail(ERROR_INVALID_NAME, false);
+    literal = literalUnixPath(path);
+    if (!path.mustBeFolder)
+        return true;
+    struct stat status;
+    if (stat(literal.c_str(), &status) != 0 && stat(unixPathOnDisk(path).c_str(), &status) != 0)
+        return true; // missing: for the caller to find out
+    return S_ISDIR(status.st_mode) || fail(ERROR_INVALID_NAME, false);
 }
 
 std::string win32Path(const std::string &path)

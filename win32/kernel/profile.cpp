@@ -30,7 +30,7 @@ DWORD copyText(std::string_view text, LPSTR buffer, DWORD size)
 {
     text = text.substr(0, text.find('\0'));
     DWORD copied = static_cast<DWORD>(std::min<size_t>(text.size(), size - 1));
-    memcpy(buffer, text.data(), copied);
+    memmove(buffer, text.data(), copied); // a default may lie in the buffer itself
     buffer[copied] = 0;
     return copied;
 }
@@ -144,6 +144,8 @@ std::string encodeStruct(const BYTE *data, UINT size)
 // The number at the start of a text: decimal, or hexadecimal behind "0x"; wraps at 32 bits.
 UINT numberIn(std::string_view text)
 {
+    while (text.starts_with(' ') || text.starts_with('\t'))
+        text.remove_prefix(1);
     bool negative = text.starts_with('-');
     if (negative || text.starts_with('+'))
         text.remove_prefix(1);
@@ -168,8 +170,9 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR defaultText, L
 {
     if (!buffer || size == 0)
         return 0;
-    buffer[0] = 0;
-    return guarded(DWORD{0}, [&] {
+    // The default, or the names, may lie in the buffer: nothing is written to it before the text is known.
+    bool isAnswered = false;
+    DWORD length = guarded(DWORD{0}, [&] {
         DWORD result = 0;
         profiles::read(file, [&](const ProfileFile &profile) {
             if (!section || !key) {
@@ -182,8 +185,12 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR defaultText, L
             result =
                 value.data() ? copyText(withoutQuotes(value), buffer, size) : copyDefault(defaultText, buffer, size);
         });
+        isAnswered = true;
         return result;
     });
+    if (!isAnswered)
+        buffer[0] = 0;
+    return length;
 }
 
 UINT GetPrivateProfileIntA(LPCSTR section, LPCSTR key, INT defaultValue, LPCSTR file)

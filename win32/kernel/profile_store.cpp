@@ -1,7 +1,10 @@
 #include "profile_store.h"
 
+#include "descriptor.h"
+#include "file_information.h"
 #include "kernel_internal.h"
 #include "paths.h"
+#include "share_locks.h"
 
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -43,26 +46,6 @@ struct CachedFile {
     Stamp stamp;
     ProfileFile file;
     DWORD readError = NO_ERROR; // why there is no content
-};
-
-class Descriptor {
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor() { close(); }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-
-    operator int() const { return number_; }
-
-    bool close()
-    {
-        int number = number_;
-        number_ = -1;
-        return number < 0 || ::close(number) == 0;
-    }
-
-private:
-    int number_;
 };
 
 std::mutex storeMutex;
@@ -109,10 +92,9 @@ bool resolve(LPCSTR path, std::string &result)
 {
     if (!path)
         path = "win.ini";
-    if (strpbrk(path, "\\/:"))
+    if (hasFolderOrDrive(path))
         return unixPath(path, result);
-    result = driveCFolder() + "/windows/" + path;
-    return true;
+    return unixPath(("C:\\windows\\" + std::string(path)).c_str(), result);
 }
 
 bool isMissing(DWORD error)
@@ -199,8 +181,10 @@ bool replaceFile(const std::string &path, const std::string &content, Stamp &sta
     bool existed = stat(path.c_str(), &old) == 0;
     if (existed && !S_ISREG(old.st_mode))
         return fail(ERROR_ACCESS_DENIED, false);
-    if (existed && access(path.c_str(), W_OK) != 0)
+    if (existed && (isReadOnly(old.st_mode) || access(path.c_str(), W_OK) != 0))
         return fail(ERROR_ACCESS_DENIED, false);
+    if (existed && deniesWriting(path.c_str()))
+        return fail(ERROR_SHARING_VIOLATION, false);
     std::string temporary;
     Descriptor file(openTemporary(path, existed ? old.st_mode & 0777 : 0666, temporary));
     if (file < 0)
@@ -209,6 +193,8 @@ bool replaceFile(const std::string &path, const std::string &content, Stamp &sta
     bool ready = !existed || fchmod(file, old.st_mode & 07777) == 0;
     if (existed && (old.st_uid != geteuid() || old.st_gid != getegid()))
         ready = fchown(file, old.st_uid, old.st_gid) == 0 && ready;
+    if (existed)
+        copyKeptAttributes(path.c_str(), file);
     struct stat made;
     ready = ready && writeAll(file, content) && fstat(file, &made) == 0 && file.close();
     int problem = errno;
@@ -251,11 +237,21 @@ private:
     bool isRefused_ = false;
 };
 
-// A profile behind a symbolic link is replaced where it lies; the link stays.
-std::string withoutLinks(const std::string &path)
+// A profile behind a symbolic link is replaced, or made, where the link leads; the link stays.
+std::string withoutLinks(std::string path)
 {
     char target[PATH_MAX];
-    return realpath(path.c_str(), target) ? target : path;
+    if (realpath(path.c_str(), target))
+        return target;
+    constexpr int longestChain = 40;
+    for (int link = 0; link < longestChain; ++link) {
+        ssize_t length = readlink(path.c_str(), target, sizeof target);
+        if (length <= 0)
+            break;
+        size_t folder = target[0] == '/' ? 0 : path.rfind('/') + 1;
+        path = path.substr(0, folder) + std::string(target, static_cast<size_t>(length));
+    }
+    return path;
 }
 
 enum class Outcome { Done, Failed, ChangedByOthers };

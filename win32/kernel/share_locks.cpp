@@ -1,7 +1,8 @@
 #include "share_locks.h"
 
+#include "descriptor.h"
+
 #include <fcntl.h>
-#include <unistd.h>
 
 namespace win32 {
 namespace {
@@ -33,6 +34,12 @@ bool isStatedByOthers(int file, Statement statement)
     return fcntl(file, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
 }
 
+bool isStatedOfPath(const char *path, Statement statement)
+{
+    Descriptor file(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+    return file >= 0 && isStatedByOthers(file, statement);
+}
+
 } // namespace
 
 // Stating comes before looking: of two that open at the same time both may be refused, but never are
@@ -56,12 +63,12 @@ bool enterShareModes(int file, DWORD access, DWORD share)
 
 bool deniesDeletion(const char *unixPath)
 {
-    int file = open(unixPath, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW);
-    if (file < 0)
-        return false;
-    bool denied = isStatedByOthers(file, DeniesDeletion);
-    close(file);
-    return denied;
+    return isStatedOfPath(unixPath, DeniesDeletion);
+}
+
+bool deniesWriting(const char *unixPath)
+{
+    return isStatedOfPath(unixPath, DeniesWriting);
 }
 
 } // namespace win32

@@ -10,7 +10,8 @@ namespace win32 {
 // what it denies is done by another. On a file system without locks everything is granted.
 bool enterShareModes(int file, DWORD access, DWORD share);
 
-// Whether somebody has the file open without letting it be deleted.
+// Whether somebody has the file open without letting it be deleted, or written to.
 bool deniesDeletion(const char *unixPath);
+bool deniesWriting(const char *unixPath);
 
 } // namespace win32

@@ -1,6 +1,7 @@
 // Plain string calls and MulDiv.
 #include "kernel_internal.h"
 
+#include <climits>
 #include <cstring>
 
 int lstrlenA(LPCSTR text)
@@ -55,6 +56,8 @@ int _stricmp(const char *left, const char *right)
 
 int _strnicmp(const char *left, const char *right, size_t count)
 {
+    if (!left || !right)
+        return INT_MAX;
     for (size_t index = 0; index < count; ++index) {
         int first = static_cast<unsigned char>(win32::lowerAscii(left[index]));
         int second = static_cast<unsigned char>(win32::lowerAscii(right[index]));

@@ -4,6 +4,7 @@
 #include "kernel_internal.h"
 #include "paths.h"
 
+#include <sys/stat.h>
 #include <sys/statvfs.h>
 
 #include <algorithm>
@@ -68,8 +69,11 @@ DWORD GetLogicalDriveStringsA(DWORD size, LPSTR buffer)
 UINT GetDriveTypeA(LPCSTR root)
 {
     return guarded(UINT{DRIVE_UNKNOWN}, [&]() -> UINT {
-        FullPath full;
-        return !root || fullPath(root, full) ? DRIVE_FIXED : DRIVE_NO_ROOT_DIR;
+        struct stat status;
+        DWORD before = GetLastError();
+        bool exists = onPath(root ? root : "\\", [&](const char *unixName) { return stat(unixName, &status); }) >= 0;
+        SetLastError(before);
+        return exists && S_ISDIR(status.st_mode) ? DRIVE_FIXED : DRIVE_NO_ROOT_DIR;
     });
 }
 

@@ -326,13 +326,75 @@ TEST_F(Files, AttributesAreToldAndSet)
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
     EXPECT_TRUE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL));
     EXPECT_FALSE(GetFileAttributesA(path.c_str()) & FILE_ATTRIBUTE_READONLY);
-    for (auto &[name, error] : std::vector<std::pair<std::string, DWORD>>{{"none", ERROR_FILE_NOT_FOUND},
-                                                                          {"none\\x", ERROR_PATH_NOT_FOUND},
-                                                                          {"*", ERROR_INVALID_NAME},
-                                                                          {"f\\", ERROR_PATH_NOT_FOUND}}) {
+    for (auto &[name, error] : std::vector<std::pair<std::string, DWORD>>{
+             {"none", ERROR_FILE_NOT_FOUND}, {"none\\x", ERROR_PATH_NOT_FOUND}, {"*", ERROR_INVALID_NAME}}) {
         EXPECT_EQ(GetFileAttributesA(folder_.path(name).c_str()), INVALID_FILE_ATTRIBUTES);
         EXPECT_EQ(GetLastError(), error) << name;
     }
+}
+
+TEST_F(Files, TextsThatNameNoFileAreRefused)
+{
+    folder_.write("f", "x");
+    std::string asFolder = folder_.path("f\\"), wild = folder_.path("f*"), good = folder_.path("f");
+    DWORD type;
+    char buffer[MAX_PATH];
+    WIN32_FIND_DATAA data;
+    auto expectRefusals = [&](const char *path, DWORD error, DWORD folderError) {
+        auto refused = [&](const char *call, bool failed, DWORD expected) {
+            EXPECT_TRUE(failed) << call;
+            EXPECT_EQ(GetLastError(), expected) << call << ' ' << (path ? path : "null");
+        };
+        refused("open", CreateFileA(path, GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr) == INVALID_HANDLE_VALUE,
+                error);
+        refused("create", CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr) == INVALID_HANDLE_VALUE,
+                error);
+        refused("set attributes", !SetFileAttributesA(path, FILE_ATTRIBUTE_NORMAL), error);
+        refused("delete", !DeleteFileA(path), error);
+        refused("move", !MoveFileA(path, folder_.path("g").c_str()), error);
+        refused("remove folder", !RemoveDirectoryA(path), folderError);
+        refused("change folder", !SetCurrentDirectoryA(path), folderError);
+    };
+    expectRefusals(nullptr, ERROR_PATH_NOT_FOUND, ERROR_INVALID_NAME);
+    expectRefusals("", ERROR_PATH_NOT_FOUND, ERROR_INVALID_NAME);
+    expectRefusals(wild.c_str(), ERROR_INVALID_NAME, ERROR_INVALID_NAME);
+    EXPECT_FALSE(DeleteFileA(asFolder.c_str()));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_NAME));
+    EXPECT_FALSE(MoveFileA(asFolder.c_str(), folder_.path("g").c_str()));
+    EXPECT_EQ(GetFileAttributesA(asFolder.c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_FALSE(MoveFileA(good.c_str(), ""));
+    EXPECT_FALSE(CreateDirectoryA(nullptr, nullptr));
+    EXPECT_FALSE(CreateDirectoryA(wild.c_str(), nullptr));
+    EXPECT_EQ(GetFileAttributesA(nullptr), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetFullPathNameA(nullptr, sizeof buffer, buffer, nullptr), 0u);
+    EXPECT_EQ(FindFirstFileA(nullptr, &data), INVALID_HANDLE_VALUE);
+    EXPECT_FALSE(GetBinaryTypeA(nullptr, &type));
+    EXPECT_EQ(GetDriveTypeA("nosuch"), static_cast<UINT>(DRIVE_NO_ROOT_DIR));
+    EXPECT_EQ(folder_.read("f"), "x");
+}
+
+TEST_F(Files, AFolderMarkedReadOnlyStillTakesFiles)
+{
+    std::string folder = folder_.path("d");
+    CreateDirectoryA(folder.c_str(), nullptr);
+    EXPECT_TRUE(SetFileAttributesA(folder.c_str(), FILE_ATTRIBUTE_READONLY));
+    folder_.write("d\\in", "x");
+    EXPECT_EQ(folder_.read("d\\in"), "x");
+    EXPECT_TRUE(DeleteFileA(folder_.path("d\\in").c_str()));
+    SetFileAttributesA(folder.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_TRUE(RemoveDirectoryA(folder.c_str()));
+}
+
+TEST_F(Files, TimesOfAllOrNoBitsChangeNothing)
+{
+    HANDLE file = open("f", CREATE_ALWAYS);
+    FILETIME before, after, none = {0, 0}, all = {0xffffffff, 0xffffffff};
+    GetFileTime(file, nullptr, nullptr, &before);
+    EXPECT_TRUE(SetFileTime(file, nullptr, &none, &none));
+    EXPECT_TRUE(SetFileTime(file, nullptr, &all, &all));
+    GetFileTime(file, nullptr, nullptr, &after);
+    EXPECT_EQ(CompareFileTime(&before, &after), 0);
+    CloseHandle(file);
 }
 
 TEST_F(Files, RenamingNeverReplaces)

@@ -79,7 +79,8 @@ TEST_F(Profile, CutsWhatDoesNotFit)
 
 TEST_F(Profile, ReadsNumbersAsTheyStart)
 {
-    file_.write("[S]\r\na=42\r\nb=-7\r\nc=12abc\r\nd=abc\r\ne=\r\nf=0x1f\r\ng=4294967297\r\nh=\"8\"\r\n");
+    file_.write("[S]\r\na=42\r\nb=-7\r\nc=12abc\r\nd=abc\r\ne=\r\nf=0x1f\r\ng=4294967297\r\nh=\"8\"\r\n"
+                "i=\" 12 \"\r\n");
     EXPECT_EQ(number("a"), 42u);
     EXPECT_EQ(number("b"), static_cast<UINT>(-7));
     EXPECT_EQ(number("c"), 12u);
@@ -87,6 +88,7 @@ TEST_F(Profile, ReadsNumbersAsTheyStart)
     EXPECT_EQ(number("missing", 99), 99u);
     EXPECT_EQ(number("g"), 1u);
     EXPECT_EQ(number("h"), 8u);
+    EXPECT_EQ(number("i"), 12u);
 }
 
 TEST_F(Profile, WritesChangeOneLineOnly)

@@ -159,6 +159,102 @@ TEST_F(FileLayer, ReadOnlyHoldsForTheSuperuserToo)
     EXPECT_EQ(folder_.read("f"), "x");
 }
 
+TEST_F(FileLayer, TheCLibraryFollowsTheRulesOfWin32)
+{
+    make("Old.txt", "old");
+    FILE *file = fopen(folder_.path("OLD.TXT").c_str(), "w");
+    ASSERT_TRUE(file);
+    fclose(file);
+    SetCurrentDirectoryA(folder_.path().c_str());
+    file = fopen("oLD.txt", "a");
+    fputs("more", file);
+    fclose(file);
+    SetCurrentDirectoryA("Z:\\");
+    EXPECT_EQ(names(), std::set<std::string>({"Old.txt"}));
+    EXPECT_EQ(folder_.read("Old.txt"), "more");
+    HANDLE held = CreateFileA(folder_.path("old.txt").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_NE(remove(folder_.path("Old.txt").c_str()), 0) << "it is held open";
+    CloseHandle(held);
+    chmod((native_ + "Old.txt").c_str(), 0444);
+    EXPECT_NE(remove(folder_.path("Old.txt").c_str()), 0) << "it is read-only";
+    EXPECT_NE(remove(folder_.path().c_str()), 0) << "it is a folder";
+    chmod((native_ + "Old.txt").c_str(), 0644);
+    EXPECT_EQ(remove(folder_.path("Old.txt").c_str()), 0);
+}
+
+TEST_F(FileLayer, FilesMoveToOtherDisksWithWhatTheyHave)
+{
+    std::string other = "/dev/shm/moved-" + std::to_string(getpid());
+    struct stat here, there;
+    if (stat("/dev/shm", &there) != 0 || stat(native_.c_str(), &here) != 0 || here.st_dev == there.st_dev)
+        GTEST_SKIP() << "there is one disk only";
+    make("f", std::string(200000, 'x'));
+    stat((native_ + "f").c_str(), &here);
+    EXPECT_TRUE(MoveFileA(folder_.path("f").c_str(), ("Z:" + other).c_str()));
+    EXPECT_FALSE(onDisk("f"));
+    ASSERT_EQ(stat(other.c_str(), &there), 0);
+    EXPECT_EQ(there.st_size, 200000);
+    EXPECT_EQ(there.st_mtim.tv_sec, here.st_mtim.tv_sec);
+    make("g");
+    EXPECT_FALSE(MoveFileA(folder_.path("g").c_str(), ("Z:" + other).c_str())) << "nothing is replaced";
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ALREADY_EXISTS));
+    EXPECT_TRUE(onDisk("g"));
+    unlink(other.c_str());
+}
+
+TEST_F(FileLayer, AProfileIsReplacedAsItStands)
+{
+    make("p.ini", "[s]\nk=1\n");
+    std::string path = folder_.path("p.ini");
+    auto set = [&](const char *value) { return WritePrivateProfileStringA("s", "k", value, path.c_str()); };
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_HIDDEN);
+    if (!(GetFileAttributesA(path.c_str()) & FILE_ATTRIBUTE_HIDDEN))
+        GTEST_SKIP() << "no extended attributes here";
+    EXPECT_TRUE(set("2"));
+    EXPECT_TRUE(GetFileAttributesA(path.c_str()) & FILE_ATTRIBUTE_HIDDEN);
+    HANDLE held = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_FALSE(set("3"));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_SHARING_VIOLATION));
+    CloseHandle(held);
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_FALSE(set("4"));
+    EXPECT_EQ(GetPrivateProfileIntA("s", "k", 0, path.c_str()), 2u);
+    ASSERT_EQ(symlink("target.ini", (native_ + "link.ini").c_str()), 0);
+    EXPECT_TRUE(WritePrivateProfileStringA("s", "k", "5", folder_.path("link.ini").c_str()));
+    EXPECT_TRUE(onDisk("target.ini")) << "made where the link leads";
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(FileLayer, PositionsThatTheCallerCannotBeToldAreRefused)
+{
+    HANDLE file = CreateFileA(folder_.path("f").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
+    LONG high = 1;
+    EXPECT_EQ(SetFilePointer(file, 5, &high, FILE_BEGIN), 5u);
+    EXPECT_EQ(SetFilePointer(file, 0, nullptr, FILE_CURRENT), INVALID_SET_FILE_POINTER);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
+    high = 0;
+    EXPECT_EQ(SetFilePointer(file, 0, &high, FILE_CURRENT), 5u);
+    EXPECT_EQ(high, 1) << "the position stays";
+    CloseHandle(file);
+}
+
+TEST_F(FileLayer, ATrailByteIsNoSeparator)
+{
+    if (GetACP() != 932)
+        GTEST_SKIP() << "runs with the active code page 932 only";
+    folder_.write("a\x83\x5c", "x"); // the second byte of a letter is a backslash's
+    EXPECT_TRUE(onDisk("a\xe3\x82\xbd"));
+    EXPECT_EQ(names(), std::set<std::string>({"a\x83\x5c"}));
+    EXPECT_TRUE(MoveFileA(folder_.path("a\x83\x5c").c_str(), folder_.path("b\x83\x5c").c_str()));
+    char full[MAX_PATH], *name = nullptr;
+    EXPECT_GT(GetFullPathNameA(folder_.path("b\x83\x5c").c_str(), sizeof full, full, &name), 0u);
+    EXPECT_STREQ(name, "b\x83\x5c");
+    EXPECT_TRUE(DeleteFileA(folder_.path("b\x83\x5c").c_str()));
+    EXPECT_TRUE(WritePrivateProfileStringA("s", "k", "1", "\x83\x5c.ini")) << "a name alone lies with Windows";
+    EXPECT_EQ(GetPrivateProfileIntA("s", "k", 0, "C:\\windows\\\x83\x5c.ini"), 1u);
+    DeleteFileA("C:\\windows\\\x83\x5c.ini");
+}
+
 TEST_F(FileLayer, ShareModesHoldAgainstOtherProcesses)
 {
     make("f", "x");
