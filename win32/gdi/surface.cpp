@@ -24,6 +24,11 @@ int distance(const RGBQUAD &quad, COLORREF color)
     return red * red + green * green + blue * blue;
 }
 
+bool isNearerToWhite(COLORREF color)
+{
+    return GetRValue(color) + GetGValue(color) + GetBValue(color) > 3 * 255 / 2;
+}
+
 uint32_t nearestIndex(const ColorTable &table, COLORREF color)
 {
     uint32_t best = 0;
@@ -65,7 +70,7 @@ uint32_t pixelFor(const Surface &surface, COLORREF color)
     if (!format.isIndexed())
         return ColorCodec(format).encode(color);
     if (format.isMonochrome || !surface.colors)
-        return color == RGB(255, 255, 255);
+        return isNearerToWhite(color);
     return rememberedNearest(*surface.colors, color);
 }
 
