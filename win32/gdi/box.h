@@ -30,9 +30,32 @@ inline Box united(const Box &a, const Box &b)
     return {std::min(a.x1, b.x1), std::min(a.y1, b.y1), std::max(a.x2, b.x2), std::max(a.y2, b.y2)};
 }
 
+// Coordinates from outside may be anything: sums wrap at 32 bits.
+inline int wrappingSum(int a, int b)
+{
+    return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
+}
+
+inline int wrappingDifference(int a, int b)
+{
+    return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b));
+}
+
 inline Box translated(const Box &box, int x, int y)
 {
-    return {box.x1 + x, box.y1 + y, box.x2 + x, box.y2 + y};
+    return {wrappingSum(box.x1, x), wrappingSum(box.y1, y), wrappingSum(box.x2, x), wrappingSum(box.y2, y)};
+}
+
+// The same box the other way.
+inline Box translatedBack(const Box &box, int x, int y)
+{
+    return {wrappingDifference(box.x1, x), wrappingDifference(box.y1, y), wrappingDifference(box.x2, x),
+            wrappingDifference(box.y2, y)};
+}
+
+inline Box pixelBox(int x, int y)
+{
+    return {x, y, wrappingSum(x, 1), wrappingSum(y, 1)};
 }
 
 inline bool contains(const Box &outer, const Box &inner)

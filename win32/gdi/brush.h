@@ -16,6 +16,9 @@ struct PatternBits {
     Surface surface; // of the bytes
 };
 
+// Which colour a solid brush has: its own, or the one that the context keeps for the stock brush or pen.
+enum class ColorSource : uint8_t { Own, ContextBrush, ContextPen };
+
 class Brush final : public Object {
 public:
     static constexpr ObjectType objectType = ObjectType::Brush;
@@ -34,6 +37,19 @@ public:
     bool isSmallPattern = false;
     uint8_t rows[8]{};
     std::unique_ptr<PatternBits> pattern;
+    ColorSource colorSource = ColorSource::Own;
+    // No two brushes ever have the same: what is made from a brush is kept by it.
+    const uint32_t stamp = nextStamp();
+
+private:
+    static uint32_t nextStamp();
 };
+
+class Bitmap;
+
+// Gives a brush its own copy of a bitmap's pixels. False when memory is short.
+bool copyPattern(Brush &brush, const Bitmap &bitmap);
+// The same of a packed DIB, whose size nobody tells: its header says it all.
+bool copyDibPattern(Brush &brush, const void *packedDib, UINT usage);
 
 } // namespace win32::gdi

@@ -135,6 +135,9 @@ public:
     std::vector<std::unique_ptr<ContextState>> saved;
     Path path;
 
+    // Makes a memory context draw on a bitmap that is in no other context.
+    void setBitmap(Bitmap &next);
+
     // To be called after a change of clip, visible region, origin or surface.
     void clipChanged() { isClipCurrent_ = false; }
     // To be called after a change of a mapping.
@@ -179,14 +182,13 @@ public:
 private:
     struct CachedTile {
         Tile tile;
-        const Brush *brush = nullptr;
-        HGDIOBJ handle = nullptr;
+        uint32_t brushStamp = 0; // 0: holds nothing
         PixelFormat format;
-        uint32_t colorStamp = 0;
+        uint32_t tableStamp = 0;
         BrushColors colors;
     };
 
-    static int wrappingSum(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b)); }
+    static void letGo(Bitmap &old);
     POINT scaled(POINT logical) const;
     void updateClip();
     Paint paintOf(const Brush &brush, CachedTile &cached);
@@ -201,8 +203,7 @@ private:
     CachedTile penTile_;
 };
 
-// The colours of the last colour look-ups aside, a context is found by its handle; null with
-// ERROR_INVALID_HANDLE otherwise.
+// Null with ERROR_INVALID_HANDLE for what is no context.
 inline DeviceContext *findContext(HDC context)
 {
     return find<DeviceContext>(context);

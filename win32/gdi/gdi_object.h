@@ -12,6 +12,9 @@
 
 namespace win32::gdi {
 
+// Objects that a process may have, as on Windows, unless the control panel says otherwise.
+constexpr DWORD defaultQuota = 10000;
+
 enum class ObjectType : uint8_t { None, Pen, Brush, Context, Palette, Font, Bitmap, Region, Types };
 
 class Object {
@@ -39,6 +42,7 @@ public:
 
 private:
     friend class ObjectTable;
+    friend void destroy(Object *object);
     HGDIOBJ handle_ = nullptr;
     int selections_ = 0;
     bool isStock_ = false;
