@@ -36,38 +36,44 @@ void drawThinFrame(Stroker &stroker, const Box &box)
         stroker.lines(corners(box), true);
 }
 
-void drawRectangle(Drawing &drawing, const Box &box)
+} // namespace
+
+void win32::gdi::drawRectangle(Drawing &drawing, const Box &box)
 {
     if (isEmpty(box))
         return;
     DeviceContext &dc = drawing.dc();
+    int rop2 = dc.state.rop2;
     Stroker stroker(drawing);
+    // Without a frame, its last row and column are left out all the same.
     if (stroker.isNothing()) {
-        drawing.fill(withoutFrame(box), dc.brushPaint(), dc.state.rop2);
+        drawing.fill({box.x1, box.y1, box.x2 - 1, box.y2 - 1}, dc.brushPaint(), rop2);
         return;
     }
     if (stroker.isWide()) {
-        Figure frame = figureOf(corners(stroker.insideFrame(box)), true);
-        fillAndStroke(drawing, stroker, {&box, 1}, {&frame, 1});
+        Box middle = stroker.insideFrame(box);
+        Box inside{middle.x1, middle.y1, middle.x2 - 1, middle.y2 - 1};
+        Figure frame = figureOf(corners(middle), true);
+        fillAndStroke(drawing, stroker, {&inside, isEmpty(inside) ? 0u : 1u}, {&frame, 1});
         return;
     }
-    drawing.fill({box.x1 + 1, box.y1 + 1, box.x2 - 1, box.y2 - 1}, dc.brushPaint(), dc.state.rop2);
+    drawing.fill({box.x1 + 1, box.y1 + 1, box.x2 - 1, box.y2 - 1}, dc.brushPaint(), rop2);
     if (stroker.isPlain())
         drawFrame(drawing, box, stroker.paint());
     else
         drawThinFrame(stroker, box);
 }
 
-} // namespace
+void win32::gdi::recordRectangle(PathRecorder &path, const Box &box)
+{
+    if (!isEmpty(box))
+        path.addLines(figureOf(corners(box), true).points, true);
+}
 
 BOOL Rectangle(HDC context, int left, int top, int right, int bottom)
 {
     return recordOrDraw(
         context,
-        [=](PathRecorder &path) {
-            Box box = deviceBox(path.dc(), left, top, right, bottom);
-            if (!isEmpty(box))
-                path.addLines(figureOf(corners(box), true).points, true);
-        },
+        [=](PathRecorder &path) { recordRectangle(path, deviceBox(path.dc(), left, top, right, bottom)); },
         [=](Drawing &drawing) { drawRectangle(drawing, surfaceBox(drawing.dc(), left, top, right, bottom)); });
 }

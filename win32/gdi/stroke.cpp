@@ -241,4 +241,19 @@ void fillAndStroke(Drawing &drawing, Stroker &stroker, std::span<const Box> insi
     drawing.fill(covered, drawing.dc().penPaint(), rop2);
 }
 
+void fillAndStrokeCurves(Drawing &drawing, Stroker &stroker, std::span<const Figure> figures)
+{
+    Outline outline;
+    for (const Figure &figure : figures) {
+        if (!figure.isClosed)
+            continue;
+        for (FixedPoint point : figure.points)
+            outline.points.push_back({point.x - stroker.shift(), point.y - stroker.shift()});
+        outline.close();
+    }
+    std::vector<Box> inside;
+    OutlineScanner().scan(outline, WINDING, drawing.clip().extents, inside);
+    fillAndStroke(drawing, stroker, inside, figures);
+}
+
 } // namespace win32::gdi
