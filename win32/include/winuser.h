@@ -17,6 +17,9 @@ WINUSERAPI LPSTR WINAPI CharPrevA(LPCSTR start, LPCSTR place);
 WINUSERAPI LPSTR WINAPI CharNextExA(WORD codePage, LPCSTR text, DWORD flags);
 WINUSERAPI LPSTR WINAPI CharPrevExA(WORD codePage, LPCSTR start, LPCSTR place, DWORD flags);
 
+WINUSERAPI BOOL WINAPI ScrollDC(HDC context, int x, int y, const RECT *area, const RECT *clip, HRGN update,
+                                LPRECT updateBox);
+
 #define LoadString LoadStringA
 #define CharNext CharNextA
 #define CharPrev CharPrevA
