@@ -1,4 +1,5 @@
 // Filling with the brush, and moving pixels between contexts.
+#include "area.h"
 #include "blit.h"
 #include "drawing.h"
 #include "raster_code.h"
@@ -9,40 +10,6 @@ using namespace win32;
 using namespace win32::gdi;
 
 namespace {
-
-int cutToInt(int64_t value)
-{
-    // Without the smallest integer, whose negative is none.
-    return static_cast<int>(std::clamp<int64_t>(value, -INT32_MAX, INT32_MAX));
-}
-
-// Arguments of a call as pixels of a surface. A negative size counts back from the position.
-struct Area {
-    Area(const DeviceContext &dc, int left, int top, int logicalWidth, int logicalHeight)
-    {
-        POINT first = dc.toSurface(POINT{left, top});
-        x = first.x;
-        y = first.y;
-        width = cutToInt(logicalWidth);
-        height = cutToInt(logicalHeight);
-        if (dc.isTranslation())
-            return;
-        POINT second = dc.toSurface(POINT{cutToInt(int64_t{left} + width), cutToInt(int64_t{top} + height)});
-        width = cutToInt(int64_t{second.x} - x);
-        height = cutToInt(int64_t{second.y} - y);
-    }
-
-    Box box() const
-    {
-        return {begin(x, width), begin(y, height), cutToInt(begin(x, width) + std::abs(int64_t{width})),
-                cutToInt(begin(y, height) + std::abs(int64_t{height}))};
-    }
-
-    int x, y, width, height;
-
-private:
-    static int begin(int position, int size) { return size < 0 ? cutToInt(int64_t{position} + size + 1) : position; }
-};
 
 BOOL fillArea(HDC context, int x, int y, int width, int height, DWORD rop)
 {
