@@ -28,7 +28,7 @@ struct EllipseArc {
     void toBeziers(std::vector<FixedPoint> &points) const;
 };
 
-// The whole ellipse of a box, which is not empty.
+// The whole ellipse of a box.
 EllipseArc wholeEllipse(const Box &box);
 // The part between the rays from its centre through two points; all of it when they have one direction.
 EllipseArc arcBetween(const Box &box, POINT start, POINT end);

@@ -108,6 +108,7 @@ struct PathPoint {
 struct Path {
     bool isOpen = false;
     bool isComplete = false;
+    bool isFigureOpen = false; // the next line goes on from the last point
     std::vector<PathPoint> points;
 };
 

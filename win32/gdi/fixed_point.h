@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <span>
 #include <vector>
 
 namespace win32::gdi {
@@ -19,6 +20,11 @@ struct FixedPoint {
 constexpr int fixedOne = 16;
 // Farther from the origin nothing can be told in sixteenths that products of two lengths would still hold.
 constexpr int farthestPixel = 1 << 25;
+
+inline int boundedFixed(int sixteenths)
+{
+    return std::clamp(sixteenths, -farthestPixel * fixedOne, farthestPixel * fixedOne);
+}
 
 inline int toFixed(int pixel)
 {
@@ -45,5 +51,14 @@ struct Figure {
     std::vector<FixedPoint> points;
     bool isClosed = false;
 };
+
+inline Figure figureOf(std::span<const POINT> points, bool isClosed)
+{
+    Figure figure{{}, isClosed};
+    figure.points.reserve(points.size());
+    for (POINT point : points)
+        figure.points.push_back(toFixed(point));
+    return figure;
+}
 
 } // namespace win32::gdi

@@ -68,7 +68,7 @@ Stroker::Stroker(Drawing &drawing) : drawing_(drawing), pen_(*drawing.dc().state
     if (pen_.width > 1 || (!dc.isTranslation() && pen_.width == 1 && !isCosmetic))
         setShape(dc);
     if (pen_.lineStyle() != PS_SOLID)
-        pattern_ = DashPattern(pen_, width_);
+        pattern_ = DashPattern(pen_, std::max(width_, height_));
     paint_ = dc.penPaint();
     if (!pattern_.isSolid() && !pen_.isExtended && dc.state.backgroundMode == OPAQUE)
         gapPaint_ = solidPaint(pixelFor(dc.surface, dc.plainColor(dc.state.backgroundColor)));
@@ -76,15 +76,22 @@ Stroker::Stroker(Drawing &drawing) : drawing_(drawing), pen_(*drawing.dc().state
 
 void Stroker::setShape(const DeviceContext &dc)
 {
-    int width = std::max(dc.deviceWidth(pen_.width), 1);
-    int height = std::max(dc.deviceHeight(pen_.width), 1);
-    width_ = std::max(width, height);
-    shape_.radius = width / 2.0;
-    shape_.aspect = double{1} * width / height;
-    shape_.isEven = width % 2 == 0;
+    constexpr int widest = 1 << 26; // beyond any surface
+    width_ = std::clamp(dc.deviceWidth(pen_.width), 1, widest);
+    height_ = std::clamp(dc.deviceHeight(pen_.width), 1, widest);
+    shape_.radius = width_ / 2.0;
+    shape_.aspect = double{1} * width_ / height_;
+    shape_.isEven = width_ % 2 == 0;
     shape_.cap = pen_.style & PS_ENDCAP_MASK;
     shape_.join = pen_.style & PS_JOIN_MASK;
     shape_.miterLimit = dc.state.miterLimit;
+}
+
+Box Stroker::insideFrame(const Box &box) const
+{
+    if (pen_.lineStyle() != PS_INSIDEFRAME || !isWide())
+        return box;
+    return {box.x1 + width_ / 2, box.y1 + height_ / 2, box.x2 - (width_ - 1) / 2, box.y2 - (height_ - 1) / 2};
 }
 
 void Stroker::line(POINT from, POINT to)
@@ -161,27 +168,6 @@ void Stroker::thinFigure(const Figure &figure)
             --last;
         hasPixel = true;
         thin(line, first, last);
-    }
-}
-
-// Runs in a row or column are lines of their own.
-void Stroker::pixels(std::span<const POINT> points)
-{
-    if (isNothing())
-        return;
-    distance_ = 0;
-    for (size_t i = 0; i < points.size();) {
-        POINT step{1, 0};
-        size_t end = i + 1;
-        if (end < points.size() && (points[end].x == points[i].x) != (points[end].y == points[i].y)) {
-            step = {points[end].x - points[i].x, points[end].y - points[i].y};
-            while (end < points.size() && points[end].x - points[end - 1].x == step.x
-                   && points[end].y - points[end - 1].y == step.y)
-                ++end;
-        }
-        POINT last = points[end - 1];
-        thin(ThinLine(points[i], POINT{last.x + step.x, last.y + step.y}), 0, static_cast<int64_t>(end - i));
-        i = end;
     }
 }
 

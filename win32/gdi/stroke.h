@@ -16,17 +16,19 @@ public:
 
     // A pen that draws nothing, whatever it is asked for.
     bool isNothing() const { return pen_.brush.style == BS_NULL; }
-    bool isWide() const { return width_ > 1; }
+    bool isWide() const { return width_ > 1 || height_ > 1; }
     bool isSolid() const { return pattern_.isSolid(); }
-    int width() const { return width_; }
+    // One colour without gaps, one pixel wide.
+    bool isPlain() const { return !isWide() && isSolid() && paint_.kind == Paint::Kind::Solid; }
+    const Paint &paint() const { return paint_; }
+    // Where the middle of the line runs for the frame of a box: a pen that stays inside moves it inwards.
+    Box insideFrame(const Box &box) const;
 
     // Lines from one pixel's centre to the next; thin ones leave the last pixel out.
     void line(POINT from, POINT to);
     void lines(std::span<const POINT> points, bool isClosed);
     // Lines between any points, all figures as one stroke: where they overlap, pixels of wide ones are drawn once.
     void figures(std::span<const Figure> figures);
-    // Pixels in order, each next to the one before, as a thin line.
-    void pixels(std::span<const POINT> points);
 
     // What a wide pen covers along figures, as polygons to be filled with WINDING; dashes far outside the bounds
     // are left out.
@@ -44,7 +46,8 @@ private:
 
     Drawing &drawing_;
     const Pen &pen_;
-    int width_ = 1; // pixels, the larger of both directions
+    int width_ = 1; // pixels
+    int height_ = 1;
     PenShape shape_;
     DashPattern pattern_;
     Paint paint_;

@@ -1,6 +1,7 @@
 #include "thin_line.h"
 
 #include "fill.h"
+#include "raster_code.h"
 
 #include <climits>
 #include <cstdlib>
@@ -27,21 +28,6 @@ bool isInDiamond(FixedPoint point, int64_t &x, int64_t &y)
     x = floorDivision(Wide{point.x} + fixedOne / 2, fixedOne);
     y = floorDivision(Wide{point.y} + fixedOne / 2, fixedOne);
     return std::llabs(point.x - x * fixedOne) + std::llabs(point.y - y * fixedOne) < fixedOne / 2;
-}
-
-// What a solid pixel does by an R2_ code: new = (old & keep) ^ flip.
-struct SolidMix {
-    uint32_t keep;
-    uint32_t flip;
-};
-
-SolidMix solidMix(uint32_t pixel, int rop2)
-{
-    // Bit 2 * paint + old of the code less one is the result.
-    unsigned table = static_cast<unsigned>(rop2 - 1);
-    uint32_t whereClear = (table & 4 ? pixel : 0) | (table & 1 ? ~pixel : 0);
-    uint32_t whereSet = (table & 8 ? pixel : 0) | (table & 2 ? ~pixel : 0);
-    return {whereClear ^ whereSet, whereClear};
 }
 
 } // namespace
@@ -184,9 +170,9 @@ void ThinLine::plotSolid(const Surface &surface, int64_t first, int64_t last, ui
         plot<Pixel>(surface, first, last, [paint](Pixel &pixel) { pixel = paint; });
         return;
     }
-    SolidMix mix = solidMix(value, rop2);
-    auto keep = static_cast<Pixel>(mix.keep);
-    auto flip = static_cast<Pixel>(mix.flip);
+    BinaryCode code = binaryCodeOf(rop2);
+    auto flip = static_cast<Pixel>(evaluate<uint32_t>(code, value, 0));
+    auto keep = static_cast<Pixel>(flip ^ evaluate<uint32_t>(code, value, ~0u));
     plot<Pixel>(surface, first, last, [keep, flip](Pixel &pixel) { pixel = static_cast<Pixel>((pixel & keep) ^ flip); });
 }
 
