@@ -22,6 +22,9 @@ WINUSERAPI LPSTR WINAPI CharPrevA(LPCSTR start, LPCSTR place);
 WINUSERAPI LPSTR WINAPI CharNextExA(WORD codePage, LPCSTR text, DWORD flags);
 WINUSERAPI LPSTR WINAPI CharPrevExA(WORD codePage, LPCSTR start, LPCSTR place, DWORD flags);
 
+WINUSERAPI BOOL WINAPI ScrollDC(HDC context, int x, int y, const RECT *area, const RECT *clip, HRGN update,
+                                LPRECT updateBox);
+
 #define LoadBitmap LoadBitmapA
 #define LoadString LoadStringA
 #define CharNext CharNextA
