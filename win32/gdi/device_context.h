@@ -210,6 +210,13 @@ inline DeviceContext *findContext(HDC context)
     return find<DeviceContext>(context);
 }
 
+// Where DIB_PAL_COLORS are looked up: needed for them only, so null without an error for other usages.
+inline const Palette *paletteFor(HDC context, UINT usage)
+{
+    DeviceContext *dc = usage == DIB_PAL_COLORS ? findContext(context) : nullptr;
+    return dc ? dc->state.palette.get() : nullptr;
+}
+
 // A context on a part of the screen, for the user interface's GetDC and its kin.
 HDC createScreenContext(HWND window, POINT origin, const pixman_region32_t &visible);
 
