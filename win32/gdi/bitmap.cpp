@@ -1,5 +1,6 @@
 #include "bitmap.h"
 
+#include "color_tables.h"
 #include "dib.h"
 
 #include "kernel/kernel_internal.h"
@@ -14,25 +15,6 @@ namespace {
 // Windows takes no wider and no larger ones.
 constexpr int64_t widestBitmap = 0x7ffffff;
 constexpr int64_t largestBitmap = std::numeric_limits<LONG>::max();
-
-// The sixteen colours of old displays.
-const ColorTable &vgaColors()
-{
-    static const ColorTable table = [] {
-        constexpr BYTE half = 0x80, light = 0xc0, full = 0xff;
-        ColorTable colors;
-        for (int index = 0; index < 16; ++index) {
-            BYTE on = index < 8 ? half : full;
-            colors.colors[index] = {index & 4 ? on : BYTE{0}, index & 2 ? on : BYTE{0}, index & 1 ? on : BYTE{0}, 0};
-        }
-        colors.colors[7] = {light, light, light, 0};
-        colors.colors[8] = {half, half, half, 0};
-        colors.count = 16;
-        colors.changed();
-        return colors;
-    }();
-    return table;
-}
 
 // Makes a bitmap by filling an object in; null with the last error when memory or handles are short.
 template <class Fill> Bitmap *createBitmap(Fill fill)
@@ -102,11 +84,9 @@ PixelFormat deviceFormat(int bitsPerPixel)
 
 const ColorTable *deviceColors(const PixelFormat &format)
 {
-    switch (format.layout) {
-    case PixelLayout::Index4: return &vgaColors();
-    case PixelLayout::Index8: return &screen::systemColors();
-    default: return nullptr;
-    }
+    if (format.isMonochrome)
+        return nullptr;
+    return format == screen::surface().format ? screen::surface().colors : defaultColors(format.bitsPerPixel);
 }
 
 Bitmap *createDeviceBitmap(int64_t width, int64_t height, const PixelFormat &format)

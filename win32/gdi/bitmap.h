@@ -61,6 +61,8 @@ Bitmap *defaultBitmap();
 // New bitmaps with a handle; null with the last error when they cannot be. Pixels are 0.
 Bitmap *createDeviceBitmap(int64_t width, int64_t height, const PixelFormat &format);
 Bitmap *createDibSection(const Dib &dib);
+// A device bitmap with the picture of a DIB.
+HBITMAP createFromDib(const PixelFormat &format, const Dib &dib, const void *bits);
 
 // The format of device bitmaps of a depth, and their colours when it is indexed.
 PixelFormat deviceFormat(int bitsPerPixel);

@@ -2,6 +2,7 @@
 #include "bitmap.h"
 #include "device_context.h"
 #include "dib.h"
+#include "dib_pixels.h"
 
 #include "kernel/kernel_internal.h"
 
@@ -61,7 +62,38 @@ Bitmap *createSectionLike(const Bitmap &model, int64_t width, int64_t height)
     return createDibSection(dib);
 }
 
+// The size that a header of either kind tells. False when it is of no kind or tells of no bitmap.
+bool readSize(const BITMAPINFOHEADER *header, int64_t &width, int64_t &height)
+{
+    if (header && header->biSize == sizeof(BITMAPCOREHEADER)) {
+        auto core = reinterpret_cast<const BITMAPCOREHEADER *>(header);
+        width = core->bcWidth;
+        height = core->bcHeight;
+        return true;
+    }
+    if (!header || !isInfoHeaderSize(header->biSize) || header->biWidth < 0)
+        return false;
+    width = header->biWidth;
+    height = magnitude(header->biHeight);
+    return true;
+}
+
+Bitmap *createInitialized(const PixelFormat &format, int64_t width, int64_t height, const Dib &dib, const void *bits)
+{
+    Bitmap *bitmap = createDeviceBitmap(width, height, format);
+    if (bitmap && !putPicture(*bitmap, dib, bits)) {
+        destroy(bitmap);
+        return nullptr;
+    }
+    return bitmap;
+}
+
 } // namespace
+
+HBITMAP win32::gdi::createFromDib(const PixelFormat &format, const Dib &dib, const void *bits)
+{
+    return handleOf(createInitialized(format, dib.width, dib.height, dib, bits));
+}
 
 HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void *bits)
 {
@@ -99,15 +131,8 @@ HBITMAP CreateDIBSection(HDC context, const BITMAPINFO *info, UINT usage, void *
 {
     if (bits)
         *bits = nullptr;
-    const Palette *palette = nullptr;
-    if (usage == DIB_PAL_COLORS) {
-        DeviceContext *dc = findContext(context);
-        if (!dc)
-            return nullptr;
-        palette = dc->state.palette.get();
-    }
     Dib dib;
-    if (!readDib(info, usage, palette, dib))
+    if (!readDib(info, usage, paletteFor(context, usage), dib))
         return nullptr;
     // The layer has no file mappings, so no handle can be one's.
     if (section)
@@ -118,4 +143,24 @@ HBITMAP CreateDIBSection(HDC context, const BITMAPINFO *info, UINT usage, void *
     if (bitmap && bits)
         *bits = bitmap->firstByte();
     return handleOf(bitmap);
+}
+
+HBITMAP CreateDIBitmap(HDC context, const BITMAPINFOHEADER *header, DWORD init, const void *bits,
+                       const BITMAPINFO *info, UINT usage)
+{
+    int64_t width, height;
+    DeviceContext *dc = context ? findContext(context) : nullptr;
+    if (context && !dc)
+        return nullptr;
+    if (!readSize(header, width, height) || usage > DIB_PAL_COLORS || ((init & CBM_INIT) && !bits))
+        return fail(ERROR_INVALID_PARAMETER, HBITMAP{});
+    if (width == 0 || height == 0)
+        return handleOf(defaultBitmap());
+    PixelFormat format = dc ? deviceFormat(dc->surface.format.bitsPerPixel) : monochromeFormat();
+    if (!(init & CBM_INIT))
+        return handleOf(createDeviceBitmap(width, height, format));
+    Dib dib;
+    if (!readDib(info, usage, dc ? dc->state.palette.get() : nullptr, dib))
+        return nullptr;
+    return handleOf(createInitialized(format, width, height, dib, bits));
 }

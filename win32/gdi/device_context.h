@@ -108,6 +108,7 @@ struct PathPoint {
 struct Path {
     bool isOpen = false;
     bool isComplete = false;
+    bool isFigureOpen = false; // the next line goes on from the last point
     std::vector<PathPoint> points;
 };
 
@@ -207,6 +208,13 @@ private:
 inline DeviceContext *findContext(HDC context)
 {
     return find<DeviceContext>(context);
+}
+
+// Where DIB_PAL_COLORS are looked up: needed for them only, so null without an error for other usages.
+inline const Palette *paletteFor(HDC context, UINT usage)
+{
+    DeviceContext *dc = usage == DIB_PAL_COLORS ? findContext(context) : nullptr;
+    return dc ? dc->state.palette.get() : nullptr;
 }
 
 // A context on a part of the screen, for the user interface's GetDC and its kin.

@@ -1,5 +1,7 @@
 #include "dib.h"
 
+#include "color_tables.h"
+
 #include "kernel/kernel_internal.h"
 
 #include <algorithm>
@@ -34,6 +36,9 @@ private:
     int64_t size_;
 };
 
+// The longer header of another system, which has the same fields first.
+constexpr DWORD osHeaderSize = 64;
+
 // What the fixed header says beyond the fields that all kinds have.
 struct HeaderKind {
     DWORD size = 0;
@@ -47,7 +52,7 @@ bool kindOf(DWORD size, HeaderKind &kind)
     switch (size) {
     case sizeof(BITMAPCOREHEADER): kind = {size, true, false}; return true;
     case sizeof(BITMAPINFOHEADER):
-    case 64: kind = {size, false, false}; return true; // the longer one of another system: the same fields first
+    case osHeaderSize: kind = {size, false, false}; return true;
     case 52:
     case 56:
     case 108:
@@ -87,7 +92,15 @@ bool areMasks(const uint32_t (&masks)[3], int bitsPerPixel)
     return areRuns && areDisjoint && fit;
 }
 
-bool readFormat(const Description &description, const HeaderKind &kind, Dib &dib)
+PixelFormat maskedFormat(int depth, const Surface *model)
+{
+    if (model && model->format.bitsPerPixel == depth)
+        return model->format;
+    return rgbFormat(depth);
+}
+
+// With a model the masks are to be chosen, without one they are read.
+bool readFormat(const Description &description, const HeaderKind &kind, const Surface *model, Dib &dib)
 {
     int depth = dib.header.biBitCount;
     switch (dib.header.biCompression) {
@@ -99,9 +112,14 @@ bool readFormat(const Description &description, const HeaderKind &kind, Dib &dib
         dib.format = rgbFormat(depth);
         return depth == (dib.header.biCompression == BI_RLE8 ? 8 : 4);
     case BI_BITFIELDS: {
+        if ((depth != 16 && depth != 32) || kind.size == osHeaderSize)
+            return false;
+        if (model) {
+            dib.format = maskedFormat(depth, model);
+            return true;
+        }
         uint32_t masks[3];
-        if ((depth != 16 && depth != 32) || kind.size == 64 || !description.read(sizeof(BITMAPINFOHEADER), masks)
-            || !areMasks(masks, depth))
+        if (!description.read(sizeof(BITMAPINFOHEADER), masks) || !areMasks(masks, depth))
             return false;
         dib.format = bitfieldsFormat(depth, masks[0], masks[1], masks[2]);
         return true;
@@ -114,7 +132,7 @@ bool readFormat(const Description &description, const HeaderKind &kind, Dib &dib
 bool readDimensions(Dib &dib)
 {
     BITMAPINFOHEADER &header = dib.header;
-    if (header.biWidth <= 0 || header.biHeight == 0 || header.biHeight == std::numeric_limits<LONG>::min())
+    if (header.biPlanes == 0 || header.biWidth <= 0 || header.biHeight == 0 || header.biHeight == std::numeric_limits<LONG>::min())
         return false;
     dib.width = header.biWidth;
     dib.isTopDown = header.biHeight < 0;
@@ -167,6 +185,7 @@ bool readColors(const Description &description, const HeaderKind &kind, UINT usa
     dib.colors.count = 0;
     if (!dib.format.isIndexed()) {
         dib.bitsOffset = offset + dib.header.biClrUsed * entrySize;
+        dib.header.biClrUsed = 0;
         return true;
     }
     DWORD possible = 1u << dib.header.biBitCount;
@@ -195,7 +214,7 @@ bool parse(const Description &description, UINT usage, const Palette *palette, D
 {
     HeaderKind kind;
     bool isUnderstood = usage <= DIB_PAL_COLORS && readHeader(description, kind, dib.header)
-                        && readFormat(description, kind, dib) && readDimensions(dib)
+                        && readFormat(description, kind, nullptr, dib) && readDimensions(dib)
                         && readColors(description, kind, usage, palette, dib);
     if (!isUnderstood)
         return fail(ERROR_INVALID_PARAMETER, false);
@@ -204,6 +223,12 @@ bool parse(const Description &description, UINT usage, const Palette *palette, D
 }
 
 } // namespace
+
+bool isInfoHeaderSize(DWORD size)
+{
+    HeaderKind kind;
+    return kindOf(size, kind) && !kind.isCore;
+}
 
 Surface Dib::surfaceOf(const void *bits, int lines) const
 {
@@ -215,7 +240,7 @@ Surface Dib::surfaceOf(const void *bits, int lines) const
     surface.height = lines;
     surface.format = format;
     surface.colors = format.isIndexed() ? &colors : nullptr;
-    if (!isTopDown) {
+    if (!isTopDown && lines > 0) {
         surface.bits += (lines - 1) * surface.stride;
         surface.stride = -surface.stride;
     }
@@ -227,6 +252,21 @@ bool readDib(const BITMAPINFO *info, UINT usage, const Palette *palette, Dib &di
     if (!info)
         return fail(ERROR_INVALID_PARAMETER, false);
     return parse({info, unknownSize}, usage, palette, dib);
+}
+
+bool readWantedDib(const BITMAPINFO *info, const Surface &model, Dib &dib)
+{
+    HeaderKind kind;
+    Description description(info, unknownSize);
+    bool isUnderstood = info && readHeader(description, kind, dib.header)
+                        && readFormat(description, kind, &model, dib) && readDimensions(dib) && !dib.isCompressed();
+    if (!isUnderstood)
+        return fail(ERROR_INVALID_PARAMETER, false);
+    dib.header.biClrUsed = 0;
+    dib.colors.count = 0;
+    if (dib.format.isIndexed())
+        dib.colors = model.format == dib.format && model.colors ? *model.colors : *defaultColors(dib.format.bitsPerPixel);
+    return true;
 }
 
 bool readPackedDib(const void *packed, int64_t size, UINT usage, const Palette *palette, Dib &dib)

@@ -25,12 +25,19 @@ struct Dib {
     Surface surfaceOf(const void *bits, int lines) const;
 };
 
+// Whether a header of this size, other than a core header, is one that is understood.
+bool isInfoHeaderSize(DWORD size);
+
 // Reads a header with its masks and colours. False, with ERROR_INVALID_PARAMETER, for what no caller can
 // mean: unknown sizes, depths, compressions, masks, dimensions whose pixels could not be addressed.
 // DIB_PAL_COLORS are looked up in the palette; without one they are refused.
 bool readDib(const BITMAPINFO *info, UINT usage, const Palette *palette, Dib &dib);
 
-// The same of a packed DIB that lies in a block of the given size and must not reach beyond it.
+// Reads the header of a DIB that is to be made from a surface's pixels. Masks and colours are outputs then:
+// the surface's own when the depth is the same, otherwise the usual ones of the depth.
+bool readWantedDib(const BITMAPINFO *info, const Surface &model, Dib &dib);
+
+// As readDib, of a packed DIB that lies in a block of the given size and must not reach beyond it.
 bool readPackedDib(const void *packed, int64_t size, UINT usage, const Palette *palette, Dib &dib);
 
 } // namespace win32::gdi

@@ -93,7 +93,7 @@ void andXorRows(ByteRows rows, size_t length, int count, uint32_t keep, uint32_t
 void copyRows(ByteRows rows, ConstByteRows source, size_t length, int count)
 {
     for (int y = 0; y < count; ++y)
-        memcpy(rows.bytes + y * rows.stride, source.bytes + y * source.stride, length);
+        memmove(rows.bytes + y * rows.stride, source.bytes + y * source.stride, length);
 }
 
 WIN32_FOR_EACH_PROCESSOR
@@ -151,15 +151,28 @@ void combineRowMasked(uint8_t *__restrict row, const uint8_t *__restrict source,
 }
 
 WIN32_FOR_EACH_PROCESSOR
-void shiftBits(uint8_t *__restrict row, const uint8_t *__restrict source, int bitOffset, size_t sourceLength,
-               size_t length)
+static void shiftLeft(uint8_t *__restrict row, const uint8_t *__restrict source, int bits, size_t sourceLength,
+                      size_t length)
 {
     // The last byte may have no successor in the source.
     size_t whole = length < sourceLength ? length : sourceLength - 1;
     for (size_t i = 0; i < whole; ++i)
-        row[i] = static_cast<uint8_t>(source[i] << bitOffset | source[i + 1] >> (8 - bitOffset));
+        row[i] = static_cast<uint8_t>(source[i] << bits | source[i + 1] >> (8 - bits));
     if (whole < length)
-        row[whole] = static_cast<uint8_t>(source[whole] << bitOffset);
+        row[whole] = static_cast<uint8_t>(source[whole] << bits);
+}
+
+void shiftBits(uint8_t *row, const uint8_t *source, int bits, size_t sourceLength, size_t length)
+{
+    if (bits == 0) {
+        memcpy(row, source, length);
+    } else if (bits > 0) {
+        shiftLeft(row, source, bits, sourceLength, length);
+    } else {
+        row[0] = static_cast<uint8_t>(source[0] >> -bits);
+        if (length > 1)
+            shiftLeft(row + 1, source, 8 + bits, sourceLength, length - 1);
+    }
 }
 
 } // namespace win32::gdi

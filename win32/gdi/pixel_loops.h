@@ -30,6 +30,7 @@ void fillRows(ByteRows rows, size_t length, int count, uint32_t word);
 // D = (D & keep) ^ flip, with both words repeated from the start of each row.
 void andXorRows(ByteRows rows, size_t length, int count, uint32_t keep, uint32_t flip);
 
+// A source row may overlap its row.
 void copyRows(ByteRows rows, ConstByteRows source, size_t length, int count);
 void combineRows(ByteRows rows, ConstByteRows source, size_t length, int count, BinaryCode code);
 // Only bits that are set in the mask change.
@@ -39,7 +40,8 @@ void combineRow(uint8_t *row, const uint8_t *source, const uint8_t *pattern, siz
 void combineRowMasked(uint8_t *row, const uint8_t *source, const uint8_t *pattern, const uint8_t *mask, size_t length,
                       uint8_t ternary);
 
-// The bits of a row from a bit position on, moved to the start of another row.
-void shiftBits(uint8_t *row, const uint8_t *source, int bitOffset, size_t sourceLength, size_t length);
+// Copies a row with its bits moved to the left, or to the right by a negative distance, by less than a byte.
+// Bits that come from nowhere are 0.
+void shiftBits(uint8_t *row, const uint8_t *source, int bits, size_t sourceLength, size_t length);
 
 } // namespace win32::gdi
