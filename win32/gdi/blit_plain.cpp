@@ -137,7 +137,7 @@ void blitPlain(const BlitJob &job, bool isSameSurface)
         if (isDown || isRight)
             eachVisibleInOrder(job.clip, box, isDown, isRight, visit);
         else
-            eachVisible(job.clip, box, visit);
+            eachVisibleInAnyOrder(job.clip, box, visit);
     };
     bool isShifted = distanceX * job.source.format.bitsPerPixel % 8 != 0;
     bool isWithinRows = isSameSurface && distanceY == 0 && !job.operation.isCopy();

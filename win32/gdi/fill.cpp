@@ -100,7 +100,7 @@ void fillBoxes(const Surface &surface, const Box *boxes, size_t count, const Pai
 
 void fillClipped(const Surface &surface, const ClipBoxes &clip, const Box &box, const Paint &paint, int rop2)
 {
-    fillEach(surface, paint, rop2, [&clip, &box](auto fill) { eachVisible(clip, box, fill); });
+    fillEach(surface, paint, rop2, [&clip, &box](auto fill) { eachVisibleInAnyOrder(clip, box, fill); });
 }
 
 int rop2Of(DWORD ternaryCode)
