@@ -4,6 +4,7 @@
 #include "shape_call.h"
 #include "shape_rows.h"
 
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -22,7 +23,7 @@ public:
         std::vector<Box> boxes;
         scanRoundRect(box, box.x2 - box.x1, box.y2 - box.y1, box, boxes);
         rows_.set(boxes);
-        rows_.trace(frame_);
+        rows_.trace(ShapeRows::middleRow(box.y2 - box.y1), frame_);
     }
 
     std::vector<POINT> pick() const;
@@ -70,7 +71,7 @@ std::vector<POINT> pixelFigure(const Box &box, const EllipseArc &arc, ArcKind ki
     std::vector<POINT> points = ArcPixels(box, arc).pick();
     ShapeRows::keepCorners(points);
     if (kind == ArcKind::Pie)
-        points.push_back({static_cast<LONG>(std::floor(arc.centerX)), static_cast<LONG>(std::floor(arc.centerY))});
+        points.push_back({box.x1 + (box.x2 - box.x1) / 2, box.y1 + (box.y2 - box.y1) / 2});
     return points;
 }
 
@@ -96,22 +97,12 @@ void drawPixels(Drawing &drawing, Stroker &stroker, const std::vector<POINT> &po
     stroker.lines(points, kind != ArcKind::Arc);
 }
 
-void drawCurve(Drawing &drawing, Stroker &stroker, const Figure &figure)
-{
-    std::vector<Box> inside;
-    if (figure.isClosed) {
-        Outline outline = outlineOf({&figure, 1});
-        OutlineScanner().scan(outline, ALTERNATE, drawing.clip().extents, inside);
-    }
-    fillAndStroke(drawing, stroker, inside, {&figure, 1});
-}
-
 void drawArc(Drawing &drawing, Box box, POINT start, POINT end, ArcKind kind)
 {
     if (isEmpty(box))
         return;
     Stroker stroker(drawing);
-    box = stroker.isNothing() ? withoutFrame(box) : stroker.insideFrame(box);
+    box = stroker.insideFrame(box);
     EllipseArc arc = arcBetween(box, start, end);
     // The order of a frame's pixels is worth its memory up to this size.
     constexpr int largestTraced = 16384;
@@ -119,7 +110,7 @@ void drawArc(Drawing &drawing, Box box, POINT start, POINT end, ArcKind kind)
     if (!stroker.isWide() && isTraced)
         drawPixels(drawing, stroker, pixelFigure(box, arc, kind), kind);
     else
-        drawCurve(drawing, stroker, curveFigure(arc, kind));
+        fillAndStrokeCurves(drawing, stroker, std::array{curveFigure(arc, kind)});
 }
 
 void recordArc(PathRecorder &path, const Box &box, POINT start, POINT end, ArcKind kind)

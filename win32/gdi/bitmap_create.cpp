@@ -131,15 +131,8 @@ HBITMAP CreateDIBSection(HDC context, const BITMAPINFO *info, UINT usage, void *
 {
     if (bits)
         *bits = nullptr;
-    const Palette *palette = nullptr;
-    if (usage == DIB_PAL_COLORS) {
-        DeviceContext *dc = findContext(context);
-        if (!dc)
-            return nullptr;
-        palette = dc->state.palette.get();
-    }
     Dib dib;
-    if (!readDib(info, usage, palette, dib))
+    if (!readDib(info, usage, paletteFor(context, usage), dib))
         return nullptr;
     // The layer has no file mappings, so no handle can be one's.
     if (section)

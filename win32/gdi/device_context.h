@@ -130,7 +130,7 @@ public:
     HWND window = nullptr;
     POINT origin{0, 0};    // of device coordinates, on the surface
     RegionValue visible;   // what may be drawn on, in surface coordinates
-    Palette *realized = nullptr;
+    bool isPaletteInBackground = false; // as SelectPalette was told
 
     ContextState state;
     std::vector<std::unique_ptr<ContextState>> saved;
@@ -208,6 +208,13 @@ private:
 inline DeviceContext *findContext(HDC context)
 {
     return find<DeviceContext>(context);
+}
+
+// Where DIB_PAL_COLORS are looked up: needed for them only, so null without an error for other usages.
+inline const Palette *paletteFor(HDC context, UINT usage)
+{
+    DeviceContext *dc = usage == DIB_PAL_COLORS ? findContext(context) : nullptr;
+    return dc ? dc->state.palette.get() : nullptr;
 }
 
 // A context on a part of the screen, for the user interface's GetDC and its kin.

@@ -185,6 +185,7 @@ bool readColors(const Description &description, const HeaderKind &kind, UINT usa
     dib.colors.count = 0;
     if (!dib.format.isIndexed()) {
         dib.bitsOffset = offset + dib.header.biClrUsed * entrySize;
+        dib.header.biClrUsed = 0;
         return true;
     }
     DWORD possible = 1u << dib.header.biBitCount;

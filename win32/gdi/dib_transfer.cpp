@@ -13,18 +13,6 @@ using namespace win32::gdi;
 
 namespace {
 
-// The palette that a usage asks for. False, with the last error, when it should come from a context that is
-// none.
-bool paletteFor(HDC context, UINT usage, const Palette *&palette)
-{
-    palette = nullptr;
-    if (usage != DIB_PAL_COLORS)
-        return true;
-    DeviceContext *dc = findContext(context);
-    palette = dc ? dc->state.palette.get() : nullptr;
-    return dc != nullptr;
-}
-
 // Pixels of another depth become indices into the palette then, not into the table.
 void takePaletteColors(const Palette &palette, ColorTable &colors)
 {
@@ -88,11 +76,10 @@ int GetDIBits(HDC context, HBITMAP handle, UINT start, UINT lines, LPVOID bits, 
 int SetDIBits(HDC context, HBITMAP handle, UINT start, UINT lines, const void *bits, const BITMAPINFO *info, UINT usage)
 {
     Bitmap *bitmap = find<Bitmap>(handle);
-    const Palette *palette;
-    if (!bitmap || !paletteFor(context, usage, palette))
+    if (!bitmap)
         return 0;
     Dib dib;
-    if (!readDib(info, usage, palette, dib))
+    if (!readDib(info, usage, paletteFor(context, usage), dib))
         return 0;
     if (!bits)
         return fail(ERROR_INVALID_PARAMETER, 0);

@@ -76,13 +76,14 @@ Figure outlineOf(const RoundShape &shape)
 
 void drawWide(Drawing &drawing, Stroker &stroker, RoundShape shape)
 {
-    std::span<const Box> inside = scanned(shape, drawing.clip().extents, emptyScratch());
     Box middle = stroker.insideFrame(shape.box);
     shape.cornerWidth -= shape.box.x2 - shape.box.x1 - (middle.x2 - middle.x1);
     shape.cornerHeight -= shape.box.y2 - shape.box.y1 - (middle.y2 - middle.y1);
+    shape.cornerWidth = std::max(shape.cornerWidth, 1);
+    shape.cornerHeight = std::max(shape.cornerHeight, 1);
     shape.box = middle;
     Figure outline = outlineOf(shape);
-    fillAndStroke(drawing, stroker, inside, {&outline, 1});
+    fillAndStrokeCurves(drawing, stroker, {&outline, 1});
 }
 
 // Pixels of the frame are told from others a pixel beyond the clip too, since the clip makes no frame.
@@ -116,18 +117,15 @@ void drawBroken(Drawing &drawing, Stroker &stroker, const RoundShape &shape)
     }
     scratch.boxes.clear();
     scratch.rows.set(scanned(shape, shape.box, scratch));
-    scratch.rows.trace(scratch.pixels);
+    scratch.rows.trace(ShapeRows::middleRow(shape.cornerHeight), scratch.pixels);
     ShapeRows::keepCorners(scratch.pixels);
     stroker.lines(scratch.pixels, true);
 }
 
-void drawRoundShape(Drawing &drawing, RoundShape shape, const Box &boxWithoutFrame)
+void drawRoundShape(Drawing &drawing, const RoundShape &shape)
 {
-    if (isEmpty(shape.box))
-        return;
     Stroker stroker(drawing);
     if (stroker.isNothing()) {
-        shape.box = boxWithoutFrame;
         drawing.fill(scanned(shape, drawing.clip().extents, emptyScratch()), drawing.dc().brushPaint(),
                      drawing.dc().state.rop2);
     } else if (stroker.isWide()) {
@@ -145,44 +143,43 @@ RoundShape shapeOf(const Box &box, int cornerWidth, int cornerHeight)
     return {box, std::min(box.x2 - box.x1, cornerWidth), std::min(box.y2 - box.y1, cornerHeight)};
 }
 
-void record(PathRecorder &path, const RoundShape &shape)
+// Corners of two pixels are square.
+bool isSquare(const RoundShape &shape)
 {
-    if (!isEmpty(shape.box))
-        path.addBeziers(outlineBeziers(shape), true);
+    return shape.cornerWidth <= 2 || shape.cornerHeight <= 2;
+}
+
+BOOL roundCall(HDC context, const RECT &rect, int cornerWidth, int cornerHeight)
+{
+    return recordOrDraw(
+        context,
+        [=](PathRecorder &path) {
+            Box box = deviceBox(path.dc(), rect.left, rect.top, rect.right, rect.bottom);
+            RoundShape shape = shapeOf(box, cornerWidth, cornerHeight);
+            if (isSquare(shape))
+                recordRectangle(path, box);
+            else
+                path.addBeziers(outlineBeziers(shape), true);
+        },
+        [=](Drawing &drawing) {
+            Box box = surfaceBox(drawing.dc(), rect.left, rect.top, rect.right, rect.bottom);
+            RoundShape shape = shapeOf(box, cornerWidth, cornerHeight);
+            if (isSquare(shape))
+                drawRectangle(drawing, box);
+            else
+                drawRoundShape(drawing, shape);
+        });
 }
 
 } // namespace
 
 BOOL Ellipse(HDC context, int left, int top, int right, int bottom)
 {
-    return recordOrDraw(
-        context,
-        [=](PathRecorder &path) {
-            record(path, shapeOf(deviceBox(path.dc(), left, top, right, bottom), INT_MAX, INT_MAX));
-        },
-        [=](Drawing &drawing) {
-            Box box = surfaceBox(drawing.dc(), left, top, right, bottom);
-            drawRoundShape(drawing, shapeOf(box, INT_MAX, INT_MAX), withoutFrame(box));
-        });
+    return roundCall(context, {left, top, right, bottom}, INT_MAX, INT_MAX);
 }
 
 BOOL RoundRect(HDC context, int left, int top, int right, int bottom, int width, int height)
 {
     DeviceContext *dc = findContext(context);
-    if (!dc)
-        return FALSE;
-    int cornerWidth = dc->deviceWidth(width);
-    int cornerHeight = dc->deviceHeight(height);
-    // Corners of two pixels are square.
-    if (cornerWidth <= 2 || cornerHeight <= 2)
-        return Rectangle(context, left, top, right, bottom);
-    return recordOrDraw(
-        context,
-        [=](PathRecorder &path) {
-            record(path, shapeOf(deviceBox(path.dc(), left, top, right, bottom), cornerWidth, cornerHeight));
-        },
-        [=](Drawing &drawing) {
-            Box box = surfaceBox(drawing.dc(), left, top, right, bottom);
-            drawRoundShape(drawing, shapeOf(box, cornerWidth, cornerHeight), box);
-        });
+    return dc && roundCall(context, {left, top, right, bottom}, dc->deviceWidth(width), dc->deviceHeight(height));
 }

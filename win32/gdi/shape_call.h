@@ -27,10 +27,8 @@ inline Box surfaceBox(const DeviceContext &dc, int left, int top, int right, int
     return cutToReach(dc.toSurface(left, top, right, bottom));
 }
 
-// Without a frame the inside of a shape is all there is of it.
-inline Box withoutFrame(const Box &box)
-{
-    return isEmpty(box) ? box : Box{box.x1, box.y1, box.x2 - 1, box.y2 - 1};
-}
+// The box, which may be empty, lies on the surface for drawing and in device coordinates for a path.
+void drawRectangle(Drawing &drawing, const Box &box);
+void recordRectangle(PathRecorder &path, const Box &box);
 
 } // namespace win32::gdi

@@ -34,34 +34,37 @@ void ShapeRows::split(std::vector<Box> &frame, std::vector<Box> &inside) const
     }
 }
 
-void ShapeRows::trace(std::vector<POINT> &pixels) const
+void ShapeRows::trace(int startRow, std::vector<POINT> &pixels) const
 {
     if (rows_.empty())
         return;
     int last = static_cast<int>(rows_.size()) - 1;
-    int start = (last + 2) / 2 - 1;
+    int middle = middleRow(last + 1);
     auto add = [&](int x, int row) { pixels.push_back({x, top_ + row}); };
     auto at = [&](int row) { return rows_[static_cast<size_t>(row)]; };
     auto isNarrow = [&](int row) { return at(row).right - at(row).left == 1; };
     // Up on the right side, over the top, down on the left, along the bottom, up on the right again. A row of
     // one pixel is left out on the way back.
-    for (int row = start; row > 0; --row)
+    for (int row = std::min(startRow, middle); row > 0; --row)
         for (int x = at(row).right - 1, end = std::min(x, at(row - 1).right); x >= end; --x)
             add(x, row);
     for (int x = at(0).right - 1; x >= at(0).left; --x)
         add(x, 0);
-    for (int row = 1; row <= start; ++row)
+    for (int row = 1; row <= middle; ++row)
         for (int x = std::max(at(row).left, at(row - 1).left - 1); x >= at(row).left && !isNarrow(row); --x)
             add(x, row);
-    for (int row = start + 1; row < last; ++row)
+    for (int row = middle + 1; row < last; ++row)
         for (int x = at(row).left, end = std::max(x, at(row + 1).left - 1); x <= end; ++x)
             add(x, row);
-    if (last > start)
+    if (last > middle)
         for (int x = at(last).left; x < at(last).right; ++x)
             add(x, last);
-    for (int row = last - 1; row > start; --row)
+    for (int row = last - 1; row > middle; --row)
         for (int x = std::min(at(row).right - 1, at(row + 1).right); x < at(row).right && !isNarrow(row); ++x)
             add(x, row);
+    for (int row = middle; row > startRow; --row)
+        if (!isNarrow(row))
+            add(at(row).right - 1, row);
 }
 
 void ShapeRows::keepCorners(std::vector<POINT> &pixels)

@@ -18,8 +18,10 @@ public:
 
     // The pixels with a neighbour above, below or beside that is outside, and the others.
     void split(std::vector<Box> &frame, std::vector<Box> &inside) const;
-    // The frame's pixels in order, counter-clockwise from the right end of the lowest row of the upper half.
-    void trace(std::vector<POINT> &pixels) const;
+    // The frame's pixels in order, counter-clockwise from the right end of a row in the upper half.
+    void trace(int startRow, std::vector<POINT> &pixels) const;
+    // The lowest row of the upper half of what is so many rows high.
+    static int middleRow(int rows) { return (rows + 1) / 2 - 1; }
 
     // Leaves of a row of pixels those at which it changes its direction: lines between them cover the same.
     static void keepCorners(std::vector<POINT> &pixels);

@@ -38,7 +38,6 @@ bool isSame(POINT a, POINT b)
 struct Scratch {
     std::vector<FixedPoint> points;
     Outline outline;
-    OutlineScanner scanner;
     std::vector<Box> boxes;
 };
 
@@ -55,7 +54,7 @@ Scratch &emptyScratch()
 std::span<const Box> scanned(const Outline &outline, const Box &bounds)
 {
     scratch.boxes.clear();
-    scratch.scanner.scan(outline, WINDING, bounds, scratch.boxes);
+    scanOutline(outline, WINDING, bounds, scratch.boxes);
     return scratch.boxes;
 }
 
@@ -239,6 +238,21 @@ void fillAndStroke(Drawing &drawing, Stroker &stroker, std::span<const Box> insi
     std::span<const Box> covered = scanned(empty.outline, bounds);
     fillDifference(drawing, inside, covered, paint, rop2);
     drawing.fill(covered, drawing.dc().penPaint(), rop2);
+}
+
+void fillAndStrokeCurves(Drawing &drawing, Stroker &stroker, std::span<const Figure> figures)
+{
+    Outline outline;
+    for (const Figure &figure : figures) {
+        if (!figure.isClosed)
+            continue;
+        for (FixedPoint point : figure.points)
+            outline.points.push_back({point.x - stroker.shift(), point.y - stroker.shift()});
+        outline.close();
+    }
+    std::vector<Box> inside;
+    scanOutline(outline, WINDING, drawing.clip().extents, inside);
+    fillAndStroke(drawing, stroker, inside, figures);
 }
 
 } // namespace win32::gdi

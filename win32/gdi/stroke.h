@@ -21,6 +21,8 @@ public:
     // One colour without gaps, one pixel wide.
     bool isPlain() const { return !isWide() && isSolid() && paint_.kind == Paint::Kind::Solid; }
     const Paint &paint() const { return paint_; }
+    // How far the pen lies up and to the left of the line, in sixteenths.
+    int shift() const { return shape_.isEven ? fixedOne / 2 : 0; }
     // Where the middle of the line runs for the frame of a box: a pen that stays inside moves it inwards.
     Box insideFrame(const Box &box) const;
 
@@ -55,6 +57,9 @@ private:
     int rop2_;
     int64_t distance_ = 0; // how many pixels of a thin line lie behind
 };
+
+// Closed curves, whose inside follows the middle of a wide line.
+void fillAndStrokeCurves(Drawing &drawing, Stroker &stroker, std::span<const Figure> figures);
 
 // Fills what is inside a shape with the selected brush and draws its figures with the pen.
 void fillAndStroke(Drawing &drawing, Stroker &stroker, std::span<const Box> inside, std::span<const Figure> figures);
