@@ -134,7 +134,7 @@ void blitPlain(const BlitJob &job, bool isSameSurface)
     PlainBlit blit(job, converter);
     bool isDown = isSameSurface && distanceY > 0, isRight = isSameSurface && distanceX > 0;
     auto each = [&](auto visit) {
-        if (isDown || isRight)
+        if (isSameSurface)
             eachVisibleInOrder(job.clip, box, isDown, isRight, visit);
         else
             eachVisibleInAnyOrder(job.clip, box, visit);

@@ -13,9 +13,8 @@ namespace win32::gdi {
 
 namespace {
 
-// Words and vectors at any address, of whatever the bytes are.
-using Word [[gnu::may_alias, gnu::aligned(1)]] = uint32_t;
-using Vector [[gnu::may_alias, gnu::aligned(1), gnu::vector_size(16)]] = uint32_t;
+using Word = uint32_t;
+using Vector [[gnu::vector_size(16)]] = uint32_t;
 
 #define ALWAYS_INLINE inline __attribute__((always_inline))
 
@@ -23,12 +22,14 @@ constexpr size_t blockSize = 64;
 
 template <class Type> ALWAYS_INLINE Type load(const uint8_t *bytes)
 {
-    return *reinterpret_cast<const Type *>(bytes);
+    Type value;
+    memcpy(&value, bytes, sizeof value);
+    return value;
 }
 
 template <class Type> ALWAYS_INLINE void store(uint8_t *bytes, Type value)
 {
-    *reinterpret_cast<Type *>(bytes) = value;
+    memcpy(bytes, &value, sizeof value);
 }
 
 // The last bytes of a row as vectors.
