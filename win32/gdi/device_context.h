@@ -130,7 +130,7 @@ public:
     HWND window = nullptr;
     POINT origin{0, 0};    // of device coordinates, on the surface
     RegionValue visible;   // what may be drawn on, in surface coordinates
-    Palette *realized = nullptr;
+    bool isPaletteInBackground = false; // as SelectPalette was told
 
     ContextState state;
     std::vector<std::unique_ptr<ContextState>> saved;
