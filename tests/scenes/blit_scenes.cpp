@@ -55,15 +55,16 @@ void patternedCodes(Canvas &canvas)
     HBITMAP pattern = CreateBitmap(8, 8, 1, 1, rows);
     canvas.use(CreatePatternBrush(pattern));
     DeleteObject(pattern);
-    for (int code = 0; code < 256; code += 1)
-        BitBlt(canvas.dc(), code % 16 * 13, code / 16 * 10, 12, 9, source.dc(), code % 7, code % 5,
+    // Where the pattern begins anew in source and destination: not every Win32 keeps it in line elsewhere.
+    for (int code = 0; code < 256; ++code)
+        BitBlt(canvas.dc(), code % 13 * 16, code / 13 * 8, 15, 7, source.dc(), code % 3 * 8, code % 2 * 8,
                static_cast<DWORD>(code) << 16);
 }
 
 void fromAllDepths(Canvas &canvas)
 {
     int x = 2;
-    for (int depth : {1, 4, 8, 16, 24, 32}) {
+    for (int depth : sourceDepths(canvas)) {
         Canvas source(depth, 34, 75);
         scribble(source, 13);
         BitBlt(canvas.dc(), x, 2, 32, 75, source.dc(), 1, 0, SRCCOPY);

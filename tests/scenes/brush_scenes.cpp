@@ -25,17 +25,18 @@ void hatches(Canvas &canvas)
 {
     SetBkColor(canvas.dc(), RGB(0, 0, 255));
     for (int style = HS_HORIZONTAL; style <= HS_DIAGCROSS; ++style) {
-        canvas.use(CreateHatchBrush(style, RGB(255, 255, 0)));
-        SetBkMode(canvas.dc(), OPAQUE);
-        fill(canvas, style * 35, 2, 30, 40);
-        SetBkMode(canvas.dc(), TRANSPARENT);
-        fill(canvas, style * 35 + 1, 45, 31, 37);
-        SetBrushOrgEx(canvas.dc(), 3, 5, nullptr);
-        canvas.use(CreateHatchBrush(style, RGB(255, 0, 0)));
-        Rectangle(canvas.dc(), style * 35, 85, style * 35 + 33, 120);
-        SetBkMode(canvas.dc(), OPAQUE);
-        Rectangle(canvas.dc(), style * 35, 123, style * 35 + 33, 158);
-        SetBrushOrgEx(canvas.dc(), 0, 0, nullptr);
+        // A new brush each time: not every Win32 lets a change of the mode reach a brush that has drawn.
+        int y = 2;
+        for (int mode : {OPAQUE, TRANSPARENT}) {
+            SetBkMode(canvas.dc(), mode);
+            canvas.use(CreateHatchBrush(style, RGB(255, 255, 0)));
+            fill(canvas, style * 35, y, 30, 37);
+            SetBrushOrgEx(canvas.dc(), 3, 5, nullptr);
+            canvas.use(CreateHatchBrush(style, RGB(255, 0, 0)));
+            Rectangle(canvas.dc(), style * 35, y + 39, style * 35 + 33, y + 74);
+            SetBrushOrgEx(canvas.dc(), 0, 0, nullptr);
+            y += 78;
+        }
     }
 }
 

@@ -34,6 +34,13 @@ RGBQUAD paletteColor(int depth, int index)
     return {step(index % 6), step(index / 6 % 6), step(index / 36), 0};
 }
 
+std::vector<int> sourceDepths(const Canvas &canvas)
+{
+    if (canvas.depth() == 8)
+        return {1, 4, 8};
+    return {1, 4, 8, 16, 24, 32};
+}
+
 Canvas::Canvas(int depth, int width, int height) : depth_(depth), width_(width), height_(height)
 {
     DibDescription description{};

@@ -11,8 +11,7 @@ void beziers(Canvas &canvas)
     PolyBezier(canvas.dc(), points, 7);
     MoveToEx(canvas.dc(), 10, 150, nullptr);
     PolyBezierTo(canvas.dc(), points + 1, 3);
-    POINT loop[] = {{40, 30}, {200, 120}, {0, 120}, {160, 30}};
-    canvas.pen(PS_SOLID, 1, RGB(255, 0, 0));
+    POINT loop[] = {{120, 5}, {260, 90}, {90, 70}, {205, 5}};
     PolyBezier(canvas.dc(), loop, 4);
 }
 
@@ -43,7 +42,6 @@ void pies(Canvas &canvas)
 {
     canvas.pen(PS_SOLID, 1, RGB(255, 255, 0));
     canvas.brush(RGB(0, 0, 255));
-    SetROP2(canvas.dc(), R2_XORPEN);
     parts([&](auto... numbers) { Pie(canvas.dc(), numbers...); });
 }
 

@@ -37,7 +37,7 @@ void stretchDibits(Canvas &canvas)
     HDC dc = canvas.dc();
     SetStretchBltMode(dc, COLORONCOLOR);
     int x = 2;
-    for (int depth : {1, 4, 8, 16, 24, 32}) {
+    for (int depth : sourceDepths(canvas)) {
         Dib dib(depth, 31, 40, 21);
         StretchDIBits(dc, x, 2, 31, 40, 0, 0, 31, 40, dib.bits.data(), dib.info(), DIB_RGB_COLORS, SRCCOPY);
         StretchDIBits(dc, x, 45, 31, 20, 0, 10, 31, 20, dib.bits.data(), dib.info(), DIB_RGB_COLORS, SRCINVERT);
@@ -51,7 +51,7 @@ void stretchDibits(Canvas &canvas)
 void setToDevice(Canvas &canvas)
 {
     int x = 2;
-    for (int depth : {1, 4, 8, 16, 24, 32}) {
+    for (int depth : sourceDepths(canvas)) {
         Dib dib(depth, 31, 40, 23);
         SetDIBitsToDevice(canvas.dc(), x, 2, 31, 40, 0, 0, 0, 40, dib.bits.data(), dib.info(), DIB_RGB_COLORS);
         SetDIBitsToDevice(canvas.dc(), x + 3, 50, 20, 25, 5, 8, 0, 40, dib.bits.data(), dib.info(), DIB_RGB_COLORS);
@@ -64,7 +64,7 @@ void setToDevice(Canvas &canvas)
 
 void setBits(Canvas &canvas)
 {
-    for (int depth : {1, 4, 8, 16, 24, 32}) {
+    for (int depth : sourceDepths(canvas)) {
         Canvas part(canvas.depth(), 33, 70);
         Dib dib(depth, 33, 70, 25);
         SelectObject(part.dc(), GetStockObject(BLACK_PEN));
@@ -84,6 +84,8 @@ void getBits(Canvas &canvas)
     }
     int x = 0;
     for (int depth : {1, 4, 8, 16, 24, 32}) {
+        if (depth == 8 && canvas.depth() > 8)
+            continue;
         Dib dib(depth, 64, 48, 27);
         // What is read back is shown as it lies in memory.
         if (GetDIBits(source.dc(), source.bitmap(), 0, 48, dib.bits.data(), reinterpret_cast<BITMAPINFO *>(&dib.header),

@@ -47,9 +47,9 @@ void scaled(Canvas &canvas)
 void shrunk(Canvas &canvas)
 {
     HDC dc = canvas.dc();
-    SetMapMode(dc, MM_ISOTROPIC);
+    SetMapMode(dc, MM_ANISOTROPIC);
     SetWindowExtEx(dc, 200, 200, nullptr);
-    SetViewportExtEx(dc, 130, 130, nullptr);
+    SetViewportExtEx(dc, 130, 90, nullptr);
     SetViewportOrgEx(dc, 30, 40, nullptr);
     drawAll(canvas);
 }

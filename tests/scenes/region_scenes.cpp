@@ -33,14 +33,14 @@ void shapes(Canvas &canvas)
 void ellipses(Canvas &canvas)
 {
     int x = 1;
-    for (int width = 3; width <= 18; ++width) {
+    for (int width = 7; width <= 18; ++width) {
         int y = 1;
-        for (int height = 3; height <= 15; height += 2) {
+        for (int height = 5; height <= 17; height += 3) {
             fillAndForget(canvas, CreateEllipticRgn(x, y, x + width, y + height), RGB(255, 0, 0));
             y += height + 2;
         }
-        fillAndForget(canvas, CreateEllipticRgn(x, y, x + width, y + 40), RGB(0, 255, 0));
-        fillAndForget(canvas, CreateRoundRectRgn(x, y + 42, x + width, y + 60, width / 2, 7), RGB(0, 0, 255));
+        fillAndForget(canvas, CreateEllipticRgn(x, y, x + width, y + 25), RGB(0, 255, 0));
+        fillAndForget(canvas, CreateRoundRectRgn(x, y + 42, x + width, y + 60, width / 2 + 3, 9), RGB(0, 0, 255));
         x += width + 1;
     }
 }

@@ -74,6 +74,10 @@ private:
 // The colours of an indexed canvas.
 RGBQUAD paletteColor(int depth, int index);
 
+// The depths from which pixels are brought to a canvas. Colours deeper than 8 bits are left out where the
+// nearest of 256 would have to be found: not every Win32 finds it.
+std::vector<int> sourceDepths(const Canvas &canvas);
+
 std::vector<Scene> lineScenes();
 std::vector<Scene> shapeScenes();
 std::vector<Scene> curveScenes();

@@ -31,7 +31,7 @@ void rectangles(Canvas &canvas)
 {
     inAllWays(canvas, [&](int x, int y) {
         for (int i = 0; i < 6; ++i) {
-            Rectangle(canvas.dc(), x + 2 + i * 10, y + 2, x + 2 + i * 11, y + 2 + i * 3);
+            Rectangle(canvas.dc(), x + 2 + i * 10, y + 2, x + 4 + i * 11, y + 4 + i * 3);
             Rectangle(canvas.dc(), x + 60 - i * 9, y + 50 + i, x + 56 - i * 10, y + 30);
         }
         Rectangle(canvas.dc(), x - 20, y + 60, x + 30, y + 75);
@@ -43,16 +43,28 @@ void smallEllipses(Canvas &canvas)
     canvas.brush(RGB(255, 0, 0));
     canvas.pen(PS_SOLID, 1, RGB(255, 255, 255));
     int x = 1;
-    for (int width = 3; width <= 18; ++width) {
+    for (int width = 6; width <= 18; ++width) {
         int y = 1;
         for (int height = 3; height <= 15; height += 2) {
             Ellipse(canvas.dc(), x, y, x + width, y + height);
             y += height + 2;
         }
-        Ellipse(canvas.dc(), x, y, x + width, y + 40);
+        Ellipse(canvas.dc(), x, y, x + width, y + 17);
         Ellipse(canvas.dc(), x, y + 42, x + width, y + 42 + width);
         x += width + 1;
     }
+}
+
+// Their ends are drawn out to the box.
+void narrowEllipses(Canvas &canvas)
+{
+    canvas.brush(RGB(255, 0, 0));
+    canvas.pen(PS_SOLID, 1, RGB(255, 255, 255));
+    for (int width = 1; width <= 5; ++width)
+        for (int height = 1; height <= 6; ++height) {
+            Ellipse(canvas.dc(), width * 20, height * 23, width * 20 + width, height * 23 + height * 3);
+            Ellipse(canvas.dc(), width * 20 + 100, height * 23, width * 20 + 100 + height, height * 23 + width);
+        }
 }
 
 void ellipses(Canvas &canvas)
@@ -158,6 +170,7 @@ std::vector<Scene> shapeScenes()
 {
     return {{"shapes: rectangles", Agreement::Exact, rectangles},
             {"shapes: small ellipses", Agreement::Exact, smallEllipses},
+            {"shapes: narrow ellipses", Agreement::Own, narrowEllipses},
             {"shapes: ellipses", Agreement::Exact, ellipses},
             {"shapes: large ellipses", Agreement::Near, largeEllipses},
             {"shapes: round rectangles", Agreement::Exact, roundRectangles},

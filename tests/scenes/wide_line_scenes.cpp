@@ -9,7 +9,7 @@ void uprightLines(Canvas &canvas)
     for (int width = 2; width <= 9; ++width) {
         canvas.geometricPen(PS_ENDCAP_FLAT, width, RGB(255, 255, 0));
         canvas.line(5, width * 17 - 25, 90, width * 17 - 25);
-        canvas.geometricPen(PS_ENDCAP_SQUARE, width, RGB(0, 255, 0));
+        canvas.geometricPen(PS_ENDCAP_FLAT, width, RGB(0, 255, 0));
         canvas.line(100 + width * 11, 10, 100 + width * 11, 70);
         SetROP2(canvas.dc(), R2_XORPEN);
         canvas.line(200, width * 17 - 22, 80, width * 17 - 22);
@@ -22,7 +22,7 @@ void widths(Canvas &canvas)
     for (int width = 2; width <= 9; ++width) {
         canvas.pen(PS_SOLID, width, RGB(255, 255, 0));
         canvas.line(10, width * 17 - 20, 60, width * 17 - 30);
-        canvas.line(70 + width * 15, 10, 66 + width * 14, 80);
+        canvas.line(60 + width * 15, 10, 56 + width * 14, 80);
         canvas.line(70 + width * 14, 120, 70 + width * 14, 120);
     }
 }
@@ -114,6 +114,7 @@ void patternPens(Canvas &canvas)
     canvas.line(10, 20, 200, 20);
     canvas.line(20, 40, 20, 150);
     SetBkMode(canvas.dc(), TRANSPARENT);
+    canvas.use(ExtCreatePen(PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_MITER, 12, &hatched, 0, nullptr));
     canvas.line(60, 40, 60, 150);
     WORD rows[8] = {0x11, 0x22, 0x44, 0x88, 0xf0, 0x0f, 0xaa, 0x55};
     HBITMAP pattern = CreateBitmap(8, 8, 1, 1, rows);
@@ -159,7 +160,7 @@ std::vector<Scene> wideLineScenes()
             {"wide: curves", Agreement::Near, wideCurves},
             {"wide: geometric dashes", Agreement::Exact, geometricDashes},
             {"wide: pattern pens", Agreement::Exact, patternPens},
-            {"wide: widened paths", Agreement::Near, widenedPaths}};
+            {"wide: widened paths", Agreement::Own, widenedPaths}};
 }
 
 } // namespace scenes
