@@ -2,12 +2,24 @@
 #include "gdi/bitmap.h"
 #include "gdi/dib.h"
 #include "gdi/stock_objects.h"
+#include "kernel/heap_blocks.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+
+// Pixels lie in plain blocks here.
+void *win32::allocateBlock(size_t size, bool)
+{
+    return calloc(1, size);
+}
+
+void win32::freeBlock(void *block, size_t)
+{
+    free(block);
+}
 
 using namespace win32::gdi;
 
@@ -19,9 +31,15 @@ constexpr uint32_t untouched = 0x12345678;
 struct Canvas {
     explicit Canvas(int depth) : dc(CreateCompatibleDC(nullptr))
     {
-        BITMAPINFO info{};
-        info.bmiHeader = {sizeof info.bmiHeader, side, -side, 1, static_cast<WORD>(depth), BI_RGB, 0, 0, 0, 0, 0};
-        bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, reinterpret_cast<void **>(&pixels), nullptr, 0);
+        struct {
+            BITMAPINFOHEADER header;
+            RGBQUAD colors[256];
+        } info{};
+        info.header = {sizeof info.header, side, -side, 1, static_cast<WORD>(depth), BI_RGB, 0, 0, 0, 0, 0};
+        for (int i = 0; i < 256; ++i)
+            info.colors[i] = {static_cast<BYTE>(i * 7), static_cast<BYTE>(i * 11), static_cast<BYTE>(i), 0};
+        bitmap = CreateDIBSection(dc, reinterpret_cast<BITMAPINFO *>(&info), DIB_RGB_COLORS,
+                                  reinterpret_cast<void **>(&pixels), nullptr, 0);
         SelectObject(dc, bitmap);
     }
 
