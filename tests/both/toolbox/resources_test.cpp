@@ -79,7 +79,7 @@ TEST_F(Resources, FilesAreNamedByDirectoryAndSpec)
     info.ioRefNum = 1001;
     EXPECT_EQ(PBGetFCBInfoSync(&info), noErr);
     EXPECT_EQ(name.text(), "m.dll");
-    EXPECT_EQ(info.ioFCBParID, directory);
+    EXPECT_EQ(SInt32{info.ioFCBParID}, directory);
     CloseResFile(1001);
     EXPECT_EQ(PBGetFCBInfoSync(&info), fnfErr);
 }
