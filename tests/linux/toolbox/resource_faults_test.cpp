@@ -44,6 +44,8 @@ protected:
 
     SInt16 openText() const { return open(folder_.path("r.txt")); }
 
+    static std::string shown(Handle h) { return h && GetHandleSize(h) > 0 ? data(h) + "," : "-,"; }
+
     static void addNew(SInt16 id, const std::string &name)
     {
         Handle h = handleOf("new");
@@ -52,36 +54,60 @@ protected:
             DisposeHandle(h);
     }
 
-    // Everything that the Resource Manager does with memory; gives what it found.
-    std::string scenario() const
+    // What every call that reads makes of the two files.
+    std::string readAll() const
     {
-        std::string found;
-        auto note = [&](Handle h) { found += h && GetHandleSize(h) > 0 ? data(h) + "," : "-,"; };
         SInt16 module = open(modulePath()), text = openText();
         UseResFile(module);
-        note(Get1Resource(abcd, 129));
-        note(Get1NamedResource(abcd, Pascal("Bar")));
-        note(Get1IndResource(abcd, 1));
-        note(Get1Resource(typeNamed("LStr"), 200));
+        std::string found = shown(Get1Resource(abcd, 129));
+        found += shown(Get1NamedResource(abcd, Pascal("Bar")));
+        found += shown(Get1IndResource(abcd, 1));
+        found += shown(Get1Resource(typeNamed("LStr"), 200));
         found += std::to_string(Count1Resources(abcd)) + ",";
         for (SInt16 id = 1000; id < 1070; ++id) // in memory only, and enough for the lists to grow
             addNew(id, "");
         UseResFile(text);
-        note(Get1Resource(abcd, 1));
-        note(Get1NamedResource(abcd, Pascal("Second")));
+        found += shown(Get1Resource(abcd, 1));
+        found += shown(Get1NamedResource(abcd, Pascal("Second")));
+        CloseResFile(text);
+        CloseResFile(module);
+        return found;
+    }
+
+    std::string writeAll() const
+    {
+        prepare();
+        openText();
         addNew(10, "New");
-        Handle h = Get1Resource(abcd, 2);
-        if (h) {
+        if (Handle h = Get1Resource(abcd, 2)) {
             SetHandleSize(h, 7);
             WriteResource(h);
             RemoveResource(h);
             DisposeHandle(h);
         }
-        found += std::to_string(Unique1ID(abcd)) + ",";
-        note(Get1Resource(abcd, 10));
-        CloseResFile(text);
-        CloseResFile(module);
+        std::string found = shown(Get1Resource(abcd, 1)) + std::to_string(Unique1ID(abcd));
+        CloseResFile(1001);
         return found;
+    }
+
+    // Refuses one allocation after the other; the step is for kinds of which there are many alike.
+    template <class Scenario> void sweep(Win32Allocation kind, DWORD step, Scenario scenario)
+    {
+        Win32Control_RefuseAllocations(kind, 0, 0, 0);
+        std::string whole = scenario();
+        DWORD total = Win32Control_AllocationsCounted(kind);
+        Win32Control_Reset();
+        ASSERT_GT(total, step);
+        UInt64 usage = MEM_GetMemUsage();
+        DWORD handles = Win32Control_OpenHandles();
+        for (DWORD refused = 1; refused <= total; refused += step) {
+            refuse(kind, refused);
+            scenario();
+            Win32Control_Reset();
+            ASSERT_EQ(MEM_GetMemUsage(), usage) << "refused " << refused;
+            ASSERT_EQ(Win32Control_OpenHandles(), handles) << "refused " << refused;
+            ASSERT_EQ(scenario(), whole) << "refused " << refused;
+        }
     }
 
     void prepare() const
@@ -91,29 +117,19 @@ protected:
     }
 };
 
-TEST_F(ResourceFaults, EveryRefusedAllocationIsCleanAndTheNextCallWorks)
+TEST_F(ResourceFaults, EveryRefusedAllocationOfReadingIsCleanAndTheNextCallWorks)
 {
-    for (Win32Allocation kind : {WIN32_ALLOCATION_C_HEAP, WIN32_ALLOCATION_LAYER}) {
-        prepare();
-        Win32Control_RefuseAllocations(kind, 0, 0, 0);
-        std::string whole = scenario();
-        EXPECT_EQ(whole.substr(0, 37), "second,third,first,english,9,one,two,") << whole;
-        DWORD total = Win32Control_AllocationsCounted(kind);
-        Win32Control_Reset();
-        UInt64 usage = MEM_GetMemUsage();
-        DWORD handles = Win32Control_OpenHandles();
-        // The layer's allocations are many and alike.
-        for (DWORD refused = 1; refused <= total; refused += kind == WIN32_ALLOCATION_LAYER ? 1 + total / 100 : 1) {
-            prepare();
-            refuse(kind, refused);
-            scenario();
-            Win32Control_Reset();
-            ASSERT_EQ(MEM_GetMemUsage(), usage) << "kind " << kind << ", refused " << refused;
-            ASSERT_EQ(Win32Control_OpenHandles(), handles) << "kind " << kind << ", refused " << refused;
-            prepare();
-            ASSERT_EQ(scenario(), whole) << "kind " << kind << ", refused " << refused;
-        }
-    }
+    prepare();
+    EXPECT_EQ(readAll(), "second,third,first,english,9,one,two,");
+    sweep(WIN32_ALLOCATION_C_HEAP, 1, [this] { return readAll(); });
+    sweep(WIN32_ALLOCATION_LAYER, 3, [this] { return readAll(); });
+}
+
+TEST_F(ResourceFaults, EveryRefusedAllocationOfWritingIsCleanAndTheNextCallWorks)
+{
+    EXPECT_EQ(writeAll(), "one,128");
+    sweep(WIN32_ALLOCATION_C_HEAP, 1, [this] { return writeAll(); });
+    sweep(WIN32_ALLOCATION_LAYER, 50, [this] { return writeAll(); });
 }
 
 TEST_F(ResourceFaults, AShortageIsToldAndLeavesNoResource)
