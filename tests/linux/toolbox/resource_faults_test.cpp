@@ -180,7 +180,10 @@ TEST_F(ResourceFaults, TheHostMayCloseTheFileWhileItMakesRoom)
     for (bool isText : {false, true}) {
         for (DWORD refused = 1; refused <= 8; ++refused) {
             SInt16 file = isText ? openText() : open(modulePath());
-            onGrowZone = [=] { CloseResFile(file); };
+            onGrowZone = [=, this] {
+                CloseResFile(file);
+                EXPECT_EQ(open(folder_.path("other.txt")), file) << "another one in its place";
+            };
             refuse(WIN32_ALLOCATION_C_HEAP, refused);
             Handle h = Get1Resource(abcd, isText ? 2 : 129);
             bool reached = Win32Control_AllocationsCounted(WIN32_ALLOCATION_C_HEAP) > refused;
