@@ -72,7 +72,7 @@ std::string printable(const std::string &text)
 
 std::string shownType(const Resource &resource)
 {
-    return resource.type.empty() ? "#" + std::to_string(resource.typeNumber) : printable(resource.type);
+    return resource.type.empty() ? '#' + std::to_string(resource.typeNumber) : printable(resource.type);
 }
 
 std::string shownName(const Resource &resource)
