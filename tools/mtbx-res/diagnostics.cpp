@@ -28,7 +28,8 @@ void Diagnostics::leftOut(const std::string &file, const std::string &text, std:
 
 void Diagnostics::note(const std::string &file, const std::string &text)
 {
-    print(file, "note: " + text, std::nullopt);
+    if (notes_.insert(text).second)
+        print(file, "note: " + text, std::nullopt);
 }
 
 void Diagnostics::print(const std::string &file, const std::string &text, std::optional<uint64_t> offset)

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <ostream>
+#include <set>
 #include <string>
 
 namespace tool {
@@ -27,7 +28,7 @@ public:
     bool fail(const std::string &file, const std::string &text, std::optional<uint64_t> offset = {});
     // Something is left out and the command goes on.
     void leftOut(const std::string &file, const std::string &text, std::optional<uint64_t> offset = {});
-    // Worth knowing, and nothing is lost.
+    // Worth knowing, and nothing is lost. The same is told once.
     void note(const std::string &file, const std::string &text);
 
     ExitCode exitCode() const { return exitCode_; }
@@ -39,6 +40,7 @@ private:
     std::map<std::string, std::string> shownNames_;
     ExitCode exitCode_ = exitDone;
     unsigned leftOutCount_ = 0;
+    std::set<std::string> notes_;
 };
 
 // What a Win32 error means.

@@ -66,13 +66,13 @@ bool setData(Resource &resource, const forks::ForkResource &source, Forms forms,
     auto bytes = source.data.bytes();
     resource.data.assign(bytes.begin(), bytes.end());
     if (source.attributes & forks::isCompressed) {
-        diagnostics.note(path, title + "the data is compressed and stays so");
+        diagnostics.note(path, forks::textOfType(source.type) + ": compressed data stays as it is");
         return true;
     }
     if (forms == Forms::AsPublished)
         return true;
     if (const char *form = foreignForm(source.type))
-        diagnostics.note(path, title + form);
+        diagnostics.note(path, forks::textOfType(source.type) + ": " + form);
     auto result = toSystemForm(source.type, source.data);
     if (auto problem = std::get_if<forks::Problem>(&result)) {
         diagnostics.leftOut(path, title + problem->text + "; it is left out", problem->place);
