@@ -5,7 +5,7 @@
 #include "readable.h"
 #include "system_forms.h"
 
-#include "Resources/ResourceLayout.h"
+#include "Resources/TypeName.h"
 
 #include <cstdlib>
 #include <variant>
@@ -31,7 +31,7 @@ void convert(const forks::ForkResource &source, forks::Bytes file)
         return;
     }
     tool::Resource resource;
-    resource.type = resources::typeName(source.type).text;
+    resource.type = resources::TypeName(source.type).text();
     resource.isToolbox = true;
     resource.data = std::get<tool::Bytes>(result);
     check(resource.data.size() <= source.data.size() + 8);
@@ -39,7 +39,7 @@ void convert(const forks::ForkResource &source, forks::Bytes file)
     tool::Resource read = resource;
     tool::setContents(read, tool::contentsOf(resource));
     check(read.isToolbox || resource.type.empty());
-    check(!read.isToolbox || read.data == resource.data || resources::isMenuBar(resource.type.c_str()));
+    check(!read.isToolbox || read.data == resource.data || resource.type == "MBAR");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "resource.h"
 
-#include "Resources/ResourceLayout.h"
+#include "Resources/Payload.h"
+#include "Resources/TypeName.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -21,24 +22,34 @@ void appendWord(Bytes &bytes, UInt16 word)
     append(bytes, both, sizeof both);
 }
 
+std::span<const char> charactersOf(std::span<const std::byte> bytes)
+{
+    return {reinterpret_cast<const char *>(bytes.data()), bytes.size()};
+}
+
+bool isMenuBar(const Resource &resource)
+{
+    return resource.type == resources::TypeName(resources::menuBarType).text();
+}
+
 } // namespace
 
 void setContents(Resource &resource, std::span<const std::byte> contents)
 {
     bool canBeToolbox = !resource.type.empty() && resource.textName.empty();
-    auto payload = canBeToolbox ? resources::readPayload(contents) : std::nullopt;
-    resource.isToolbox = payload.has_value();
+    resources::Payload payload;
+    resource.isToolbox = canBeToolbox && resources::readPayload(charactersOf(contents), payload);
     resource.data.clear();
-    if (!payload) {
+    if (!resource.isToolbox) {
         append(resource.data, contents.data(), contents.size());
         return;
     }
-    resource.flags = payload->flags;
-    if (payload->name)
-        resource.name = payload->name;
-    if (resources::isMenuBar(resource.type.c_str()))
-        appendWord(resource.data, static_cast<UInt16>(resources::menuBarCount(payload->data.size())));
-    append(resource.data, payload->data.data(), payload->data.size());
+    resource.flags = std::to_integer<UInt16>(contents[0]);
+    resource.flags |= static_cast<UInt16>(std::to_integer<UInt16>(contents[1]) << 8);
+    resource.name = payload.name;
+    if (isMenuBar(resource))
+        appendWord(resource.data, static_cast<UInt16>(resources::menuBarCount(payload.data)));
+    append(resource.data, payload.data.data(), payload.data.size());
 }
 
 Bytes contentsOf(const Resource &resource)
@@ -52,7 +63,7 @@ Bytes contentsOf(const Resource &resource)
     appendWord(contents, flags);
     if (flags & resources::payloadIsNamed)
         append(contents, resource.name.c_str(), resource.name.size() + 1);
-    size_t count = resources::isMenuBar(resource.type.c_str()) ? sizeof(SInt16) : 0;
+    size_t count = isMenuBar(resource) ? sizeof(SInt16) : 0;
     count = std::min(count, resource.data.size());
     append(contents, resource.data.data() + count, resource.data.size() - count);
     return contents;
@@ -96,7 +107,7 @@ Resource resourceOfType(const std::string &given)
         ResType type = 0;
         for (size_t place = 0; place < 4; ++place)
             type = type << 8 | static_cast<unsigned char>(place < given.size() ? given[place] : ' ');
-        resource.type = resources::typeName(type).text;
+        resource.type = resources::TypeName(type).text();
     }
     return resource;
 }

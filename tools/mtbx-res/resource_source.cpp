@@ -5,7 +5,7 @@
 #include "fork/resource_fork.h"
 #include "system_forms.h"
 
-#include "Resources/ResourceLayout.h"
+#include "Resources/TypeName.h"
 #include "kernel/pe_image.h"
 
 #include <optional>
@@ -91,7 +91,7 @@ void addForkResource(const forks::ForkResource &source, Forms forms, const std::
         return;
     }
     Resource resource;
-    resource.type = resources::typeName(source.type).text;
+    resource.type = resources::TypeName(source.type).text();
     resource.id = source.id;
     resource.isToolbox = true;
     resource.name = source.name;

@@ -28,6 +28,11 @@ void readTextSections(const std::string &path, std::vector<Resource> &resources,
 enum class Forms { AsPublished, OfThisSystem };
 bool readForkFile(const std::string &path, Forms forms, std::vector<Resource> &resources, Diagnostics &diagnostics);
 
+// The file that holds a section's resources for a text file: some types live in the sister file of a ".txt" file.
+std::string textFileOf(const std::string &path, const std::string &section);
+// The sister file, the same path for a file that has none.
+std::string sisterFileOf(const std::string &path);
+
 bool isTextPath(const std::string &path);
 
 } // namespace tool

@@ -1,6 +1,6 @@
 #include "system_forms.h"
 
-#include "Resources/ResourceLayout.h"
+#include "Resources/TypeName.h"
 
 #include <algorithm>
 #include <optional>
@@ -241,7 +241,7 @@ const RecordForm *findRecordForm(const std::string &typeName)
 std::variant<Bytes, Problem> toSystemForm(uint32_t type, const ByteView &data)
 {
     Converter converter(data);
-    const RecordForm *form = findRecordForm(resources::typeName(type).text);
+    const RecordForm *form = findRecordForm(resources::TypeName(type).text());
     if (form) {
         convertRecord(converter, *form);
         return converter.result();

@@ -6,7 +6,6 @@
 #include "resource_output.h"
 #include "resource_source.h"
 
-#include "Resources/ResourceLayout.h"
 #include "kernel/profile_struct.h"
 
 #include <algorithm>
@@ -131,7 +130,7 @@ bool writeText(const std::string &path, const std::vector<Resource> &resources, 
             files[file];
     }
     for (const Resource &resource : resources)
-        files[resources::textFileOf(path, resource.type.c_str())].push_back(resource);
+        files[textFileOf(path, resource.type)].push_back(resource);
     return std::all_of(files.begin(), files.end(),
                        [&](const auto &file) { return writeTextFile(file.first, file.second, diagnostics); });
 }
@@ -180,7 +179,7 @@ bool canWrite(const std::string &path)
 std::vector<std::string> writtenFiles(const std::string &path)
 {
     std::vector<std::string> files = {path};
-    std::string sister = resources::textFileOf(path, "OMpr");
+    std::string sister = sisterFileOf(path);
     if (sister != path)
         files.push_back(sister);
     return files;

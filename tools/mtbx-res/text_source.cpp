@@ -2,7 +2,8 @@
 #include "file_access.h"
 #include "resource_source.h"
 
-#include "Resources/ResourceLayout.h"
+#include "Resources/SisterFile.h"
+#include "Resources/TypeName.h"
 
 #include <windows.h>
 
@@ -89,6 +90,21 @@ void readTextSections(const std::string &path, std::vector<Resource> &resources,
         readSection(section, path, resources, diagnostics);
 }
 
+std::string sisterFileOf(const std::string &path)
+{
+    std::string sister = path + '\0';
+    return resources::toSisterFile(sister.data()) ? sister : path;
+}
+
+std::string textFileOf(const std::string &path, const std::string &section)
+{
+    for (ResType type : resources::sisterTypes) {
+        if (section == resources::TypeName(type).text())
+            return sisterFileOf(path);
+    }
+    return path;
+}
+
 bool readTextFile(const std::string &path, std::vector<Resource> &resources, Diagnostics &diagnostics)
 {
     Bytes content;
@@ -99,17 +115,17 @@ bool readTextFile(const std::string &path, std::vector<Resource> &resources, Dia
         diagnostics.note(path, "the system finds no section in this file");
     std::string sister;
     for (const std::string &section : sections) {
-        std::string holder = resources::textFileOf(path, section.c_str());
+        std::string holder = textFileOf(path, section);
         if (holder == path)
             readSection(section, path, resources, diagnostics);
         else
             diagnostics.note(path, "section [" + printable(section) + "] is not read here but in " + holder);
     }
-    std::string sisterPath = resources::textFileOf(path, "OMpr");
+    std::string sisterPath = sisterFileOf(path);
     if (sisterPath == path || !fileExists(sisterPath))
         return true;
     for (const std::string &section : names(nullptr, sisterPath)) {
-        if (resources::textFileOf(path, section.c_str()) == sisterPath)
+        if (textFileOf(path, section) == sisterPath)
             readSection(section, sisterPath, resources, diagnostics);
     }
     return true;

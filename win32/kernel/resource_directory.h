@@ -66,7 +66,10 @@ public:
     const Resource *at(size_t place) const { return place < resources_.size() ? &resources_[place] : nullptr; }
 
 private:
+    static std::span<const Resource> named(std::span<const Resource> ofOneType, const ResourceName &name);
+
     std::vector<Resource> resources_; // sorted by type, name, language
+    std::vector<size_t> typeStarts_;  // the place of the first resource of each type
 };
 
 } // namespace win32
