@@ -48,6 +48,11 @@ MTBX_API ScriptCode MTBX_CharSetToScript(UInt8 characterSet);
 /* There are no variables of scripts: 0. */
 MTBX_API SInt32 GetScriptVariable(SInt16 script, SInt16 selector);
 
+/* The resource itl1, 128 for id 1, itl0, 128 for any other, as it was when first asked for. The handle is the
+   library's own and is never null; its master pointer is null when there was no such resource then. It must not be
+   disposed or resized. The fields stand as the resource has them. */
+MTBX_API Handle GetIntlResource(SInt16 id);
+
 /* Whether the byte of a text at an offset is a character by itself or the first or last byte of one of two
    bytes, in the system's code page. text is the start of the text, not of the byte: only a walk from there
    tells. A negative offset gives smLastByte. */

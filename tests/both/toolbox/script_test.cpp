@@ -1,9 +1,13 @@
 // Scripts, character sets, code pages, and the bytes of double-byte text.
-#include <mtbx/Script.h>
+#include "Pascal.h"
+#include "TemporaryFolder.h"
+
+#include <mtbx/MTBX.h>
 
 #include <gtest/gtest.h>
 
 #include <set>
+#include <string>
 
 namespace {
 
@@ -45,6 +49,31 @@ TEST(Script, CharByteFollowsTheCodePageOfTheSystem)
     for (SInt16 offset = 0; offset < 7; ++offset)
         EXPECT_EQ(CharByte(text, offset), isJapanese ? japanese[offset] : 0) << offset;
     EXPECT_EQ(CharByte(text, -1), smLastByte);
+}
+
+TEST(Script, IntlResourcesAreKeptAsTheyWereWhenFirstAskedFor)
+{
+    TemporaryFolder folder("mtbx-script");
+    std::string numbers = "0123456789abcdefghijklmnopqrstuv", path = folder.path("intl.txt");
+    WritePrivateProfileStringA("itl0", "128_Size", "32", path.c_str());
+    WritePrivateProfileStructA("itl0", "128", numbers.data(), 32, path.c_str());
+    InitResources();
+    OpenResFile(Pascal(path));
+    MTBX_BeginEnableSearchResourcesInTextFiles();
+    Handle found = GetIntlResource(7), missing = GetIntlResource(1);
+    std::string dates(400, 'd');
+    WritePrivateProfileStringA("itl1", "128_Size", "400", path.c_str());
+    WritePrivateProfileStructA("itl1", "128", dates.data(), 400, path.c_str());
+    MTBX_ShutdownResources();
+    ASSERT_NE(found, nullptr);
+    ASSERT_NE(*found, nullptr);
+    EXPECT_EQ(std::string(*found, 32), numbers);
+    EXPECT_EQ(GetIntlResource(0), found);
+    ASSERT_NE(missing, nullptr);
+    EXPECT_EQ(*missing, nullptr);
+    EXPECT_EQ(GetIntlResource(1), missing);
+    EXPECT_EQ(*missing, nullptr) << "a missing resource is not looked for again";
+    MTBX_EndEnableSearchResourcesInTextFiles();
 }
 
 } // namespace
