@@ -2,6 +2,7 @@
 #include "faults.h"
 #include "kernel_internal.h"
 #include "profile_store.h"
+#include "profile_struct.h"
 
 #include <algorithm>
 #include <cstring>
@@ -107,8 +108,7 @@ int byteAt(std::string_view text, size_t place)
     return (high | low) < 0 ? -1 : high * 16 + low;
 }
 
-// Two digits for each byte, and a last byte that is the sum of those before it. Nothing is written unless all is
-// right.
+// Reads what profileStruct makes. Nothing is written unless all is right.
 bool decodeStruct(std::string_view text, BYTE *data, UINT size)
 {
     if (text.size() / 2 != size_t{size} + 1 || text.size() % 2 != 0)
@@ -125,24 +125,6 @@ bool decodeStruct(std::string_view text, BYTE *data, UINT size)
     for (size_t place = 0; place < size; ++place)
         data[place] = static_cast<BYTE>(byteAt(text, place));
     return true;
-}
-
-std::string encodeStruct(const BYTE *data, UINT size)
-{
-    constexpr char digits[] = "0123456789ABCDEF";
-    std::string text;
-    text.reserve((size_t{size} + 1) * 2);
-    BYTE sum = 0;
-    auto append = [&](BYTE byte) {
-        text += digits[byte >> 4];
-        text += digits[byte & 15];
-    };
-    for (UINT place = 0; place < size; ++place) {
-        append(data[place]);
-        sum = static_cast<BYTE>(sum + data[place]);
-    }
-    append(sum);
-    return text;
 }
 
 // The number at the start of a text: decimal, or hexadecimal behind "0x"; wraps at 32 bits.
@@ -257,7 +239,7 @@ BOOL WritePrivateProfileStructA(LPCSTR section, LPCSTR key, LPVOID data, UINT si
     if (!data)
         return WritePrivateProfileStringA(section, key, nullptr, file);
     return guarded(FALSE, [&] {
-        return WritePrivateProfileStringA(section, key, encodeStruct(static_cast<const BYTE *>(data), size).c_str(),
+        return WritePrivateProfileStringA(section, key, profileStruct(static_cast<const BYTE *>(data), size).c_str(),
                                           file);
     });
 }

@@ -56,6 +56,7 @@ public:
     }
 
     bool atEnd() const { return place_ == bytes_.size(); }
+    size_t place() const { return place_; }
 
 private:
     std::span<const std::byte> bytes_;
@@ -120,10 +121,11 @@ ResourceName ResourceName::fromArgument(LPCSTR argument)
     return result;
 }
 
-void ResourceDirectory::add(std::span<const std::byte> resFile)
+size_t ResourceDirectory::add(std::span<const std::byte> resFile)
 {
     Reader reader(resFile);
-    while (!reader.atEnd()) {
+    size_t place = 0;
+    for (; !reader.atEnd(); place = reader.place()) {
         auto resource = readResource(reader);
         if (!resource)
             break;
@@ -132,6 +134,7 @@ void ResourceDirectory::add(std::span<const std::byte> resFile)
             resources_.push_back(std::move(*resource));
     }
     sort();
+    return place;
 }
 
 void ResourceDirectory::sort()

@@ -43,8 +43,9 @@ struct Resource {
 class ResourceDirectory {
 public:
     // Indexes the resources of a .res file. Reading stops at the first record that is not whole;
-    // what stands before it remains usable.
-    void add(std::span<const std::byte> resFile);
+    // what stands before it remains usable. The result is the place of that record, or the size of
+    // the file when all are whole.
+    size_t add(std::span<const std::byte> resFile);
 
     // Adds one resource; the index is ready after the next sort.
     void addResource(Resource resource) { resources_.push_back(std::move(resource)); }
