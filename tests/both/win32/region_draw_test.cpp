@@ -87,7 +87,7 @@ TEST_F(RegionDrawing, FillsPaintsFramesAndInvertsTheRegionsPixels)
         EXPECT_TRUE(PaintRgn(canvas_.dc, region_));
         expectWhere(green, [this](int x, int y) { return holds(x, y); });
         EXPECT_TRUE(InvertRgn(canvas_.dc, region_));
-        expectWhere(~ground & 0xffffff, [this](int x, int y) { return holds(x, y); });
+        expectWhere(~ground, [this](int x, int y) { return holds(x, y); });
         for (auto [frameWidth, frameHeight] : {std::pair(1, 1), std::pair(0, 1), std::pair(1, 0), std::pair(-1, 1)}) {
             EXPECT_TRUE(FrameRgn(canvas_.dc, region_, brush_, frameWidth, frameHeight));
             expectWhere(red, [this, frameWidth = abs(frameWidth), frameHeight = frameHeight](int x, int y) {
@@ -127,7 +127,7 @@ TEST_F(RegionDrawing, FollowsTheMappingAndTheRasterMode)
         FrameRgn(canvas_.dc, region_, brush_, 1, 1);
         expectWhere(ground ^ red, [this](int x, int y) { return isFrame(x - 3, y + 2, 1, 1); });
         InvertRgn(canvas_.dc, region_);
-        expectWhere(~ground & 0xffffff, [this](int x, int y) { return holds(x - 3, y + 2); });
+        expectWhere(~ground, [this](int x, int y) { return holds(x - 3, y + 2); });
     }
     SetROP2(canvas_.dc, R2_COPYPEN);
     SetWindowOrgEx(canvas_.dc, 0, 0, nullptr);
