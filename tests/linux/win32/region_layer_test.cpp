@@ -160,7 +160,7 @@ TEST_F(RegionLayer, FramesHaveTheirFullWidthAlsoAlongNarrowGaps)
         ".#####.######.",
         ".#####.######.",
         ".###..#...###.",
-        ".###..#...###.",
+        ".############.",
         ".............."}));
 }
 
