@@ -17,7 +17,7 @@ public:
 
     pixman_region32_t *get() { return &pixels_; }
 
-    // Room for boxes at once: pixman by itself makes it in small steps.
+    // Room for boxes at once: pixman by itself makes it in small steps. It does not free a size of 0.
     bool reserve(size_t count)
     {
         auto *data = static_cast<pixman_region32_data_t *>(malloc(sizeof *pixels_.data + count * sizeof(Box)));
@@ -74,8 +74,9 @@ int complexityOf(const pixman_region32_t &region)
 bool combine(pixman_region32_t &result, const pixman_region32_t &first, const pixman_region32_t &second, int mode)
 {
     Replacement replacement(result);
+    size_t count = boxCount(first) + boxCount(second);
     bool isComplex = first.data || second.data;
-    if (isComplex && !replacement.reserve(2 * (boxCount(first) + boxCount(second))))
+    if (isComplex && count > 0 && !replacement.reserve(2 * count))
         return false;
     pixman_region32_t *made = replacement.get();
     switch (mode) {
