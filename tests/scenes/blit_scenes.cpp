@@ -109,7 +109,7 @@ void overlapping(Canvas &canvas)
 {
     scribble(canvas, 15);
     BitBlt(canvas.dc(), 10, 10, 100, 80, canvas.dc(), 15, 13, SRCCOPY);
-    BitBlt(canvas.dc(), 80, 60, 100, 80, canvas.dc(), 72, 51, SRCCOPY);
+    BitBlt(canvas.dc(), 80, 60, 100, 80, canvas.dc(), 86, 51, SRCCOPY);
     BitBlt(canvas.dc(), 60, 20, 100, 30, canvas.dc(), 57, 20, SRCINVERT);
     BitBlt(canvas.dc(), 5, 100, 100, 30, canvas.dc(), 9, 100, SRCAND);
 }

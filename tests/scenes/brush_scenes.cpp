@@ -76,6 +76,9 @@ void coloredPatterns(Canvas &canvas)
 
 void dibPattern(Canvas &canvas)
 {
+    // Some mix the colours of such a pattern from black and white.
+    if (canvas.depth() == 1)
+        return;
     struct {
         BITMAPINFOHEADER header;
         RGBQUAD colors[4];

@@ -93,7 +93,6 @@ Difference differenceOf(const Picture &ours, const Picture &theirs)
             if (ours.at(x, y) == theirs.at(x, y))
                 continue;
             ++difference.pixels;
-            if (getenv("FARP") && (!theirs.hasNear(ours.at(x, y), x, y) || !ours.hasNear(theirs.at(x, y), x, y))) printf("   far %d,%d: %x %x\n", x, y, ours.at(x, y), theirs.at(x, y));
             difference.far += !theirs.hasNear(ours.at(x, y), x, y) || !ours.hasNear(theirs.at(x, y), x, y);
         }
     return difference;

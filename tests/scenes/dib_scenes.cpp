@@ -83,7 +83,7 @@ void getBits(Canvas &canvas)
         PatBlt(source.dc(), random.below(60), random.below(40), 12, 9, PATCOPY);
     }
     int x = 0;
-    for (int depth : {1, 4, 8, 16, 24, 32}) {
+    for (int depth : sourceDepths(canvas)) {
         if (depth == 8 && canvas.depth() > 8)
             continue;
         Dib dib(depth, 64, 48, 27);

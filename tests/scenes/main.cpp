@@ -14,6 +14,9 @@ constexpr int width = 210, height = 160;
 bool writeScene(FILE *file, const Scene &scene, int depth)
 {
     Canvas canvas(depth, width, height);
+    // What lies near a pixel tells something on an even ground only.
+    if (scene.agreement == Agreement::Near)
+        canvas.clear(RGB(0, 0, 0));
     scene.draw(canvas);
     std::vector<uint8_t> bytes = canvas.bytes();
     SceneRecord record{{}, depth, width, height, scene.agreement, static_cast<uint32_t>(bytes.size())};

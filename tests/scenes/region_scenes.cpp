@@ -39,7 +39,7 @@ void ellipses(Canvas &canvas)
             fillAndForget(canvas, CreateEllipticRgn(x, y, x + width, y + height), RGB(255, 0, 0));
             y += height + 2;
         }
-        fillAndForget(canvas, CreateEllipticRgn(x, y, x + width, y + 25), RGB(0, 255, 0));
+        fillAndForget(canvas, CreateEllipticRgn(x, y, x + width, y + 19), RGB(0, 255, 0));
         fillAndForget(canvas, CreateRoundRectRgn(x, y + 42, x + width, y + 60, width / 2 + 3, 9), RGB(0, 0, 255));
         x += width + 1;
     }
