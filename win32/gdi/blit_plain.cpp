@@ -140,7 +140,7 @@ void blitPlain(const BlitJob &job, bool isSameSurface)
             eachVisibleInAnyOrder(job.clip, box, visit);
     };
     bool isShifted = distanceX * job.source.format.bitsPerPixel % 8 != 0;
-    bool isWithinRows = isSameSurface && distanceY == 0 && !job.operation.isCopy();
+    bool isWithinRows = isSameSurface && distanceY == 0;
     if (!converter.isIdentity())
         return each([&](const Box &piece) { blit.throughBuffer(piece, isDown, isRight, &PlainBlit::convert); });
     if (isShifted || isWithinRows)
