@@ -1,5 +1,6 @@
 # Reads the library's list of exports and writes the linker's view of it: a module definition file
-# for Windows, a version script for Linux. A line is "name" or "name DATA".
+# for Windows, a version script for Linux. A line is "name" or "name DATA"; "name GDI" is there only
+# with MTBX_HAS_GDI.
 
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/exports.list")
 
@@ -8,9 +9,10 @@ function(mtbx_generate_exports list definition_file version_script)
     set(definitions "LIBRARY MTBX\nEXPORTS\n")
     set(globals "")
     foreach(line IN LISTS lines)
-        if(line MATCHES "^#" OR line STREQUAL "")
+        if(line MATCHES "^#" OR line STREQUAL "" OR (line MATCHES " GDI$" AND NOT MTBX_HAS_GDI))
             continue()
         endif()
+        string(REGEX REPLACE " GDI$" "" line "${line}")
         string(APPEND definitions "    ${line}\n")
         string(REGEX REPLACE " .*" "" name "${line}")
         string(APPEND globals "        ${name};\n")

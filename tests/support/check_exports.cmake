@@ -1,10 +1,10 @@
 # Holds what the built library exports against the list it is meant to export.
-# Arguments: LIBRARY, LIST, TOOL (nm or objdump), FORMAT (elf or pe).
+# Arguments: LIBRARY, LIST, TOOL (nm or objdump), FORMAT (elf or pe), GDI (whether lines marked so count).
 
 file(STRINGS "${LIST}" lines)
 set(expected "")
 foreach(line IN LISTS lines)
-    if(NOT line MATCHES "^#" AND NOT line STREQUAL "")
+    if(NOT line MATCHES "^#" AND NOT line STREQUAL "" AND (GDI OR NOT line MATCHES " GDI$"))
         string(REGEX REPLACE " .*" "" name "${line}")
         list(APPEND expected "${name}")
     endif()
