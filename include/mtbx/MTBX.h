@@ -7,6 +7,7 @@
 #include <mtbx/Drag.h>
 #include <mtbx/Events.h>
 #include <mtbx/Files.h>
+#include <mtbx/FixMath.h>
 #include <mtbx/Folders.h>
 #include <mtbx/Gestalt.h>
 #include <mtbx/LowMem.h>
@@ -23,5 +24,6 @@
 #include <mtbx/Resources.h>
 #include <mtbx/TextEdit.h>
 #include <mtbx/TextUtils.h>
+#include <mtbx/ToolUtils.h>
 
 #endif
