@@ -11,6 +11,50 @@ extern "C" {
 typedef GrafPtr WindowPtr;
 typedef WindowPtr WindowRef;
 
+typedef struct ControlRecord ControlRecord;
+typedef ControlRecord *ControlPtr;
+typedef ControlPtr *ControlHandle;
+
+#pragma pack(push, 2)
+
+/* A port and what makes it a window. The native window, once the host has made it, stands in pmWindow
+   of the port's PixMap. */
+typedef struct WindowRecord {
+    CGrafPort port;
+    SInt16 windowKind;
+    UInt8 visible;
+    UInt8 hilited;
+    UInt8 goAwayFlag;
+    UInt8 spareFlag;
+    RgnHandle strucRgn;
+    RgnHandle contRgn;
+    RgnHandle updateRgn;
+    /* The window's procID; never called. */
+    SInt32 windowDefProc;
+    Handle dataHandle;
+    StringHandle titleHandle;
+    SInt16 titleWidth;
+    ControlHandle controlList;
+    WindowPtr nextWindow;
+    /* 1 between BeginUpdate and EndUpdate; no picture. */
+    SInt32 windowPic;
+    SRefCon refCon;
+    Handle windowExtra;
+} WindowRecord;
+typedef WindowRecord *WindowPeek;
+typedef WindowRecord CWindowRecord;
+typedef CWindowRecord *CWindowPeek;
+
+#pragma pack(pop)
+
+MTBX_ASSERT_OFFSET_32(WindowRecord, windowKind, 170);
+MTBX_ASSERT_OFFSET_32(WindowRecord, strucRgn, 176);
+MTBX_ASSERT_OFFSET_32(WindowRecord, windowDefProc, 188);
+MTBX_ASSERT_OFFSET_32(WindowRecord, titleWidth, 200);
+MTBX_ASSERT_OFFSET_32(WindowRecord, nextWindow, 206);
+MTBX_ASSERT_OFFSET_32(WindowRecord, refCon, 214);
+MTBX_ASSERT_SIZE_32(WindowRecord, 222);
+
 /* The head of the window list, which the library keeps. */
 extern MTBX_API WindowPtr gFrontWindow;
 /* The Window Manager's own port, over the whole screen. */

@@ -8,11 +8,30 @@
 extern "C" {
 #endif
 
-/* A port and a window are the same record to a drawing call. */
+/* A port and a window are the same record to a drawing call, and a basic port differs from a colour
+   port only in what its first fields mean. */
 typedef struct GrafPort GrafPort;
 typedef GrafPort *GrafPtr;
 typedef GrafPort CGrafPort;
 typedef CGrafPort *CGrafPtr;
+
+typedef struct MacRegion MacRegion;
+typedef MacRegion *RgnPtr;
+typedef RgnPtr *RgnHandle;
+
+typedef struct ColorTable ColorTable;
+typedef ColorTable *CTabPtr;
+typedef CTabPtr *CTabHandle;
+
+typedef struct GDevice GDevice;
+typedef GDevice *GDPtr;
+typedef GDPtr *GDHandle;
+
+/* The library's record of one size and style of a font. */
+struct FontInstance;
+
+typedef SInt8 GrafVerb;
+enum { kQDGrafVerbFrame = 0, kQDGrafVerbPaint = 1, kQDGrafVerbErase = 2, kQDGrafVerbInvert = 3 };
 
 #pragma pack(push, 2)
 
@@ -22,6 +41,51 @@ typedef struct BitMap {
     Rect bounds;
 } BitMap;
 typedef BitMap *BitMapPtr;
+
+/* Red, green and blue, each from 0 to 65535. */
+typedef struct RGBColor {
+    UInt16 red;
+    UInt16 green;
+    UInt16 blue;
+} RGBColor;
+typedef RGBColor *RGBColorPtr;
+
+/* The published fields, and behind them what the library keeps of the native side. */
+typedef struct PixMap {
+    Ptr baseAddr;
+    SInt16 rowBytes;
+    Rect bounds;
+    SInt16 pmVersion;
+    SInt16 packType;
+    SInt32 packSize;
+    Fixed hRes;
+    Fixed vRes;
+    SInt16 pixelType;
+    SInt16 pixelSize;
+    SInt16 cmpCount;
+    SInt16 cmpSize;
+    SInt32 planeBytes;
+    CTabHandle pmTable;
+    Handle pmReserved;
+    /* The native window behind the port. Null for one that draws in memory only. */
+    HWND pmWindow;
+    /* The context on which the port draws; a window's port has one only while it is current. */
+    HDC pmDC;
+    /* The bitmap that holds the pixels of an offscreen world, and what its context held before. */
+    HBITMAP pmBitmap;
+    HBITMAP pmOldBitmap;
+    SInt32 pmFormat;
+    /* Red, green, blue, alpha. */
+    UInt32 pmMasks[4];
+    /* Of the present bitmap, in pixels; 0 before there is one. */
+    SInt16 pmWidth;
+    SInt16 pmHeight;
+    SInt16 pmDepth;
+    /* 1 when the context stays while the port is not current. */
+    UInt8 pmPersistentDC;
+} PixMap;
+typedef PixMap *PixMapPtr;
+typedef PixMapPtr *PixMapHandle;
 
 typedef struct Pattern {
     UInt8 pat[8];
@@ -38,17 +102,178 @@ typedef struct Cursor {
 typedef Cursor *CursPtr;
 typedef CursPtr *CursHandle;
 
+/* Of a pixel pattern the library keeps the record only; it draws none. */
+typedef struct PixPat {
+    SInt16 patType;
+    PixMapHandle patMap;
+    Handle patData;
+    Handle patXData;
+    SInt16 patXValid;
+    Handle patXMap;
+    Pattern pat1Data;
+} PixPat;
+typedef PixPat *PixPatPtr;
+typedef PixPatPtr *PixPatHandle;
+
+/* The points follow the header, up to polySize bytes in all. */
+typedef struct MacPolygon {
+    SInt16 polySize;
+    Rect polyBBox;
+    Point polyPoints[1];
+} MacPolygon;
+typedef MacPolygon *PolyPtr;
+typedef PolyPtr *PolyHandle;
+
+/* Behind the four published fields stands a byte for the font's character set, which GetFontInfo
+   writes too. */
+typedef struct FontInfo {
+    SInt16 ascent;
+    SInt16 descent;
+    SInt16 widMax;
+    SInt16 leading;
+    UInt8 charSet;
+} FontInfo;
+
+/* The pen, as GetPenState saves it. */
+typedef struct PenState {
+    Point pnLoc;
+    Point pnSize;
+    SInt16 pnMode;
+    Pattern pnPat;
+} PenState;
+
+/* Colours that a colour port keeps behind grafVars; only rgbOpColor is used. */
+typedef struct GrafVars {
+    RGBColor rgbOpColor;
+    RGBColor rgbHiliteColor;
+    Handle pmFgColor;
+    SInt16 pmFgIndex;
+    Handle pmBkColor;
+    SInt16 pmBkIndex;
+    SInt16 pmFlags;
+} GrafVars;
+
+typedef void (*QDTextProcPtr)(SInt16 byteCount, const void *textBuf, Point numer, Point denom);
+typedef void (*QDLineProcPtr)(Point newPt);
+typedef void (*QDRectProcPtr)(GrafVerb verb, const Rect *r);
+typedef void (*QDRRectProcPtr)(GrafVerb verb, const Rect *r, SInt16 ovalWidth, SInt16 ovalHeight);
+typedef void (*QDOvalProcPtr)(GrafVerb verb, const Rect *r);
+typedef void (*QDArcProcPtr)(GrafVerb verb, const Rect *r, SInt16 startAngle, SInt16 arcAngle);
+typedef void (*QDPolyProcPtr)(GrafVerb verb, PolyHandle poly);
+typedef void (*QDRgnProcPtr)(GrafVerb verb, RgnHandle rgn);
+typedef void (*QDBitsProcPtr)(const BitMap *srcBits, const Rect *srcRect, const Rect *dstRect, SInt16 mode,
+                              RgnHandle maskRgn);
+typedef void (*QDCommentProcPtr)(SInt16 kind, SInt16 dataSize, Handle dataHandle);
+typedef SInt16 (*QDTxMeasProcPtr)(SInt16 byteCount, const void *textAddr, Point *numer, Point *denom, FontInfo *info);
+typedef void (*QDGetPicProcPtr)(void *dataPtr, SInt16 byteCount);
+typedef void (*QDPutPicProcPtr)(const void *dataPtr, SInt16 byteCount);
+typedef void (*QDOpcodeProcPtr)(const Rect *fromRect, const Rect *toRect, UInt16 opcode, SInt16 version);
+typedef SInt32 (*QDStdProcPtr)(void);
+
+/* Functions of the host that draw in the library's place. A null slot stands for the library's own
+   drawing. The library calls those for text, lines, rectangles, rounded rectangles, ovals, polygons,
+   regions and bits. */
+typedef struct CQDProcs {
+    QDTextProcPtr textProc;
+    QDLineProcPtr lineProc;
+    QDRectProcPtr rectProc;
+    QDRRectProcPtr rRectProc;
+    QDOvalProcPtr ovalProc;
+    QDArcProcPtr arcProc;
+    QDPolyProcPtr polyProc;
+    QDRgnProcPtr rgnProc;
+    QDBitsProcPtr bitsProc;
+    QDCommentProcPtr commentProc;
+    QDTxMeasProcPtr txMeasProc;
+    QDGetPicProcPtr getPicProc;
+    QDPutPicProcPtr putPicProc;
+    QDOpcodeProcPtr opcodeProc;
+    QDStdProcPtr newProc1;
+    QDStdProcPtr newProc2;
+    QDStdProcPtr newProc3;
+    QDStdProcPtr newProc4;
+    QDStdProcPtr newProc5;
+    QDStdProcPtr newProc6;
+} CQDProcs;
+typedef CQDProcs *CQDProcsPtr;
+typedef CQDProcs QDProcs;
+typedef QDProcs *QDProcsPtr;
+
+/* A port is a colour port when both top bits of portVersion are set. In a basic port the same bytes
+   are portBits, whose rowBytes never has them.
+
+   What stands behind grafProcs belongs to the library. */
+struct GrafPort {
+    SInt16 device;
+    union {
+        struct {
+            PixMapHandle portPixMap;
+            UInt16 portVersion;
+            Handle grafVars;
+            SInt16 chExtra;
+            SInt16 pnLocHFrac;
+        };
+        BitMap portBits;
+    };
+    /* Its top left is the origin of the port's coordinates. */
+    Rect portRect;
+    RgnHandle visRgn;
+    RgnHandle clipRgn;
+    Pattern bkPat;
+    Pattern fillPat;
+    SInt32 reserved;
+    RGBColor rgbFgColor;
+    RGBColor rgbBkColor;
+    Point pnLoc;
+    Point pnSize;
+    SInt16 pnMode;
+    Pattern pnPat;
+    SInt16 pnVis;
+    SInt16 txFont;
+    Style txFace;
+    UInt8 filler;
+    SInt16 txMode;
+    SInt16 txSize;
+    Fixed spExtra;
+    /* The native forms, 0x00BBGGRR, of the two colours above. */
+    UInt32 fgColor;
+    UInt32 bkColor;
+    SInt16 colrBit;
+    SInt16 patStretch;
+    Handle picSave;
+    Handle rgnSave;
+    Handle polySave;
+    CQDProcsPtr grafProcs;
+
+    UInt16 portLayerFlag;
+    /* The pattern brush of pnPat, owned by the port. */
+    HBRUSH portBrush;
+    /* What the context held before; -1 for nothing. */
+    HGDIOBJ portSavedBrush;
+    HGDIOBJ portSavedFont;
+    HFONT portFont;
+    struct FontInstance *portFontInstance;
+    UInt16 portFontDirty;
+    SInt32 portColorStamp;
+    SInt32 moveInMainClient;
+    /* 1 for a port that is no window. */
+    UInt8 portOffscreen;
+    UInt8 portFiller;
+    /* The context of a basic port. */
+    HDC portDC;
+    HBITMAP portBitmap;
+    HBITMAP portOldBitmap;
+};
+
 /* A set of pixels: a native region that the record owns, with its bounding box in front. There are no
    scan lines behind the box, and rgnSize is 10 whatever the shape. The native region may be replaced
    by CloseRgn, MapRgn and BitMapToRegion, so nothing may keep rgnNative across these. */
-typedef struct MacRegion {
+struct MacRegion {
     SInt16 rgnSize;
     Rect rgnBBox;
     HRGN rgnNative;
     UInt16 rgnTag; /* kRegionTag while the record lives */
-} MacRegion;
-typedef MacRegion *RgnPtr;
-typedef RgnPtr *RgnHandle;
+};
 enum { kRegionTag = 9094 };
 
 /* The globals of QuickDraw. Patterns have the sense of a native monochrome brush, where a 0 bit takes
@@ -72,7 +297,47 @@ typedef struct QDGlobals {
 MTBX_ASSERT_OFFSET_32(BitMap, rowBytes, 4);
 MTBX_ASSERT_OFFSET_32(BitMap, bounds, 6);
 MTBX_ASSERT_SIZE_32(BitMap, 14);
+MTBX_ASSERT(sizeof(RGBColor) == 6);
+MTBX_ASSERT_OFFSET_32(PixMap, pmVersion, 14);
+MTBX_ASSERT_OFFSET_32(PixMap, hRes, 22);
+MTBX_ASSERT_OFFSET_32(PixMap, pixelType, 30);
+MTBX_ASSERT_OFFSET_32(PixMap, planeBytes, 38);
+MTBX_ASSERT_OFFSET_32(PixMap, pmTable, 42);
+MTBX_ASSERT_OFFSET_32(PixMap, pmReserved, 46);
+MTBX_ASSERT_OFFSET_32(PixMap, pmWindow, 50);
+MTBX_ASSERT_OFFSET_32(PixMap, pmDC, 54);
+MTBX_ASSERT_OFFSET_32(PixMap, pmFormat, 66);
+MTBX_ASSERT_OFFSET_32(PixMap, pmMasks, 70);
+MTBX_ASSERT_OFFSET_32(PixMap, pmWidth, 86);
+MTBX_ASSERT_OFFSET_32(PixMap, pmPersistentDC, 92);
+MTBX_ASSERT_SIZE_32(PixMap, 94);
 MTBX_ASSERT(sizeof(Pattern) == 8);
+MTBX_ASSERT_SIZE_32(PixPat, 28);
+MTBX_ASSERT(offsetof(MacPolygon, polyPoints) == 10);
+MTBX_ASSERT(offsetof(FontInfo, charSet) == 8);
+MTBX_ASSERT(sizeof(PenState) == 18 && offsetof(PenState, pnPat) == 10);
+MTBX_ASSERT_SIZE_32(GrafVars, 26);
+MTBX_ASSERT_OFFSET_32(CQDProcs, bitsProc, 32);
+MTBX_ASSERT_SIZE_32(CQDProcs, 80);
+MTBX_ASSERT(offsetof(GrafPort, portBits) == offsetof(GrafPort, portPixMap));
+MTBX_ASSERT(offsetof(GrafPort, portBits.rowBytes) == offsetof(GrafPort, portVersion));
+MTBX_ASSERT_OFFSET_32(GrafPort, grafVars, 8);
+MTBX_ASSERT_OFFSET_32(GrafPort, portRect, 16);
+MTBX_ASSERT_OFFSET_32(GrafPort, visRgn, 24);
+MTBX_ASSERT_OFFSET_32(GrafPort, bkPat, 32);
+MTBX_ASSERT_OFFSET_32(GrafPort, rgbFgColor, 52);
+MTBX_ASSERT_OFFSET_32(GrafPort, pnLoc, 64);
+MTBX_ASSERT_OFFSET_32(GrafPort, pnPat, 74);
+MTBX_ASSERT_OFFSET_32(GrafPort, txFont, 84);
+MTBX_ASSERT_OFFSET_32(GrafPort, txMode, 88);
+MTBX_ASSERT_OFFSET_32(GrafPort, fgColor, 96);
+MTBX_ASSERT_OFFSET_32(GrafPort, picSave, 108);
+MTBX_ASSERT_OFFSET_32(GrafPort, grafProcs, 120);
+MTBX_ASSERT_OFFSET_32(GrafPort, portBrush, 126);
+MTBX_ASSERT_OFFSET_32(GrafPort, portFontDirty, 146);
+MTBX_ASSERT_OFFSET_32(GrafPort, portOffscreen, 156);
+MTBX_ASSERT_OFFSET_32(GrafPort, portDC, 158);
+MTBX_ASSERT_SIZE_32(GrafPort, 170);
 MTBX_ASSERT(sizeof(Cursor) == 68 && offsetof(Cursor, mask) == 32 && offsetof(Cursor, hotSpot) == 64);
 MTBX_ASSERT(offsetof(MacRegion, rgnBBox) == 2 && offsetof(MacRegion, rgnNative) == 10);
 MTBX_ASSERT_OFFSET_32(MacRegion, rgnTag, 14);
