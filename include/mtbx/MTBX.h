@@ -3,6 +3,7 @@
 #define MTBX_MTBX_H
 
 #include <mtbx/Aliases.h>
+#include <mtbx/ColorPicker.h>
 #include <mtbx/Dialogs.h>
 #include <mtbx/Drag.h>
 #include <mtbx/Events.h>
@@ -23,6 +24,7 @@
 #include <mtbx/MacWindows.h>
 #include <mtbx/OSUtils.h>
 #include <mtbx/Processes.h>
+#include <mtbx/QDOffscreen.h>
 #include <mtbx/Quickdraw.h>
 #include <mtbx/Resources.h>
 #include <mtbx/TextEdit.h>

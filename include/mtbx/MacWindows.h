@@ -65,6 +65,17 @@ extern MTBX_API SInt32 gOpeningWindowL;
 /* Does nothing; InitGraf does the work. */
 MTBX_API void InitWindows(void);
 
+/* gDesktopWindow, with its coordinates set to those of the main window's client area, to which
+   drawing in it is limited. Both calls are the same. */
+MTBX_API void GetWMgrPort(GrafPtr *port);
+MTBX_API void GetCWMgrPort(CGrafPtr *port);
+/* Sets strucRgn to the native window's outer rectangle and contRgn to its client area, in coordinates
+   of the main window's client area. Does nothing while there is no native window. */
+MTBX_API void AdjustStrucRgn(WindowPtr window);
+/* These do nothing. */
+MTBX_API void PaintOne(WindowPtr window, RgnHandle clobberedRgn);
+MTBX_API void CalcVisBehind(WindowPtr startWindow, RgnHandle clobberedRgn);
+
 #ifdef __cplusplus
 }
 #endif

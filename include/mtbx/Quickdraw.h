@@ -30,6 +30,28 @@ typedef GDPtr *GDHandle;
 /* The library's record of one size and style of a font. */
 struct FontInstance;
 
+/* Transfer modes of the pen and of copied bits. */
+enum {
+    srcCopy = 0,
+    srcOr = 1,
+    srcXor = 2,
+    srcBic = 3,
+    notSrcCopy = 4,
+    notSrcOr = 5,
+    notSrcXor = 6,
+    notSrcBic = 7,
+    patCopy = 8,
+    patOr = 9,
+    patXor = 10,
+    patBic = 11,
+    notPatCopy = 12,
+    notPatOr = 13,
+    notPatXor = 14,
+    notPatBic = 15,
+    blend = 32,
+    addOver = 34
+};
+
 typedef SInt8 GrafVerb;
 enum { kQDGrafVerbFrame = 0, kQDGrafVerbPaint = 1, kQDGrafVerbErase = 2, kQDGrafVerbInvert = 3 };
 
@@ -91,6 +113,7 @@ typedef struct Pattern {
     UInt8 pat[8];
 } Pattern;
 typedef Pattern *PatPtr;
+typedef PatPtr *PatHandle;
 
 typedef SInt16 Bits16[16];
 
@@ -354,6 +377,190 @@ MTBX_ASSERT_OFFSET_32(QDGlobals, thePort, 202);
 MTBX_ASSERT_SIZE_32(QDGlobals, 206);
 
 extern MTBX_API QDGlobals qd;
+
+/* Starts the graphics layer, after hWndMain is set and before anything else here is called. The
+   argument is ignored; the globals are always qd. Measures the screen's depth, opens a port on the
+   main window and makes it current. Fails never: what could not be made is missing later on. */
+MTBX_API void InitGraf(void *globals);
+/* Ends it. The host disposes its windows and offscreen worlds first; the current port is then none. */
+MTBX_API void MTBX_ShutdownGraf(void);
+
+/* Ports. A port's own coordinates begin at the top left of its portRect. They go to the native
+   context as they are: the port's origin is the context's window origin, and its clip a region that is
+   selected there. A window's port has a context only while it is current; drawing in a port without
+   one does nothing. No call tests a port that it is given: it must be an open one. */
+
+/* Fills a record as a colour port, with a black pen of one pixel, the widest clip, an empty PixMap of
+   the screen's depth and no context; fields that have no start value keep what the record held. The
+   port does not stay current unless it is the first. QDError is memFullErr when it could not be
+   opened: the record must not be used then. A port that is to get a native window must be a whole
+   WindowRecord, and portOffscreen tells the two apart: it is 0 for a window. */
+MTBX_API void OpenCPort(CGrafPtr port);
+/* Frees what the port owns: regions, PixMap with context, bitmap and native window, brush, and the
+   block of its graphics hooks. qd.thePort is left alone, so another port should be current. */
+MTBX_API void CloseCPort(CGrafPtr port);
+/* The same for a basic port, which draws on a memory context of its own; OpenPort makes it current. */
+MTBX_API void OpenPort(GrafPtr port);
+MTBX_API void ClosePort(GrafPtr port);
+/* A new colour port that is no window. Null when memory is short; when QDError is memFullErr too, the
+   port could not be opened and only DisposePort may get it. */
+MTBX_API CGrafPtr CreateNewPort(void);
+/* Closes a port of CreateNewPort and frees it; null is allowed. The current port becomes the first
+   port if it is this one. */
+MTBX_API void DisposePort(CGrafPtr port);
+
+/* Makes a port current: the former one gives its context back and the new one takes one, with its
+   origin, colours, pen pattern, font and clip. The pen's transfer mode and position are not
+   set in the context before the next PenMode or drawing call. Null stands for the first port.
+   The port that is current already is left as it is. Clears QDError. */
+MTBX_API void MacSetPort(GrafPtr port);
+/* Clears QDError. */
+MTBX_API void GetPort(GrafPtr *port);
+/* The error of the last call that sets it, memFullErr or 0. Reading it clears it. */
+MTBX_API SInt16 QDError(void);
+
+/* Makes (h, v) the coordinates of the current port's top left corner and moves its clip along. The
+   clip is computed before the context's origin changes, so it takes effect at its new place with the
+   next call that sets a clip or a port. */
+MTBX_API void SetOrigin(SInt16 h, SInt16 v);
+/* Changes portRect only, of the current port: no region and no context. */
+MTBX_API void PortSize(SInt16 width, SInt16 height);
+/* Moves portRect so that its top left corner would come to lie at the global point. */
+MTBX_API void MovePortTo(SInt16 leftGlobal, SInt16 topGlobal);
+/* The region that limits drawing in the current port, in the port's coordinates. It is copied, and
+   takes effect at once. */
+MTBX_API void SetClip(RgnHandle rgn);
+MTBX_API void ClipRect(const Rect *rect);
+/* Copies the clip to the region. */
+MTBX_API void GetClip(RgnHandle rgn);
+
+/* Fills a table of graphics hooks with null slots, which stand for the library's own drawing. */
+MTBX_API void SetStdCProcs(CQDProcsPtr procs);
+
+/* Remembers the device, or none, and calls UseGDevPMap. */
+MTBX_API void SetGDevice(GDHandle device);
+/* The next port that is opened takes depth and format from the PixMap of the remembered device. */
+MTBX_API void UseGDevPMap(void);
+
+/* Between these two, new ports and windows take regions that the library shares among them, which
+   saves native objects; they nest. The setting "MinimalGdiItemCreation" turns them off. */
+MTBX_API void MTBX_BeginGdiMinimalisticWindowCreationMode(void);
+MTBX_API void MTBX_EndGdiMinimalisticWindowCreationMode(void);
+/* Kept for hosts that call them; nothing depends on them. */
+MTBX_API void MTBX_BeginQuietMinGdiAsserts(void);
+MTBX_API void MTBX_EndQuietMinGdiAsserts(void);
+
+/* Fields of a port. Getters with a second argument copy to it and give it back. Setters change the
+   field only: a clip or visible region takes effect with the next call that computes the clip, a pen
+   mode with the next PenMode. */
+/* The port as CopyBits takes it. */
+MTBX_API const BitMap *GetPortBitMapForCopyBits(CGrafPtr port);
+MTBX_API PixMapHandle GetPortPixMap(CGrafPtr port);
+MTBX_API Rect *GetPortBounds(CGrafPtr port, Rect *rect);
+MTBX_API void SetPortBounds(CGrafPtr port, const Rect *rect);
+MTBX_API RgnHandle GetPortVisibleRegion(CGrafPtr port, RgnHandle rgn);
+MTBX_API void SetPortVisibleRegion(CGrafPtr port, RgnHandle rgn);
+MTBX_API RgnHandle GetPortClipRegion(CGrafPtr port, RgnHandle rgn);
+MTBX_API void SetPortClipRegion(CGrafPtr port, RgnHandle rgn);
+MTBX_API SInt16 GetPortTextFont(CGrafPtr port);
+MTBX_API Style GetPortTextFace(CGrafPtr port);
+MTBX_API SInt16 GetPortTextMode(CGrafPtr port);
+MTBX_API SInt16 GetPortTextSize(CGrafPtr port);
+/* The port owns the table from then on: closing it disposes the block with DisposePtr. */
+MTBX_API CQDProcsPtr GetPortGrafProcs(CGrafPtr port);
+MTBX_API void SetPortGrafProcs(CGrafPtr port, CQDProcsPtr procs);
+MTBX_API Point *GetPortPenSize(CGrafPtr port, Point *size);
+MTBX_API void SetPortPenSize(CGrafPtr port, Point size);
+MTBX_API Point *GetPortPenLocation(CGrafPtr port, Point *location);
+MTBX_API SInt32 GetPortPenMode(CGrafPtr port);
+MTBX_API void SetPortPenMode(CGrafPtr port, SInt32 mode);
+MTBX_API RGBColor *GetPortForeColor(CGrafPtr port, RGBColor *color);
+MTBX_API RGBColor *GetPortBackColor(CGrafPtr port, RGBColor *color);
+/* Pixel patterns are not drawn: setting one does nothing, and asking for one gives the argument back
+   untouched. */
+MTBX_API PixPatHandle GetPortPenPixPat(CGrafPtr port, PixPatHandle pattern);
+MTBX_API void SetPortPenPixPat(CGrafPtr port, PixPatHandle pattern);
+MTBX_API PixPatHandle GetPortBackPixPat(CGrafPtr port, PixPatHandle pattern);
+MTBX_API void SetPortBackPixPat(CGrafPtr port, PixPatHandle pattern);
+/* An empty record, owned by the caller. */
+MTBX_API PixPatHandle NewPixPat(void);
+MTBX_API void DisposePixPat(PixPatHandle pattern);
+
+MTBX_API Rect *GetPixBounds(PixMapHandle pixMap, Rect *bounds);
+MTBX_API SInt16 GetPixDepth(PixMapHandle pixMap);
+
+/* Fields of qd, copied. */
+MTBX_API CGrafPtr GetQDGlobalsThePort(void);
+MTBX_API BitMap *GetQDGlobalsScreenBits(BitMap *bits);
+MTBX_API Cursor *GetQDGlobalsArrow(Cursor *cursor);
+MTBX_API Pattern *GetQDGlobalsDarkGray(Pattern *pattern);
+MTBX_API Pattern *GetQDGlobalsLightGray(Pattern *pattern);
+MTBX_API Pattern *GetQDGlobalsGray(Pattern *pattern);
+MTBX_API Pattern *GetQDGlobalsBlack(Pattern *pattern);
+MTBX_API Pattern *GetQDGlobalsWhite(Pattern *pattern);
+
+/* The pen of the current port. It is kept in the port; HidePen and ShowPen count, down to 0 at least,
+   and a hidden pen still draws. */
+MTBX_API void HidePen(void);
+MTBX_API void ShowPen(void);
+MTBX_API void GetPen(Point *location);
+MTBX_API void GetPenState(PenState *state);
+/* Size, location, mode and pattern, in this order, so the pattern is the saved one in every mode. */
+MTBX_API void SetPenState(const PenState *state);
+MTBX_API void PenSize(SInt16 width, SInt16 height);
+/* The transfer mode of drawing, a pattern or source mode. In the exclusive-or modes a black pen
+   pattern becomes white. Modes 5 to 7 and those from 13 on are kept but leave the way of drawing. */
+MTBX_API void PenMode(SInt16 mode);
+/* Sets the pattern; asking for the present one costs nothing. In an offscreen world of one bit
+   qd.gray becomes qd.ltGray. */
+MTBX_API void PenPat(const Pattern *pattern);
+/* Copies in black with a pen of one pixel. */
+MTBX_API void PenNormal(void);
+/* Moves the pen. While a region is recorded MoveTo adds a point to it instead, which Move never does. */
+MTBX_API void MoveTo(SInt16 h, SInt16 v);
+MTBX_API void Move(SInt16 dh, SInt16 dv);
+
+/* Always null. */
+MTBX_API PatHandle GetPattern(SInt16 patternID);
+/* Of the system's list, 0, patterns 2 and 22. Any other request leaves the pattern as it was. */
+MTBX_API void GetIndPattern(Pattern *pattern, SInt16 patternListID, SInt16 index);
+
+/* Colours of the current port; each of the three values is rounded to 8 bits for the display. */
+MTBX_API void RGBForeColor(const RGBColor *color);
+MTBX_API void RGBBackColor(const RGBColor *color);
+/* Copies the colour, and gives it to the context anew, with its values cut to 8 bits. */
+MTBX_API void GetForeColor(RGBColor *color);
+MTBX_API void GetBackColor(RGBColor *color);
+
+/* The classic colours. Other numbers change nothing. */
+enum {
+    whiteColor = 30,
+    blackColor = 33,
+    yellowColor = 69,
+    magentaColor = 137,
+    redColor = 205,
+    cyanColor = 273,
+    greenColor = 341,
+    blueColor = 409
+};
+MTBX_API void ForeColor(SInt32 color);
+MTBX_API void BackColor(SInt32 color);
+/* The weights with which PaintRect blends in mode 32 (blend). */
+MTBX_API void OpColor(const RGBColor *color);
+/* A table of 15 colours for bevelled controls, made from the system's colours at the first call and
+   never refreshed. It belongs to the library. */
+MTBX_API CTabHandle GetBevelColorsFromSystem(void);
+
+/* These do nothing. */
+MTBX_API void SetDeviceAttribute(GDHandle device, SInt16 attribute, Boolean value);
+MTBX_API void QDFlushPortBuffer(CGrafPtr port, RgnHandle rgn);
+MTBX_API void StdBits(const BitMap *source, const Rect *sourceRect, const Rect *destinationRect, SInt16 mode,
+                      RgnHandle mask);
+MTBX_API void CalcMask(const void *source, void *destination, SInt16 sourceRow, SInt16 destinationRow, SInt16 height,
+                       SInt16 words);
+/* Always false: drawing is not buffered. */
+MTBX_API Boolean QDIsPortBuffered(CGrafPtr port);
+MTBX_API Boolean QDIsPortBufferDirty(CGrafPtr port);
 
 /* Rectangles and points. Coordinates are of no particular space, and sums wrap at 16 bits. No
    rectangle is put in order: one whose right is at most its left, or whose bottom is at most its top,
