@@ -591,6 +591,66 @@ MTBX_API void SubPt(Point source, Point *destination);
    count, as they do on a Macintosh. */
 MTBX_API void PtToAngle(const Rect *rect, Point point, SInt16 *angle);
 
+/* Regions. Their coordinates are those that the caller means by them. A source may also be the result.
+   A null region, and a record that lost its native region, are taken as what cannot be changed and
+   holds no pixel. */
+
+/* A new, empty region, owned by the caller; null when memory or native objects have run out. */
+MTBX_API RgnHandle NewRgn(void);
+/* Frees the record with its native region. A handle that is no region is freed as a handle. */
+MTBX_API void DisposeRgn(RgnHandle rgn);
+/* Brings rgnBBox and rgnSize up to the native region, for a host that changed that itself. The box is
+   cut to 16 bits. */
+MTBX_API void CalcRgnBox(RgnHandle rgn);
+/* Copies the bounding box; (0, 0, 0, 0) of an empty region. */
+MTBX_API void GetRegionBounds(RgnHandle rgn, Rect *bounds);
+
+/* Begins to record the points of MoveTo, Line and MacLineTo, which then draw nothing and leave the pen
+   where it is; other drawing goes on as usual. There is one recording for all ports: one that is open
+   is dropped. After 100 points further ones are not recorded. */
+MTBX_API void OpenRgn(void);
+/* Ends the recording and makes the region the polygon of all its points: MoveTo begins no new outline,
+   as it does on a Macintosh. Parts that the line winds around count as inside. Empty when there are
+   fewer than two points, or no polygon can be had. */
+MTBX_API void CloseRgn(RgnHandle result);
+
+MTBX_API void MacCopyRgn(RgnHandle source, RgnHandle destination);
+/* Makes the region a rectangle; empty when that has no area. */
+MTBX_API void RectRgn(RgnHandle rgn, const Rect *rect);
+MTBX_API void MacSetRectRgn(RgnHandle rgn, SInt16 left, SInt16 top, SInt16 right, SInt16 bottom);
+MTBX_API void SetEmptyRgn(RgnHandle rgn);
+/* Moves the region. One that would leave the range from -32760 to 32760 stays where it is. */
+MTBX_API void MacOffsetRgn(RgnHandle rgn, SInt16 dh, SInt16 dv);
+/* Makes the region smaller at each side by dh and at top and bottom by dv, or larger with both negative:
+   what its copies moved by (+-dh, +-dv) have in common, or have together. Unless both are positive or
+   both negative the region only moves by (dh, dv). Unchanged when native objects have run out. */
+MTBX_API void InsetRgn(RgnHandle rgn, SInt16 dh, SInt16 dv);
+/* Scales the region about (0, 0) by the sizes of the two rectangles; their places do not count, as
+   they do on a Macintosh. Unchanged when the source rectangle is empty, and when memory or native
+   objects have run out. */
+MTBX_API void MapRgn(RgnHandle rgn, const Rect *source, const Rect *destination);
+
+MTBX_API void SectRgn(RgnHandle a, RgnHandle b, RgnHandle result);
+MTBX_API void MacUnionRgn(RgnHandle a, RgnHandle b, RgnHandle result);
+/* a without b. */
+MTBX_API void DiffRgn(RgnHandle a, RgnHandle b, RgnHandle result);
+/* What lies in one of both only. The result stays as it was when native objects have run out. */
+MTBX_API void MacXorRgn(RgnHandle a, RgnHandle b, RgnHandle result);
+
+MTBX_API Boolean PtInRgn(Point point, RgnHandle rgn);
+/* Whether the rectangle and the region itself, not only its box, share a pixel. */
+MTBX_API Boolean RectInRgn(const Rect *rect, RgnHandle rgn);
+MTBX_API Boolean MacEqualRgn(RgnHandle a, RgnHandle b);
+MTBX_API Boolean EmptyRgn(RgnHandle rgn);
+
+/* Makes the region the set bits of a bitmap, in the coordinates of its bounds. Only address, row bytes
+   and bounds are looked at, so a PixMap serves too; whether it is one bit deep is judged by its row
+   bytes, and a bitmap that is 8 pixels wide needs other than 2. Set bits behind the right side count
+   up to the end of their byte. 0, or -148 (pixmapTooDeepErr), memFullErr (-108), or -501
+   (rgnTooBigErr) when GDI refuses the region; the region is then as it was. A null region frees the
+   buffer that is kept between calls. */
+MTBX_API OSErr BitMapToRegion(RgnHandle rgn, const BitMap *bitmap);
+
 /* A pseudo-random number from -32767 to 32767, drawn from the C library's rand. qd.randSeed has no
    part in it: a host that wants its own sequence calls srand. */
 MTBX_API SInt16 Random(void);

@@ -8,32 +8,33 @@
 #include <mtbx/MTBXEnvironment.h>
 #include <mtbx/MTBXGlobals.h>
 
-GdiGuardState gdiGuard;
+UInt32 gdiPurgeBytes = 4000000;
+UInt8 newLowGDIHandling = 1;
+bool newLowGDIHandlingRead = false;
 
 namespace {
 
 void readHandling()
 {
-    if (gdiGuard.newLowHandlingRead)
+    if (newLowGDIHandlingRead)
         return;
-    gdiGuard.newLowHandlingRead = true;
-    gdiGuard.newLowHandling =
-        static_cast<UInt8>(MTBX_GetRequiredProfileInt("NewLowGDIHandling", gdiGuard.newLowHandling));
+    newLowGDIHandlingRead = true;
+    newLowGDIHandling = static_cast<UInt8>(MTBX_GetRequiredProfileInt("NewLowGDIHandling", newLowGDIHandling));
 }
 
 void purge()
 {
     readHandling();
-    if (gdiGuard.purgeBytes == 0)
+    if (gdiPurgeBytes == 0)
         return;
     OutputDebugStringA("ZP: apparently out of GDI objects or memory is fragmented, purging...\n");
-    if (gdiGuard.newLowHandling) {
+    if (newLowGDIHandling) {
         // Above the present headroom, so that something must be freed.
-        MTBX_PurgeToMaxBlock(MaxBlockEx() + gdiGuard.purgeBytes);
+        MTBX_PurgeToMaxBlock(MaxBlockEx() + gdiPurgeBytes);
         return;
     }
     GdiShortageScope shortage;
-    MTBX_PurgeToMaxBlock(gdiGuard.purgeBytes);
+    MTBX_PurgeToMaxBlock(gdiPurgeBytes);
 }
 
 // So many rounds that the whole budget is purged at most.
@@ -41,9 +42,9 @@ SInt32 limitOfTries(SInt32 limitWithoutBudget)
 {
     UInt64 soft, hard;
     MTBX_GetMemUsageLimits(&soft, &hard);
-    if (gdiGuard.purgeBytes == 0 || hard == 0)
+    if (gdiPurgeBytes == 0 || hard == 0)
         return limitWithoutBudget;
-    return static_cast<SInt32>(hard / gdiGuard.purgeBytes);
+    return static_cast<SInt32>(hard / gdiPurgeBytes);
 }
 
 } // namespace
@@ -63,7 +64,7 @@ void GdiShortage::log(bool succeeded)
     if (tries <= 1)
         return;
     constexpr double bytesPerMegabyte = 1048576.0;
-    double megabytes = static_cast<UInt32>(tries - 1) * gdiGuard.purgeBytes / bytesPerMegabyte;
+    double megabytes = static_cast<UInt32>(tries - 1) * gdiPurgeBytes / bytesPerMegabyte;
     // The count alone decides: a success on the very last try is recorded as a failure.
     JRNL_sprintf(0, "MTBX", tries >= limit_ ? "GDI_Purge_FAILED" : "GDI_Purge_OK", "%s\t%f\tmem purged MB", label_,
                  megabytes);

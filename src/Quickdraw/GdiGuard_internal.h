@@ -5,14 +5,11 @@
 
 #include <mtbx/MTBXGdi.h>
 
-struct GdiGuardState {
-    // What each failed try purges, in bytes; 0 purges nothing. InitGraf sets it.
-    UInt32 purgeBytes = 4000000;
-    // The setting "NewLowGDIHandling", read at the first failure.
-    UInt8 newLowHandling = 1;
-    bool newLowHandlingRead = false;
-};
-extern GdiGuardState gdiGuard;
+// What each failed try purges, in bytes; 0 purges nothing. InitGraf sets it.
+extern UInt32 gdiPurgeBytes;
+// The setting "NewLowGDIHandling", and whether it was read: the first failure reads it.
+extern UInt8 newLowGDIHandling;
+extern bool newLowGDIHandlingRead;
 
 // The tries of one creation behind the first, and their record.
 class GdiShortage {

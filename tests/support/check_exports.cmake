@@ -1,6 +1,7 @@
 # Holds what the built library exports against the list it is meant to export.
 # Arguments: LIBRARY, LIST, TOOL (nm or objdump), FORMAT (elf or pe), HAS (words, split by commas, whose lines count).
 
+cmake_policy(SET CMP0057 NEW)
 file(STRINGS "${LIST}" lines)
 set(expected "")
 string(REPLACE "," ";" present_words "DATA,${HAS}")

@@ -30,7 +30,6 @@ class GdiGuard : public ExactBudget {
 protected:
     GdiGuard()
     {
-        gdiGuard = {};
         asked.clear();
         MTBX_GetMemUsageLimits(&softBefore_, &hardBefore_);
         MTBX_SetMemUsageLimits(1000000000, 40000000);
@@ -40,7 +39,9 @@ protected:
     {
         SetGrowZoneEx(nullptr);
         MTBX_SetMemUsageLimits(softBefore_, hardBefore_);
-        gdiGuard = {};
+        gdiPurgeBytes = 4000000;
+        newLowGDIHandling = 1;
+        newLowGDIHandlingRead = false;
         gWin95 = 0;
     }
 
@@ -108,7 +109,7 @@ TEST_F(GdiGuard, BudgetBelowOnePurgeAllowsOneTry)
 
 TEST_F(GdiGuard, WithoutAPurgeSizeItTriesSeventeenTimesInSilence)
 {
-    gdiGuard.purgeBytes = 0;
+    gdiPurgeBytes = 0;
     EXPECT_EQ(triesUntil(0), 17);
     EXPECT_TRUE(asked.empty() && output_.texts().empty());
     EXPECT_EQ(journal_.records, record("GDI_Purge_FAILED", "0.000000"));

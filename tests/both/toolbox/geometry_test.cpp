@@ -1,29 +1,14 @@
 // Rectangles, points, fixed-point numbers and random numbers.
+#include "Rectangles.h"
+
 #include <mtbx/MTBX.h>
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <ostream>
 #include <random>
 
-bool operator==(const Rect &a, const Rect &b)
-{
-    return MacEqualRect(&a, &b);
-}
-
-void PrintTo(const Rect &r, std::ostream *out)
-{
-    *out << "top " << r.top << " left " << r.left << " bottom " << r.bottom << " right " << r.right;
-}
-
 namespace {
-
-constexpr Rect ltrb(int left, int top, int right, int bottom)
-{
-    return {static_cast<SInt16>(top), static_cast<SInt16>(left), static_cast<SInt16>(bottom),
-            static_cast<SInt16>(right)};
-}
 
 TEST(Geometry, SidesAreGivenInTheOrderLeftTopRightBottom)
 {
