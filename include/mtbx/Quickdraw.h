@@ -125,6 +125,18 @@ typedef struct Cursor {
 typedef Cursor *CursPtr;
 typedef CursPtr *CursHandle;
 
+/* The one screen, as the device calls give it. What stands before gdPMap is not filled. */
+struct GDevice {
+    SInt16 gdRefNum;
+    SInt16 gdID;
+    SInt16 gdType;
+    Handle gdITable;
+    SInt16 gdResPref;
+    SInt16 gdFlags;
+    PixMapHandle gdPMap;
+    Rect gdRect;
+};
+
 /* Of a pixel pattern the library keeps the record only; it draws none. */
 typedef struct PixPat {
     SInt16 patType;
@@ -335,6 +347,8 @@ MTBX_ASSERT_OFFSET_32(PixMap, pmWidth, 86);
 MTBX_ASSERT_OFFSET_32(PixMap, pmPersistentDC, 92);
 MTBX_ASSERT_SIZE_32(PixMap, 94);
 MTBX_ASSERT(sizeof(Pattern) == 8);
+MTBX_ASSERT_OFFSET_32(GDevice, gdPMap, 14);
+MTBX_ASSERT_SIZE_32(GDevice, 26);
 MTBX_ASSERT_SIZE_32(PixPat, 28);
 MTBX_ASSERT(offsetof(MacPolygon, polyPoints) == 10);
 MTBX_ASSERT(offsetof(FontInfo, charSet) == 8);
