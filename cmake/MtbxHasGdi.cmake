@@ -15,9 +15,14 @@ function(mtbx_find_calls result)
     set(${result} ${has} PARENT_SCOPE)
 endfunction()
 
-mtbx_find_calls(MTBX_HAS_GDI ClientToScreen CombineRgn CreateBitmapIndirect CreateBrushIndirect CreateCompatibleBitmap
-    CreateCompatibleDC CreateDCA CreateDIBSection CreateDIBitmap CreateFontIndirectA CreatePalette CreatePatternBrush
-    CreatePen CreatePolygonRgn CreateRoundRectRgn DestroyWindow EqualRgn ExtCreatePen ExtCreateRegion GdiFlush
-    GetCurrentObject GetDesktopWindow GetObjectA GetRegionData GetWindowDC IsWindow LPtoDP LoadCursorA MessageBoxA
-    RectInRegion RegisterClipboardFormatA ReleaseDC SelectClipRgn SelectPalette SetBitmapBits SetROP2)
+mtbx_find_calls(MTBX_HAS_GDI ClientToScreen CombineRgn CreateBitmapIndirect CreateBrushIndirect
+    CreateCompatibleBitmap CreateCompatibleDC CreateDCA CreateDIBSection CreateDIBitmap CreateFontIndirectA
+    CreatePalette CreatePatternBrush CreatePen CreatePolygonRgn CreateRoundRectRgn DestroyWindow
+    EnumDisplayDevicesA EnumDisplayMonitors EqualRgn ExtCreatePen ExtCreateRegion GdiFlush GetClientRect
+    GetClipBox GetCurrentObject GetCursorPos GetDCOrgEx GetDesktopWindow GetMonitorInfoA
+    GetNearestPaletteIndex GetObjectA GetPaletteEntries GetRegionData GetStockObject GetSystemMetrics
+    GetSystemPaletteEntries GetWindowDC GetWindowPlacement GetWindowRect IntersectRect IsIconic IsWindow
+    LPtoDP LoadCursorA MessageBoxA MonitorFromPoint MonitorFromRect MonitorFromWindow OffsetRect
+    RealizePalette RectInRegion RegisterClipboardFormatA ReleaseDC ScreenToClient SelectClipRgn
+    SelectPalette SetBitmapBits SetROP2 SetSystemPaletteUse SystemParametersInfoA UnrealizeObject)
 mtbx_find_calls(MTBX_HAS_COMMDLG ChooseColorA GetSystemMetrics SetWindowPos)

@@ -5,6 +5,7 @@
 #include <mtbx/Aliases.h>
 #include <mtbx/ColorPicker.h>
 #include <mtbx/Dialogs.h>
+#include <mtbx/Displays.h>
 #include <mtbx/Drag.h>
 #include <mtbx/Events.h>
 #include <mtbx/Files.h>
@@ -23,6 +24,7 @@
 #include <mtbx/MacTypes.h>
 #include <mtbx/MacWindows.h>
 #include <mtbx/OSUtils.h>
+#include <mtbx/Palettes.h>
 #include <mtbx/Processes.h>
 #include <mtbx/QDOffscreen.h>
 #include <mtbx/Quickdraw.h>

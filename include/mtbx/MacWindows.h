@@ -65,6 +65,10 @@ extern MTBX_API SInt32 gOpeningWindowL;
 /* Does nothing; InitGraf does the work. */
 MTBX_API void InitWindows(void);
 
+/* The desktop below the menu bar in global coordinates, or all monitors while these are the screen's.
+   The region is the library's and holds until the next call. */
+MTBX_API RgnHandle GetGrayRgn(void);
+
 /* gDesktopWindow, with its coordinates set to those of the main window's client area, to which
    drawing in it is limited. Both calls are the same. */
 MTBX_API void GetWMgrPort(GrafPtr *port);

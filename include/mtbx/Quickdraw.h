@@ -125,6 +125,33 @@ typedef struct Cursor {
 typedef Cursor *CursPtr;
 typedef CursPtr *CursHandle;
 
+typedef struct ColorSpec {
+    UInt16 value; /* of a table's entry: its index */
+    RGBColor rgb;
+} ColorSpec;
+typedef ColorSpec *ColorSpecPtr;
+
+/* The header is longer than the published one. The entries follow it, one more than ctSize says. */
+struct ColorTable {
+    SInt32 ctSeed;
+    UInt16 ctFlags;
+    SInt16 ctSize;
+    Handle ctHeader; /* a BITMAPINFO made for the table, or null */
+    SInt32 ctReserved1;
+    SInt32 ctReserved2;
+    UInt16 ctUsage;
+    ColorSpec ctTable[1];
+};
+
+/* The library makes none. */
+typedef struct ITab {
+    SInt32 iTabSeed;
+    SInt16 iTabRes;
+    UInt8 iTTable[1];
+} ITab;
+typedef ITab *ITabPtr;
+typedef ITabPtr *ITabHandle;
+
 /* The one screen, as the device calls give it. What stands before gdPMap is not filled. */
 struct GDevice {
     SInt16 gdRefNum;
@@ -347,6 +374,10 @@ MTBX_ASSERT_OFFSET_32(PixMap, pmWidth, 86);
 MTBX_ASSERT_OFFSET_32(PixMap, pmPersistentDC, 92);
 MTBX_ASSERT_SIZE_32(PixMap, 94);
 MTBX_ASSERT(sizeof(Pattern) == 8);
+MTBX_ASSERT(sizeof(ColorSpec) == 8);
+MTBX_ASSERT_OFFSET_32(ColorTable, ctHeader, 8);
+MTBX_ASSERT_OFFSET_32(ColorTable, ctUsage, 20);
+MTBX_ASSERT_OFFSET_32(ColorTable, ctTable, 22);
 MTBX_ASSERT_OFFSET_32(GDevice, gdPMap, 14);
 MTBX_ASSERT_SIZE_32(GDevice, 26);
 MTBX_ASSERT_SIZE_32(PixPat, 28);
@@ -664,6 +695,46 @@ MTBX_API Boolean EmptyRgn(RgnHandle rgn);
    (rgnTooBigErr) when GDI refuses the region; the region is then as it was. A null region frees the
    buffer that is kept between calls. */
 MTBX_API OSErr BitMapToRegion(RgnHandle rgn, const BitMap *bitmap);
+
+/* Global coordinates are those of the main window's client area, or of the screen (Displays.h). These
+   turn a point of the current port into a global one and back, in place. Only a port with a native
+   window is anywhere: in all other ports the point stays as it is. */
+MTBX_API void LocalToGlobal(Point *point);
+MTBX_API void GlobalToLocal(Point *point);
+
+/* The one device, which stands for all monitors together; the library's own. Null when memory is short.
+   Its gdRect is brought up to qd.screenBits.bounds by each call. */
+MTBX_API GDHandle GetMainDevice(void);
+MTBX_API GDHandle GetGDevice(void);
+MTBX_API GDHandle GetDeviceList(void);
+/* The rectangle does not count. */
+MTBX_API GDHandle GetMaxDevice(const Rect *globalRect);
+/* Always null: the list has one member. */
+MTBX_API GDHandle GetNextDevice(GDHandle device);
+enum { gdDevType = 0, screenDevice = 13, screenActive = 15 };
+/* gdDevType: whether the device has more than one bit a pixel. screenDevice and screenActive: whether it
+   is the main device. False for every other attribute. */
+MTBX_API Boolean TestDeviceAttribute(GDHandle device, SInt16 attribute);
+
+/* Colour tables. Colours become native ones without them; they are here for the host to read. */
+
+/* A new table, owned by the caller: the entries of the resource 'clut' of that number, or without one
+   a colour cube of that many levels a channel, white first and black last. 1 stands for 6 levels, with
+   18 greys behind the cube. Entries are numbered from 0 whatever the resource says, and the seed is
+   the number. Null when memory is short, and without a resource when the number is not from 1 to 32. */
+MTBX_API CTabHandle GetCTable(SInt16 tableID);
+/* Frees a table with its header; null is allowed. */
+MTBX_API void DisposeCTable(CTabHandle table);
+MTBX_API void DisposCTable(CTabHandle table);
+/* A number that no call gave before: 2, then 3, and so on. */
+MTBX_API SInt32 GetCTSeed(void);
+/* Always 0: there is no inverse table. */
+MTBX_API SInt32 Color2Index(const RGBColor *color);
+/* Both only clear QDError. */
+MTBX_API void MakeITable(CTabHandle table, ITabHandle inverse, SInt16 resolution);
+MTBX_API void SetEntries(SInt16 start, SInt16 count, ColorSpec *entries);
+/* Always false, and the colour stays. */
+MTBX_API Boolean GetGray(GDHandle device, const RGBColor *background, RGBColor *foreground);
 
 /* A pseudo-random number from -32767 to 32767, drawn from the C library's rand. qd.randSeed has no
    part in it: a host that wants its own sequence calls srand. */

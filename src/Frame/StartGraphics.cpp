@@ -7,6 +7,7 @@
 #include "Quickdraw/Quickdraw_internal.h"
 #include "Scrap/ClipboardFormats_internal.h"
 
+#include <mtbx/Displays.h>
 #include <mtbx/Files.h>
 #include <mtbx/MTBXEnvironment.h>
 #include <mtbx/MTBXGlobals.h>
