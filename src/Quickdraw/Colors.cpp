@@ -10,8 +10,8 @@ struct ClassicColor {
     RGBColor color;
 };
 constexpr ClassicColor classicColors[] = {
-    {whiteColor, {65535, 65535, 65535}}, {blackColor, {0, 0, 0}},      {yellowColor, {65535, 65535, 0}},
-    {magentaColor, {65535, 0, 65535}},   {redColor, {65535, 0, 0}},    {cyanColor, {0, 65535, 65535}},
+    {whiteColor, {65535, 65535, 65535}}, {blackColor, {0, 0, 0}},    {yellowColor, {65535, 65535, 0}},
+    {magentaColor, {65535, 0, 65535}},   {redColor, {65535, 0, 0}},  {cyanColor, {0, 65535, 65535}},
     {greenColor, {0, 65535, 0}},         {blueColor, {0, 0, 65535}},
 };
 

@@ -85,7 +85,9 @@ void takeContext(GrafPort &port)
     SetBkMode(map->pmDC, port.txMode == srcOrText ? TRANSPARENT : OPAQUE);
 }
 
-void giveBackContext(GrafPort &port)
+} // namespace
+
+void MTBX_GiveBackContext(GrafPort &port)
 {
     HDC context = contextOf(port);
     if (!context)
@@ -101,8 +103,6 @@ void giveBackContext(GrafPort &port)
     }
 }
 
-} // namespace
-
 void MacSetPort(GrafPtr port)
 {
     qdErrorValue = noErr;
@@ -111,7 +111,7 @@ void MacSetPort(GrafPtr port)
     if (!port || port == qd.thePort)
         return;
     if (qd.thePort)
-        giveBackContext(*qd.thePort);
+        MTBX_GiveBackContext(*qd.thePort);
     qd.thePort = port;
     takeContext(*port);
     MTBX_ComputePortClip(*port, nullptr);

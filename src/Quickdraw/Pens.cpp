@@ -14,7 +14,7 @@ namespace {
 UInt8 useSafeXorMode;
 
 // By pen mode, with the transfer that PatBlt makes.
-constexpr DWORD rasterTable[16] = {PATCOPY, PATCOPY, PATINVERT, PATCOPY, PATCOPY, PATCOPY, PATCOPY,   PATCOPY,
+constexpr DWORD rasterTable[16] = {PATCOPY, PATCOPY, PATINVERT, PATCOPY, PATCOPY, PATCOPY, PATCOPY, PATCOPY,
                                    PATCOPY, PATCOPY, PATINVERT, PATCOPY, PATCOPY, PATCOPY, PATCOPY, PATCOPY};
 
 bool isXorMode(SInt16 mode)

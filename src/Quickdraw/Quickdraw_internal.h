@@ -58,6 +58,9 @@ extern PortFontCalls portFontCalls;
 // hWndMain.
 extern HWND (*modalOwnerCall)();
 
+// Takes a port's brush and font out of its context; a window's is released.
+void MTBX_GiveBackContext(GrafPort &port);
+
 // Selects the port's clip into its context, limited to the extra region unless that is null; for a
 // window's port it is limited to visRgn. Sets the value of QDError when it had to leave the former clip.
 void MTBX_ComputePortClip(GrafPort &port, RgnHandle extraRgn);
@@ -116,3 +119,7 @@ void MTBX_StartSharedRegions();
 void MTBX_StopSharedRegions();
 void MTBX_StartPatterns();
 void MTBX_StopPatterns();
+void MTBX_ForgetDevice();
+// The settings "UseSafeXorMode" and "MinimalGdiItemCreation".
+void MTBX_ReadXorSetting();
+void MTBX_ReadMinimalModeSetting();

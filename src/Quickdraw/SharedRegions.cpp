@@ -23,9 +23,11 @@ void MTBX_StartSharedRegions()
 
 void MTBX_StopSharedRegions()
 {
-    SharedRegions &shared = sharedRegions;
-    for (RgnHandle *rgn : {&shared.clip, &shared.vis, &shared.struc, &shared.update, &shared.cont})
-        disposeUnlessShared(*rgn, nullptr);
+    disposeUnlessShared(sharedRegions.clip, nullptr);
+    disposeUnlessShared(sharedRegions.vis, nullptr);
+    disposeUnlessShared(sharedRegions.struc, nullptr);
+    disposeUnlessShared(sharedRegions.update, nullptr);
+    disposeUnlessShared(sharedRegions.cont, nullptr);
 }
 
 void MTBX_ReadMinimalModeSetting()
