@@ -1,8 +1,6 @@
 // Renaming, making and deleting, and what is told of a file by its name.
 #include "OpenFiles_internal.h"
 
-#include "Resources/Resources_internal.h"
-
 #include <mtbx/MTBXEnvironment.h>
 #include <mtbx/MacErrors.h>
 
@@ -15,6 +13,8 @@ using namespace files;
 
 constexpr OSType applicationType = 0x4150504C; // 'APPL'
 constexpr SInt16 firstResourceFile = 1000;
+
+void (*resFilePath)(SInt16 refNum, char *path);
 
 bool isProgram(const char *path)
 {
@@ -41,8 +41,8 @@ OSErr deletePath(const char *path)
 void pathOfFile(SInt16 refNum, char *path)
 {
     path[0] = 0;
-    if (refNum >= firstResourceFile)
-        MTBX_ResFilePath(refNum, path);
+    if (refNum >= firstResourceFile && resFilePath)
+        resFilePath(refNum, path);
     else if (const char *found = openFilePath(refNum))
         appendBounded(path, pathSize, found);
 }
@@ -92,6 +92,11 @@ OSErr PBHDeleteSync(HParmBlkPtr paramBlock)
     OSErr error = buildPath(file.ioDirID, file.ioNamePtr, path);
     file.ioResult = error ? error : deletePath(path);
     return file.ioResult;
+}
+
+void MTBX_SetResFilePathSource(void (*pathOf)(SInt16 refNum, char *path))
+{
+    resFilePath = pathOf;
 }
 
 OSErr PBGetFCBInfoSync(FCBPBPtr paramBlock)

@@ -19,6 +19,10 @@ OSType MTBX_FileTypeFromName(ConstStr255Param name);
 
 OSErr MTBX_FSpOpenForRead(const FSSpec *spec, SInt8 permission, SInt16 *refNum);
 
+// How the path of a resource file is found, told by the Resource Manager, which stands above this one. The
+// function fills a buffer of 260 bytes, with an empty path for a number that has none.
+void MTBX_SetResFilePathSource(void (*pathOf)(SInt16 refNum, char *path));
+
 // Both tables are empty afterwards; references and IDs of before mean nothing.
 void MTBX_DisposeDirectoryTable();
 void MTBX_DisposeVolumeTable();

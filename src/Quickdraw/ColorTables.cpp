@@ -3,10 +3,31 @@
 #include "Quickdraw_internal.h"
 
 #include <mtbx/MacMemory.h>
+#include <mtbx/Resources.h>
+
+#include <algorithm>
+#include <cstring>
 
 namespace {
 
 UInt32 colorTableSeed = 1;
+
+constexpr ResType tableType = 0x636C7574; // 'clut'
+
+// The resource's entries follow a header of 8 bytes.
+CTabHandle tableFromResource(Handle resource, SInt16 tableID)
+{
+    constexpr Size headerSize = 8, mostEntries = 32768;
+    Size entryCount = (GetHandleSize(resource) - headerSize) / Size{sizeof(ColorSpec)};
+    entryCount = std::clamp(entryCount, Size{0}, mostEntries);
+    CTabHandle table = newColorTable(entryCount, tableID);
+    if (!table)
+        return nullptr;
+    const char *source = *resource + headerSize;
+    for (Size i = 0; i < entryCount; ++i)
+        memcpy(&entriesOf(table)[i].rgb, source + i * Size{sizeof(ColorSpec)} + sizeof(UInt16), sizeof(RGBColor));
+    return table;
+}
 
 CTabHandle tableByRule(SInt16 tableID)
 {
@@ -23,7 +44,13 @@ CTabHandle tableByRule(SInt16 tableID)
 
 CTabHandle GetCTable(SInt16 tableID)
 {
-    return tableByRule(tableID);
+    Handle resource = GetResource(tableType, tableID);
+    if (!resource)
+        return tableByRule(tableID);
+    HNoPurge(resource);
+    CTabHandle table = tableFromResource(resource, tableID);
+    HPurge(resource);
+    return table;
 }
 
 void DisposeCTable(CTabHandle table)

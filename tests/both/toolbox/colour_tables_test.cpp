@@ -1,7 +1,5 @@
 // Colour tables, and the colours of the Palette Manager.
-#include <mtbx/MTBX.h>
-
-#include <gtest/gtest.h>
+#include "ResourceChain.h"
 
 #include <ostream>
 #include <vector>
@@ -68,6 +66,20 @@ TEST(ColorTables, NumberOneIsTheCubeOfSixLevelsAndItsGreys)
     EXPECT_EQ(colors[216], gray(6));
     EXPECT_EQ(colors[225], gray(121));
     EXPECT_EQ(colors[233], gray(253));
+}
+
+class ColorTableResources : public ResourceChain {};
+
+TEST_F(ColorTableResources, ResourceComesBeforeTheRule)
+{
+    open(modulePath());
+    CTabHandle table = GetCTable(300);
+    ASSERT_TRUE(table);
+    EXPECT_EQ(GetHandleSize(reinterpret_cast<Handle>(table)), static_cast<Size>(offsetof(ColorTable, ctTable) + 16));
+    EXPECT_EQ((*table)->ctFlags, 0);
+    EXPECT_EQ((*table)->ctSize, 1);
+    EXPECT_EQ(takeColors(table), std::vector<RGBColor>({{0x1111, 0x2222, 0x3333}, {0xFFFF, 0, 0x8000}}));
+    EXPECT_FALSE(GetCTable(301));
 }
 
 TEST(ColorTables, NumbersWithoutATableGiveNull)

@@ -176,6 +176,12 @@ TEST_F(Displays, GreyRegionLeavesTheMenuBarOut)
     EXPECT_EQ((*gray)->rgnBBox, screenOfAllMonitors());
 }
 
+BOOL CALLBACK collect(HMONITOR monitor, HDC, RECT *, LPARAM data)
+{
+    reinterpret_cast<std::vector<HMONITOR> *>(data)->push_back(monitor);
+    return TRUE;
+}
+
 TEST_F(Displays, MonitorsAreThoseOfTheSystem)
 {
     POINT corner = {0, 0};
@@ -199,10 +205,6 @@ TEST_F(Displays, MonitorsAreThoseOfTheSystem)
     EXPECT_FALSE(MTBX_GetMonitorInfo(nullptr, &plain));
 
     std::vector<HMONITOR> seen;
-    auto collect = [](HMONITOR one, HDC, RECT *, LPARAM data) -> BOOL {
-        reinterpret_cast<std::vector<HMONITOR> *>(data)->push_back(one);
-        return TRUE;
-    };
     EXPECT_TRUE(MTBX_EnumDisplayMonitors(nullptr, nullptr, collect, reinterpret_cast<LPARAM>(&seen)));
     EXPECT_EQ(seen.size(), static_cast<size_t>(MTBX_GetSystemMetrics(SM_CMONITORS)));
     EXPECT_EQ(seen.at(0), monitor);

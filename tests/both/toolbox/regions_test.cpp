@@ -144,7 +144,6 @@ TEST_F(Regions, NullAndLostRegionsAreTakenAsEmpty)
     MacCopyRgn(nullptr, region);
     EXPECT_TRUE(EmptyRgn(region));
     DisposeRgn(nullptr);
-    EmptyHandle(reinterpret_cast<Handle>(NewHandle(0)));
 }
 
 TEST_F(Regions, DisposingAForeignHandleFreesOnlyTheHandle)

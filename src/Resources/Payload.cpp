@@ -1,0 +1,25 @@
+#include "Payload.h"
+
+#include <cstring>
+
+namespace resources {
+
+bool readPayload(std::span<const char> bytes, Payload &payload)
+{
+    constexpr size_t flagSize = 2;
+    constexpr unsigned char nameFollows = 2;
+    if (bytes.size() < flagSize)
+        return false;
+    bool isNamed = static_cast<unsigned char>(bytes[0]) & nameFollows;
+    bytes = bytes.subspan(flagSize);
+    payload = {"", bytes};
+    if (!isNamed)
+        return true;
+    auto end = bytes.empty() ? nullptr : static_cast<const char *>(memchr(bytes.data(), 0, bytes.size()));
+    if (!end)
+        return false;
+    payload = {bytes.data(), bytes.subspan(static_cast<size_t>(end + 1 - bytes.data()))};
+    return true;
+}
+
+} // namespace resources
