@@ -938,4 +938,96 @@ WINUSERAPI BOOL WINAPI EnableScrollBar(HWND window, UINT bar, UINT arrows);
 #define WNDCLASSEX WNDCLASSEXA
 #define CREATESTRUCT CREATESTRUCTA
 
+// Monitors and the system's settings.
+#define MONITOR_DEFAULTTONULL 0
+#define MONITOR_DEFAULTTOPRIMARY 1
+#define MONITOR_DEFAULTTONEAREST 2
+#define MONITORINFOF_PRIMARY 1
+#define CCHDEVICENAME 32
+typedef struct tagMONITORINFO {
+    DWORD cbSize;
+    RECT rcMonitor;
+    RECT rcWork;
+    DWORD dwFlags;
+} MONITORINFO, *LPMONITORINFO;
+#ifdef __cplusplus
+typedef struct tagMONITORINFOEXA : public tagMONITORINFO {
+    CHAR szDevice[CCHDEVICENAME];
+} MONITORINFOEXA, *LPMONITORINFOEXA;
+#else
+typedef struct tagMONITORINFOEXA {
+    DWORD cbSize;
+    RECT rcMonitor;
+    RECT rcWork;
+    DWORD dwFlags;
+    CHAR szDevice[CCHDEVICENAME];
+} MONITORINFOEXA, *LPMONITORINFOEXA;
+#endif
+typedef MONITORINFOEXA MONITORINFOEX;
+typedef BOOL(CALLBACK *MONITORENUMPROC)(HMONITOR monitor, HDC context, LPRECT rect, LPARAM parameter);
+#define DISPLAY_DEVICE_ATTACHED_TO_DESKTOP 0x00000001
+#define DISPLAY_DEVICE_PRIMARY_DEVICE 0x00000004
+typedef struct _DISPLAY_DEVICEA {
+    DWORD cb;
+    CHAR DeviceName[32];
+    CHAR DeviceString[128];
+    DWORD StateFlags;
+    CHAR DeviceID[128];
+    CHAR DeviceKey[128];
+} DISPLAY_DEVICEA, *PDISPLAY_DEVICEA, *LPDISPLAY_DEVICEA;
+typedef DISPLAY_DEVICEA DISPLAY_DEVICE;
+WINUSERAPI BOOL WINAPI EnumDisplayMonitors(HDC context, LPCRECT clip, MONITORENUMPROC visit, LPARAM parameter);
+WINUSERAPI BOOL WINAPI EnumDisplayDevicesA(LPCSTR device, DWORD number, PDISPLAY_DEVICEA result, DWORD flags);
+WINUSERAPI BOOL WINAPI GetMonitorInfoA(HMONITOR monitor, LPMONITORINFO info);
+WINUSERAPI HMONITOR WINAPI MonitorFromPoint(POINT point, DWORD flags);
+WINUSERAPI HMONITOR WINAPI MonitorFromRect(LPCRECT rect, DWORD flags);
+WINUSERAPI HMONITOR WINAPI MonitorFromWindow(HWND window, DWORD flags);
+#define SPI_GETBEEP 0x0001
+#define SPI_GETBORDER 0x0005
+#define SPI_GETKEYBOARDSPEED 0x000A
+#define SPI_GETKEYBOARDDELAY 0x0016
+#define SPI_SETWORKAREA 0x002F
+#define SPI_GETWORKAREA 0x0030
+#define SPI_GETDRAGFULLWINDOWS 0x0026
+#define SPI_GETWHEELSCROLLLINES 0x0068
+// The actions named above; others give FALSE with ERROR_INVALID_PARAMETER.
+WINUSERAPI BOOL WINAPI SystemParametersInfoA(UINT action, UINT parameter, PVOID data, UINT update);
+// 0xFFFFFFFF is the plain sound. Without a loudspeaker the call is heard by nobody.
+WINUSERAPI BOOL WINAPI MessageBeep(UINT kind);
+#define GetMonitorInfo GetMonitorInfoA
+#define EnumDisplayDevices EnumDisplayDevicesA
+#define SystemParametersInfo SystemParametersInfoA
+
+// Cursors and carets.
+#define IDC_ARROW MAKEINTRESOURCE(32512)
+#define IDC_IBEAM MAKEINTRESOURCE(32513)
+#define IDC_WAIT MAKEINTRESOURCE(32514)
+#define IDC_CROSS MAKEINTRESOURCE(32515)
+#define IDC_UPARROW MAKEINTRESOURCE(32516)
+#define IDC_SIZENWSE MAKEINTRESOURCE(32642)
+#define IDC_SIZENESW MAKEINTRESOURCE(32643)
+#define IDC_SIZEWE MAKEINTRESOURCE(32644)
+#define IDC_SIZENS MAKEINTRESOURCE(32645)
+#define IDC_SIZEALL MAKEINTRESOURCE(32646)
+#define IDC_NO MAKEINTRESOURCE(32648)
+#define IDC_HAND MAKEINTRESOURCE(32649)
+#define IDC_APPSTARTING MAKEINTRESOURCE(32650)
+#define IDC_HELP MAKEINTRESOURCE(32651)
+WINUSERAPI HCURSOR WINAPI LoadCursorA(HINSTANCE module, LPCSTR name);
+WINUSERAPI HCURSOR WINAPI CreateCursor(HINSTANCE module, int hotX, int hotY, int width, int height, const void *andMask,
+                                       const void *xorMask);
+WINUSERAPI BOOL WINAPI DestroyCursor(HCURSOR cursor);
+WINUSERAPI HCURSOR WINAPI SetCursor(HCURSOR cursor);
+WINUSERAPI HCURSOR WINAPI GetCursor(void);
+WINUSERAPI int WINAPI ShowCursor(BOOL show);
+WINUSERAPI BOOL WINAPI CreateCaret(HWND window, HBITMAP bitmap, int width, int height);
+WINUSERAPI BOOL WINAPI DestroyCaret(void);
+WINUSERAPI BOOL WINAPI ShowCaret(HWND window);
+WINUSERAPI BOOL WINAPI HideCaret(HWND window);
+WINUSERAPI BOOL WINAPI SetCaretPos(int x, int y);
+WINUSERAPI BOOL WINAPI GetCaretPos(LPPOINT point);
+WINUSERAPI UINT WINAPI GetCaretBlinkTime(void);
+WINUSERAPI BOOL WINAPI SetCaretBlinkTime(UINT milliseconds);
+#define LoadCursor LoadCursorA
+
 #endif

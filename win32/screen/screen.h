@@ -24,6 +24,9 @@ gdi::ColorTable &systemColors();
 // The screen anew in another mode, for tests: everything on it is lost. False for what cannot be read.
 bool setMode(const std::string &mode);
 
+// The sound of an error, where something can make it.
+void beep();
+
 // What was drawn since the last call, and nothing any more.
 gdi::Box takeDamage();
 

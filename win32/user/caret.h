@@ -9,7 +9,10 @@ namespace win32::user {
 void hideCaretForPainting(HWND window);
 void showCaretAfterPainting(HWND window);
 
-// The caret's timer has fired: it appears or disappears.
-void blinkCaret();
+// A timer of the system has fired on a window: if it is the caret's, the caret appears or disappears.
+bool blinkCaret(HWND window, UINT_PTR timer);
+
+// The window that has the caret is gone.
+void forgetCaret(HWND window);
 
 } // namespace win32::user

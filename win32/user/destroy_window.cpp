@@ -1,4 +1,5 @@
 // Ending windows.
+#include "caret.h"
 #include "focus.h"
 #include "kernel/kernel_internal.h"
 #include "message_queue.h"
@@ -44,9 +45,11 @@ void release(HWND handle)
         if (other->lastActivePopup == handle)
             other->lastActivePopup = nullptr;
     }
+    forgetUpdate(*window);
     if (window->queue)
         window->queue->forget(handle);
     forgetTimers(handle);
+    forgetCaret(handle);
     releaseContextsOf(*window);
     removeObject(window.get());
     --window->windowClass->windowCount;
@@ -80,6 +83,16 @@ void free(HWND handle)
     release(handle);
 }
 
+// Deepest first: a window is released after its children.
+void collectOf(const Window &window, const MessageQueue &queue, std::vector<HWND> &result)
+{
+    for (const Window *child = window.firstChild; child; child = child->next) {
+        collectOf(*child, queue, result);
+        if (child->queue == &queue)
+            result.push_back(child->hwnd());
+    }
+}
+
 std::vector<HWND> ownedBy(HWND owner)
 {
     std::vector<HWND> owned;
@@ -106,6 +119,17 @@ bool begin(HWND handle)
 }
 
 } // namespace
+
+void abandonWindowsOf(MessageQueue &queue)
+{
+    UserLock lock;
+    for (Window *root : {desktop(), messageRoot()}) {
+        std::vector<HWND> windows;
+        collectOf(*root, queue, windows);
+        for (HWND window : windows)
+            release(window);
+    }
+}
 
 void abandonWindow(HWND handle)
 {

@@ -1,4 +1,5 @@
 // Posting, looking at and taking messages; waiting for them.
+#include "caret.h"
 #include "kernel/faults.h"
 #include "kernel/kernel_internal.h"
 #include "kernel/waits.h"
@@ -123,7 +124,7 @@ LRESULT DispatchMessageA(const MSG *message)
             procedure(message->hwnd, message->message, message->wParam, static_cast<DWORD>(ticks()));
         return 0;
     }
-    if (!message->hwnd)
+    if (!message->hwnd || (message->message == WM_SYSTIMER && blinkCaret(message->hwnd, message->wParam)))
         return 0;
     return sendMessage(message->hwnd, message->message, message->wParam, message->lParam);
 }

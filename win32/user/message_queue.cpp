@@ -2,6 +2,7 @@
 
 #include "kernel/kernel_internal.h"
 #include "kernel/waits.h"
+#include "placement.h"
 #include "timers.h"
 #include "update.h"
 

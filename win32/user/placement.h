@@ -20,6 +20,10 @@ RECT workArea(HMONITOR monitor);
 // Ends a window whose procedure refused to be made: WM_NCDESTROY and nothing else.
 void abandonWindow(HWND window);
 
+// Ends the windows of a thread that is over, without a message.
+class MessageQueue;
+void abandonWindowsOf(MessageQueue &queue);
+
 // WM_PARENTNOTIFY for a child that asks for it.
 void notifyParent(HWND window, UINT event);
 
