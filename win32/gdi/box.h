@@ -6,12 +6,16 @@
 #include <pixman.h>
 
 #include <algorithm>
+#include <climits>
+#include <cmath>
 
 namespace win32::gdi {
 
 using Box = pixman_box32_t; // x1, y1, x2, y2
 
 static_assert(sizeof(Box) == sizeof(RECT) && sizeof(LONG) == sizeof(int));
+
+constexpr Box everywhere = {INT_MIN, INT_MIN, INT_MAX, INT_MAX};
 
 inline bool isEmpty(const Box &box)
 {
@@ -39,6 +43,13 @@ inline int wrappingSum(int a, int b)
 inline int wrappingDifference(int a, int b)
 {
     return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b));
+}
+
+// The nearest coordinate, halves upwards; what lies outside of the range becomes its end.
+inline int roundedToInt(double value)
+{
+    double rounded = std::floor(value + 0.5);
+    return rounded >= INT_MAX ? INT_MAX : rounded > INT_MIN ? static_cast<int>(rounded) : INT_MIN;
 }
 
 inline Box translated(const Box &box, int x, int y)

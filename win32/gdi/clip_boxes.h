@@ -44,4 +44,30 @@ template <class Visit> void eachVisible(const ClipBoxes &clip, const Box &box, V
     }
 }
 
+// Calls visit(first, end) for each band of boxes that crosses the rows of a box, from top to bottom.
+template <class Visit> void eachBand(const ClipBoxes &clip, const Box &box, Visit visit)
+{
+    const Box *end = clip.boxes + clip.count;
+    const Box *next;
+    for (const Box *first = firstBoxBelow(clip, box.y1); first != end && first->y1 < box.y2; first = next) {
+        for (next = first; next != end && next->y1 == first->y1;)
+            ++next;
+        visit(first, next);
+    }
+}
+
+// The same from bottom to top.
+template <class Visit> void eachBandUpwards(const ClipBoxes &clip, const Box &box, Visit visit)
+{
+    const Box *begin = firstBoxBelow(clip, box.y1);
+    const Box *end = clip.boxes + clip.count;
+    const Box *first;
+    for (const Box *last = end; last != begin; last = first) {
+        for (first = last - 1; first != begin && first[-1].y1 == first->y1;)
+            --first;
+        if (first->y1 < box.y2)
+            visit(first, last);
+    }
+}
+
 } // namespace win32::gdi

@@ -2,17 +2,10 @@
 
 #include "stock_objects.h"
 
-#include <climits>
 #include <cmath>
 
 namespace win32::gdi {
 namespace {
-
-int roundedToInt(double value)
-{
-    double rounded = std::floor(value + 0.5);
-    return rounded >= INT_MAX ? INT_MAX : rounded <= INT_MIN ? INT_MIN : static_cast<int>(rounded);
-}
 
 uint32_t stampOf(const Surface &surface)
 {

@@ -111,6 +111,7 @@ struct PathPoint {
 struct Path {
     bool isOpen = false;
     bool isComplete = false;
+    bool isFigureOpen = false; // the next line goes on from the last point
     std::vector<PathPoint> points;
 };
 
@@ -238,6 +239,13 @@ inline DeviceContext *findContext(HDC context)
         }
     }
     return dc;
+}
+
+// Where DIB_PAL_COLORS are looked up: needed for them only, so null without an error for other usages.
+inline const Palette *paletteFor(HDC context, UINT usage)
+{
+    DeviceContext *dc = usage == DIB_PAL_COLORS ? findContext(context) : nullptr;
+    return dc ? dc->state.palette.get() : nullptr;
 }
 
 // A context on the whole screen, or on what a place says.

@@ -27,7 +27,8 @@ public:
     // What GetObjectA gives: the bytes written, or needed when the buffer is null; 0 for failure.
     virtual int describe(int size, void *buffer) const = 0;
     // The number that GetObjectType gives.
-    virtual DWORD publishedType() const { return static_cast<DWORD>(type); }
+    // OBJ_METADC stands between the numbers of contexts and palettes.
+    virtual DWORD publishedType() const { return static_cast<DWORD>(type) + (type >= ObjectType::Palette ? 1 : 0); }
 
     HGDIOBJ handle() const { return handle_; }
     bool isStock() const { return isStock_; }

@@ -41,7 +41,14 @@ struct BrushColors {
     bool operator==(const BrushColors &) const = default;
 };
 
-// The tile of a hatched or pattern brush for a surface.
+// The pixel of lines and hatches, whose colours are never mixed: on a monochrome surface a colour other than
+// black, white and the background's is the one that the background is not.
+uint32_t linePixelFor(const Surface &surface, COLORREF color, COLORREF background);
+
+// Whether a solid brush of the colour needs a tile, because it is mixed from black and white.
+bool isDithered(const Surface &surface, COLORREF color);
+
+// The tile of a hatched or pattern brush for a surface, or of a solid one that is dithered.
 void makeTile(const Brush &brush, const Surface &surface, const BrushColors &colors, Tile &tile);
 
 } // namespace win32::gdi

@@ -76,7 +76,7 @@ inline int64_t bitmapStride(int64_t width, int bitsPerPixel)
 }
 
 // Pixels as numbers. The colours are plain 0x00BBGGRR values. A pixel for a colour that an indexed format
-// lacks is the nearest one's; in a monochrome format it is 1 for white and 0 for any other colour.
+// lacks is the nearest one's; in a monochrome format it is 1 for what is nearer to white than to black.
 uint32_t pixelFor(const Surface &surface, COLORREF color);
 COLORREF colorOf(const Surface &surface, uint32_t pixel);
 

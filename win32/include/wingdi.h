@@ -525,6 +525,11 @@ WINGDIAPI COLORREF WINAPI SetPixel(HDC context, int x, int y, COLORREF color);
 WINGDIAPI BOOL WINAPI SetPixelV(HDC context, int x, int y, COLORREF color);
 
 // Lines and shapes.
+#define PT_CLOSEFIGURE 0x01
+#define PT_LINETO 0x02
+#define PT_BEZIERTO 0x04
+#define PT_MOVETO 0x06
+
 WINGDIAPI BOOL WINAPI MoveToEx(HDC context, int x, int y, LPPOINT old);
 WINGDIAPI BOOL WINAPI LineTo(HDC context, int x, int y);
 WINGDIAPI BOOL WINAPI Polyline(HDC context, const POINT *points, int count);

@@ -1,6 +1,7 @@
 // Moving, sizing, ordering, showing and hiding windows, with what that means for the screen.
 #include "focus.h"
 #include "gdi/blit.h"
+#include "kernel/handle_table.h"
 #include "kernel/kernel_internal.h"
 #include "message_queue.h"
 #include "placement.h"
@@ -25,7 +26,7 @@ void require(bool succeeded)
 
 // A change of one window, from the request to the message that reports it.
 struct Change {
-    WINDOWPOS request;
+    WINDOWPOS request{};
     RECT newWindow{};
     RECT newClient{};
     RECT oldWindow{};
@@ -300,7 +301,8 @@ BOOL setPosition(HWND handle, Change &change)
 BOOL changePosition(HWND window, HWND after, int x, int y, int width, int height, UINT flags)
 {
     return guarded(FALSE, [&] {
-        Change change{{window, after, x, y, width, height, flags}};
+        Change change;
+        change.request = {window, after, x, y, width, height, flags};
         return setPosition(window, change);
     });
 }
