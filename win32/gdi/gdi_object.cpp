@@ -69,7 +69,7 @@ Object *findObject(HGDIOBJ handle, ObjectType type)
 
 Object *findAny(HGDIOBJ handle)
 {
-    Object *object = table.findAny(handle);
+    Object *object = table.find(handle);
     return object ? object : fail(ERROR_INVALID_HANDLE, object);
 }
 

@@ -93,9 +93,8 @@ BOOL CreateCaret(HWND window, HBITMAP bitmap, int width, int height)
     if (!findWindow(window))
         return FALSE;
     DestroyCaret();
-    constexpr auto solid = reinterpret_cast<HBITMAP>(0), gray = reinterpret_cast<HBITMAP>(1);
     BITMAP record{};
-    bool isOfBitmap = bitmap != solid && bitmap != gray;
+    bool isOfBitmap = reinterpret_cast<uintptr_t>(bitmap) > 1; // 0 is a solid bar, 1 a gray one
     if (isOfBitmap && !GetObjectA(bitmap, sizeof record, &record))
         return FALSE;
     caret.window = window;
