@@ -37,6 +37,23 @@ public:
             boxes_.push_back({left, top_, right, bottom_});
     }
 
+    // A band of one box.
+    void addBand(int top, int bottom, int left, int right)
+    {
+        finish();
+        bool isSame = current_ - previous_ == 1 && boxes_.back().y2 == top && boxes_.back().x1 == left
+                      && boxes_.back().x2 == right;
+        if (isSame) {
+            boxes_.back().y2 = bottom;
+            return;
+        }
+        if (boxes_.size() > mostBoxes)
+            throw std::bad_alloc();
+        boxes_.push_back({left, top, right, bottom});
+        previous_ = current_;
+        ++current_;
+    }
+
     // To be called behind the last band.
     void finish()
     {

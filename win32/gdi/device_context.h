@@ -150,7 +150,7 @@ public:
     uint32_t layout = 0;          // the screen's layout for which the place was found
     POINT origin{0, 0};    // of device coordinates, on the surface
     RegionValue visible;   // what may be drawn on, in surface coordinates
-    Palette *realized = nullptr;
+    bool isPaletteInBackground = false; // as SelectPalette was told
 
     ContextState state;
     std::vector<std::unique_ptr<ContextState>> saved;

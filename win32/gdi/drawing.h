@@ -47,14 +47,22 @@ public:
             fillClipped(surface(), clip(), box, paint, rop2);
     }
 
-    // Boxes in bands, as scan.h makes them; cut to the clip here.
+    // Boxes as scan.h makes them, cut to the clip here.
     void fill(std::span<const Box> boxes, const Paint &paint, int rop2)
     {
-        for (const Box &box : boxes)
-            fill(box, paint, rop2);
+        if (!boxes.empty() && touch(boundsOf(boxes)))
+            fillManyClipped(surface(), clip(), boxes, paint, rop2);
     }
 
 private:
+    static Box boundsOf(std::span<const Box> boxes)
+    {
+        Box bounds = boxes.front();
+        for (const Box &box : boxes)
+            bounds = united(bounds, box);
+        return bounds;
+    }
+
     DeviceContext *dc_;
     Box touched_{};
 };

@@ -48,6 +48,34 @@ void fillSolidBox(const Surface &surface, const Box &box, const SolidFill &fill)
     }
 }
 
+// Boxes of a few pixels a row are many where lines and curves are drawn: for them the way to the loops for
+// long rows would be longer than the work.
+constexpr int narrow = 16;
+
+template <class Pixel> void fillNarrowBox(const Surface &surface, const Box &box, const SolidFill &fill)
+{
+    auto keep = static_cast<Pixel>(fill.keep);
+    auto flip = static_cast<Pixel>(fill.flip);
+    uint8_t *row = surface.row(box.y1);
+    for (int y = box.y1; y < box.y2; ++y, row += surface.stride) {
+        auto *pixels = reinterpret_cast<Pixel *>(row);
+        for (int x = box.x1; x < box.x2 && keep == 0; ++x)
+            pixels[x] = flip;
+        for (int x = box.x1; x < box.x2 && keep != 0; ++x)
+            pixels[x] = static_cast<Pixel>((pixels[x] & keep) ^ flip);
+    }
+}
+
+template <class Pixel, class EachBox> void fillEachSolid(const Surface &surface, const SolidFill &fill, EachBox eachBox)
+{
+    eachBox([&](const Box &box) {
+        if (box.x2 - box.x1 <= narrow)
+            fillNarrowBox<Pixel>(surface, box, fill);
+        else
+            fillSolidBox(surface, box, fill);
+    });
+}
+
 void fillPatternBox(const Surface &surface, const Box &box, PatternRow &pattern, BinaryCode code)
 {
     RowSpan span(surface.format, box.x1, box.x2);
@@ -85,7 +113,16 @@ void fillEach(const Surface &surface, const Paint &paint, int rop2, EachBox each
         return;
     }
     SolidFill fill(surface.format, paint.pixel, code);
-    eachBox([&](const Box &box) { fillSolidBox(surface, box, fill); });
+    switch (surface.format.bitsPerPixel) {
+    case 32:
+        return fillEachSolid<uint32_t>(surface, fill, eachBox);
+    case 16:
+        return fillEachSolid<uint16_t>(surface, fill, eachBox);
+    case 8:
+        return fillEachSolid<uint8_t>(surface, fill, eachBox);
+    default:
+        eachBox([&](const Box &box) { fillSolidBox(surface, box, fill); });
+    }
 }
 
 } // namespace
@@ -101,6 +138,15 @@ void fillBoxes(const Surface &surface, const Box *boxes, size_t count, const Pai
 void fillClipped(const Surface &surface, const ClipBoxes &clip, const Box &box, const Paint &paint, int rop2)
 {
     fillEach(surface, paint, rop2, [&clip, &box](auto fill) { eachVisible(clip, box, fill); });
+}
+
+void fillManyClipped(const Surface &surface, const ClipBoxes &clip, std::span<const Box> boxes, const Paint &paint,
+                     int rop2)
+{
+    fillEach(surface, paint, rop2, [&clip, boxes](auto fill) {
+        for (const Box &box : boxes)
+            eachVisible(clip, box, fill);
+    });
 }
 
 int rop2Of(DWORD ternaryCode)

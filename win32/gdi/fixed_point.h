@@ -17,7 +17,8 @@ struct FixedPoint {
     bool operator==(const FixedPoint &) const = default;
 };
 
-constexpr int fixedOne = 16;
+constexpr int fixedBits = 4;
+constexpr int fixedOne = 1 << fixedBits;
 // Farther from the origin nothing can be told in sixteenths that products of two lengths would still hold.
 constexpr int farthestPixel = 1 << 25;
 

@@ -1,6 +1,7 @@
 // Calls on objects of any type: deleting, describing, selecting.
 #include "device_context.h"
 #include "stock_objects.h"
+#include "system_palette.h"
 
 #include "kernel/kernel_internal.h"
 #include "screen/screen.h"
@@ -176,8 +177,11 @@ HGDIOBJ SelectObject(HDC context, HGDIOBJ handle)
     }
 }
 
-// Brushes and palettes are realized anew whenever that is needed.
+// Brushes are realized anew whenever that is needed.
 BOOL UnrealizeObject(HGDIOBJ handle)
 {
-    return findAny(handle) != nullptr;
+    Object *object = findAny(handle);
+    if (object && object->type == ObjectType::Palette)
+        unrealize(static_cast<Palette &>(*object));
+    return object != nullptr;
 }

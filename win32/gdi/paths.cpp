@@ -26,7 +26,7 @@ void forget(Path &path)
 std::vector<Box> insideOf(std::span<const Figure> figures, int fillMode, const Box &bounds)
 {
     std::vector<Box> boxes;
-    OutlineScanner().scan(outlineOf(figures), fillMode, bounds, boxes);
+    scanOutline(outlineOf(figures), fillMode, bounds, boxes);
     return boxes;
 }
 

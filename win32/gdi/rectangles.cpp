@@ -16,13 +16,15 @@ std::array<POINT, 4> corners(const Box &box)
 
 void drawFrame(Drawing &drawing, const Box &box, const Paint &paint)
 {
-    int rop2 = drawing.dc().state.rop2;
-    drawing.fill({box.x1, box.y1, box.x2, box.y1 + 1}, paint, rop2);
-    drawing.fill({box.x1, box.y1 + 1, box.x1 + 1, box.y2 - 1}, paint, rop2);
-    if (box.x2 - 1 > box.x1)
-        drawing.fill({box.x2 - 1, box.y1 + 1, box.x2, box.y2 - 1}, paint, rop2);
-    if (box.y2 - 1 > box.y1)
-        drawing.fill({box.x1, box.y2 - 1, box.x2, box.y2}, paint, rop2);
+    Box sides[4] = {{box.x1, box.y1, box.x2, box.y1 + 1}};
+    size_t count = 1;
+    if (box.y2 - box.y1 > 2)
+        sides[count++] = {box.x1, box.y1 + 1, box.x1 + 1, box.y2 - 1};
+    if (box.y2 - box.y1 > 2 && box.x2 - box.x1 > 1)
+        sides[count++] = {box.x2 - 1, box.y1 + 1, box.x2, box.y2 - 1};
+    if (box.y2 - box.y1 > 1)
+        sides[count++] = {box.x1, box.y2 - 1, box.x2, box.y2};
+    drawing.fill({sides, count}, paint, drawing.dc().state.rop2);
 }
 
 // A broken frame; a box of one row or column has one line only.

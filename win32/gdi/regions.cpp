@@ -49,7 +49,12 @@ BOOL EqualRgn(HRGN first, HRGN second)
 {
     const Region *firstRegion = find<Region>(first);
     const Region *secondRegion = firstRegion ? find<Region>(second) : nullptr;
-    return secondRegion && pixman_region32_equal(&firstRegion->pixels, &secondRegion->pixels);
+    if (!secondRegion)
+        return FALSE;
+    // Empty regions differ for pixman by where they became so.
+    bool isEmpty = complexityOf(firstRegion->pixels) == NULLREGION;
+    return isEmpty ? complexityOf(secondRegion->pixels) == NULLREGION
+                   : pixman_region32_equal(&firstRegion->pixels, &secondRegion->pixels);
 }
 
 BOOL PtInRegion(HRGN region, int x, int y)

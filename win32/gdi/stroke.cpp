@@ -38,7 +38,6 @@ bool isSame(POINT a, POINT b)
 struct Scratch {
     std::vector<FixedPoint> points;
     Outline outline;
-    OutlineScanner scanner;
     std::vector<Box> boxes;
 };
 
@@ -55,7 +54,7 @@ Scratch &emptyScratch()
 std::span<const Box> scanned(const Outline &outline, const Box &bounds)
 {
     scratch.boxes.clear();
-    scratch.scanner.scan(outline, WINDING, bounds, scratch.boxes);
+    scanOutline(outline, WINDING, bounds, scratch.boxes);
     return scratch.boxes;
 }
 
@@ -252,7 +251,7 @@ void fillAndStrokeCurves(Drawing &drawing, Stroker &stroker, std::span<const Fig
         outline.close();
     }
     std::vector<Box> inside;
-    OutlineScanner().scan(outline, WINDING, drawing.clip().extents, inside);
+    scanOutline(outline, WINDING, drawing.clip().extents, inside);
     fillAndStroke(drawing, stroker, inside, figures);
 }
 

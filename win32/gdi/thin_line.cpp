@@ -205,7 +205,8 @@ void ThinLine::fillRuns(const Surface &surface, int64_t first, int64_t last, con
 
 void ThinLine::draw(const Surface &surface, int64_t first, int64_t last, const Paint &paint, int rop2) const
 {
-    bool isSolid = paint.kind == Paint::Kind::Solid && slope_ != 0;
+    // Pixels in a row are better filled as such.
+    bool isSolid = paint.kind == Paint::Kind::Solid && (slope_ != 0 || isSteep_);
     switch (isSolid ? surface.format.bitsPerPixel : 0) {
     case 32:
         plotSolid<uint32_t>(surface, first, last, paint.pixel, rop2);
