@@ -21,6 +21,7 @@
 #include <mtbx/Processes.h>
 #include <mtbx/Quickdraw.h>
 #include <mtbx/Resources.h>
+#include <mtbx/Script.h>
 #include <mtbx/TextEdit.h>
 #include <mtbx/TextUtils.h>
 

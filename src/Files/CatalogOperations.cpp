@@ -1,8 +1,6 @@
 // Renaming, making and deleting, and what is told of a file by its name.
 #include "OpenFiles_internal.h"
 
-#include "Resources/Resources_internal.h"
-
 #include <mtbx/MTBXEnvironment.h>
 #include <mtbx/MacErrors.h>
 
@@ -15,6 +13,8 @@ using namespace files;
 
 constexpr OSType applicationType = 0x4150504C; // 'APPL'
 constexpr SInt16 firstResourceFile = 1000;
+
+void (*resFilePath)(SInt16 refNum, char *path);
 
 bool isProgram(const char *path)
 {
@@ -41,8 +41,8 @@ OSErr deletePath(const char *path)
 void pathOfFile(SInt16 refNum, char *path)
 {
     path[0] = 0;
-    if (refNum >= firstResourceFile)
-        MTBX_ResFilePath(refNum, path);
+    if (refNum >= firstResourceFile && resFilePath)
+        resFilePath(refNum, path);
     else if (const char *found = openFilePath(refNum))
         appendBounded(path, pathSize, found);
 }
@@ -94,6 +94,11 @@ OSErr PBHDeleteSync(HParmBlkPtr paramBlock)
     return file.ioResult;
 }
 
+void MTBX_SetResFilePathSource(void (*pathOf)(SInt16 refNum, char *path))
+{
+    resFilePath = pathOf;
+}
+
 OSErr PBGetFCBInfoSync(FCBPBPtr paramBlock)
 {
     char path[pathSize];
@@ -115,9 +120,7 @@ OSErr PBHGetFInfoSync(HParmBlkPtr paramBlock)
     file.ioResult = buildPath(file.ioDirID, name, path);
     if (file.ioResult != noErr)
         return file.ioResult;
-    Str255 pascalPath;
-    copyPascal(path, pascalPath);
-    file.ioFlFndrInfo.fdType = isProgram(path) ? applicationType : MTBX_FileTypeFromName(pascalPath);
+    file.ioFlFndrInfo.fdType = isProgram(path) ? applicationType : typeOfPath(path);
     WIN32_FIND_DATAA found;
     HANDLE search = FindFirstFileA(path, &found);
     if (search == INVALID_HANDLE_VALUE)

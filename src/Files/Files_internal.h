@@ -19,6 +19,10 @@ OSType MTBX_FileTypeFromName(ConstStr255Param name);
 
 OSErr MTBX_FSpOpenForRead(const FSSpec *spec, SInt8 permission, SInt16 *refNum);
 
+// How the path of a resource file is found, told by the Resource Manager, which stands above this one. The
+// function fills a buffer of 260 bytes, with an empty path for a number that has none.
+void MTBX_SetResFilePathSource(void (*pathOf)(SInt16 refNum, char *path));
+
 // Both tables are empty afterwards; references and IDs of before mean nothing.
 void MTBX_DisposeDirectoryTable();
 void MTBX_DisposeVolumeTable();
@@ -45,6 +49,9 @@ void appendBounded(char *buffer, size_t size, const char *text);
 
 // The path of a name in a directory, by the rules of a spec. dirNFErr for an unknown directory.
 OSErr buildPath(SInt32 dirID, ConstStr255Param name, char *path);
+
+// The same as MTBX_FileTypeFromName for a path, which may be longer than a Pascal string.
+OSType typeOfPath(const char *path);
 
 // The path of the open file with the number; null when there is none.
 const char *openFilePath(SInt16 refNum);

@@ -20,30 +20,18 @@ union ImmortalHeap {
 };
 constinit ImmortalHeap immortalHeap;
 
-inline Handle newHandle(Size byteCount)
+using Contents = MEMp_StandardHeap::Contents;
+
+template <Contents contents = Contents::Undefined> inline Handle newHandle(Size byteCount)
 {
     if (gWin32S && byteCount >= smallMemoryLimit) [[unlikely]]
         return nullptr;
-    return allocateOrPurge(byteCount, [=] { return immortalHeap.heap.makeHandle(byteCount); });
+    return allocateOrPurge(byteCount, [=] { return immortalHeap.heap.makeHandle(byteCount, contents); });
 }
 
-Handle cleared(Handle h)
+template <Contents contents = Contents::Undefined> inline Ptr newPtr(Size byteCount)
 {
-    if (h && *h)
-        memset(*h, 0, static_cast<size_t>(libraryHeap().GetHandleSize(h)));
-    return h;
-}
-
-inline Ptr newPtr(Size byteCount)
-{
-    return allocateOrPurge(byteCount, [=] { return immortalHeap.heap.makeBlock(byteCount); });
-}
-
-Ptr cleared(Ptr p)
-{
-    if (p)
-        memset(p, 0, static_cast<size_t>(libraryHeap().GetPtrSize(p)));
-    return p;
+    return allocateOrPurge(byteCount, [=] { return immortalHeap.heap.makeBlock(byteCount, contents); });
 }
 
 void setHandleSize(Handle h, Size byteCount)
@@ -78,7 +66,7 @@ Handle NewHandle(Size byteCount)
 
 Handle NewHandleClear(Size byteCount)
 {
-    return cleared(NewHandle(byteCount));
+    return newHandle<Contents::Cleared>(byteCount);
 }
 
 Handle NewHandleSys(Size byteCount)
@@ -101,9 +89,9 @@ Handle NewHandleSysDebug(Size byteCount, const char *file, SInt32 line)
     return NewHandleDebug(byteCount, file, line);
 }
 
-Handle NewHandleClearDebug(Size byteCount, const char *file, SInt32 line)
+Handle NewHandleClearDebug(Size byteCount, const char *, SInt32)
 {
-    return cleared(NewHandleDebug(byteCount, file, line));
+    return NewHandleClear(byteCount);
 }
 
 Handle NewHandleSysClearDebug(Size byteCount, const char *file, SInt32 line)
@@ -118,7 +106,7 @@ Ptr NewPtr(Size byteCount)
 
 Ptr NewPtrClear(Size byteCount)
 {
-    return cleared(NewPtr(byteCount));
+    return newPtr<Contents::Cleared>(byteCount);
 }
 
 Ptr NewPtrDebug(Size byteCount, const char *, SInt32)
@@ -126,9 +114,9 @@ Ptr NewPtrDebug(Size byteCount, const char *, SInt32)
     return newPtr(byteCount);
 }
 
-Ptr NewPtrClearDebug(Size byteCount, const char *file, SInt32 line)
+Ptr NewPtrClearDebug(Size byteCount, const char *, SInt32)
 {
-    return cleared(NewPtrDebug(byteCount, file, line));
+    return NewPtrClear(byteCount);
 }
 
 Ptr NewPtrSys(Size)

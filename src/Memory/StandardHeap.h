@@ -48,13 +48,18 @@ public:
     void Report(SInt32 what) override;
     void DumpLeaks() override;
 
+    // Cleared memory is asked for as such: the C heap has large blocks of it at no cost.
+    enum class Contents { Undefined, Cleared };
+
     // The work of NewPtr and DisposePtr, in line for the calls that every program makes most.
-    Ptr makeBlock(Size byteCount)
+    Ptr makeBlock(Size byteCount, Contents contents = Contents::Undefined)
     {
         if (byteCount < 0)
             return nullptr;
         auto size = static_cast<UInt32>(byteCount);
-        auto header = static_cast<MEMp_BlockHeader *>(malloc(size + sizeof(MEMp_BlockHeader)));
+        size_t wholeSize = size + sizeof(MEMp_BlockHeader);
+        auto header =
+            static_cast<MEMp_BlockHeader *>(contents == Contents::Cleared ? calloc(1, wholeSize) : malloc(wholeSize));
         if (!header)
             return nullptr;
         header->logicalSize = size;
@@ -72,7 +77,7 @@ public:
         free(header);
     }
 
-    Handle makeHandle(Size byteCount)
+    Handle makeHandle(Size byteCount, Contents contents = Contents::Undefined)
     {
         auto cell = static_cast<Handle>(malloc(sizeof(Ptr)));
         if (!cell)
@@ -80,7 +85,7 @@ public:
         *cell = nullptr;
         if (byteCount == 0)
             return cell;
-        *cell = makeBlock(byteCount);
+        *cell = makeBlock(byteCount, contents);
         if (*cell)
             return cell;
         free(cell);

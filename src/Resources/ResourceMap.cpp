@@ -28,8 +28,8 @@ SInt32 &handleChain(const ResourceMap &map, Handle handle)
 {
     auto value = static_cast<UInt64>(reinterpret_cast<UINT_PTR>(handle));
     auto hash = static_cast<UInt32>(value * 0x9e3779b97f4a7c15u >> 32);
-    return reinterpret_cast<SInt32 *>(*map.buckets)[map.bucketCount
-                                                    + static_cast<SInt32>(hash & static_cast<UInt32>(map.bucketCount - 1))];
+    return reinterpret_cast<SInt32 *>(
+        *map.buckets)[map.bucketCount + static_cast<SInt32>(hash & static_cast<UInt32>(map.bucketCount - 1))];
 }
 
 void enter(ResourceMap &map, SInt32 place)
@@ -50,24 +50,24 @@ void unlink(ResourceMap &map, SInt32 *chain, SInt32 place, SInt32 ResourceEntry:
     *chain = entryAt(map, place).*next;
 }
 
-Handle newBuckets(SInt32 bucketCount)
+Size bucketBytes(SInt32 bucketCount)
 {
-    auto size = static_cast<Size>(bucketCount * 2 * static_cast<SInt32>(sizeof(SInt32)));
-    Handle buckets = NewHandle(size);
-    if (buckets)
-        memset(*buckets, 0xff, static_cast<size_t>(size)); // all chains empty
-    return buckets;
+    return bucketCount * 2 * static_cast<Size>(sizeof(SInt32)); // chains by key and by handle
+}
+
+void emptyChains(Handle buckets, SInt32 bucketCount)
+{
+    memset(*buckets, 0xff, static_cast<size_t>(bucketBytes(bucketCount)));
 }
 
 // Longer chains serve as well when there is no memory for more of them.
 void growBuckets(ResourceMap &map)
 {
-    Handle buckets = newBuckets(map.bucketCount * 2);
-    if (!buckets)
+    SetHandleSize(map.buckets, bucketBytes(map.bucketCount * 2));
+    if (MemError() != noErr)
         return;
-    DisposeHandle(map.buckets);
-    map.buckets = buckets;
     map.bucketCount *= 2;
+    emptyChains(map.buckets, map.bucketCount);
     for (SInt32 place = 0; place < map.count; ++place) {
         if (entryAt(map, place).handle)
             enter(map, place);
@@ -84,31 +84,21 @@ OSErr growEntries(ResourceMap &map)
     return error;
 }
 
-OSErr copyName(const char *name, Ptr &copy)
-{
-    copy = nullptr;
-    if (!name || !*name)
-        return noErr;
-    size_t size = strlen(name) + 1;
-    copy = NewPtr(static_cast<Size>(size));
-    if (!copy)
-        return MemError();
-    memcpy(copy, name, size);
-    return noErr;
-}
-
 } // namespace
 
 OSErr openMap(ResourceMap &map)
 {
     map = {};
     map.entries = NewHandleClear(initialCapacity * static_cast<Size>(sizeof(ResourceEntry)));
-    map.buckets = map.entries ? newBuckets(initialBuckets) : nullptr;
+    if (!map.entries)
+        return MemError();
+    map.buckets = NewHandle(bucketBytes(initialBuckets));
     if (!map.buckets) {
         OSErr error = MemError();
         disposeMap(map);
-        return error == noErr ? OSErr{memFullErr} : error;
+        return error;
     }
+    emptyChains(map.buckets, initialBuckets);
     map.capacity = initialCapacity;
     map.bucketCount = initialBuckets;
     return noErr;
@@ -148,18 +138,11 @@ ResourceEntry *findByHandle(const ResourceMap &map, Handle handle)
     return nullptr;
 }
 
-OSErr addEntry(ResourceMap &map, ResType type, SInt16 id, Handle handle, const char *name)
+OSErr addEntry(ResourceMap &map, ResType type, SInt16 id, Handle handle, Ptr name)
 {
-    if (!map.entries)
-        return rfNumErr;
-    Ptr copy;
-    OSErr error = copyName(name, copy);
-    if (error == noErr && map.firstFree == none && map.count == map.capacity)
-        error = growEntries(map);
-    if (error != noErr) {
-        if (copy)
-            DisposePtr(copy);
-        return error;
+    if (map.firstFree == none && map.count == map.capacity) {
+        if (OSErr error = growEntries(map))
+            return error;
     }
     if (map.count >= map.bucketCount)
         growBuckets(map);
@@ -167,7 +150,7 @@ OSErr addEntry(ResourceMap &map, ResType type, SInt16 id, Handle handle, const c
     ResourceEntry &entry = entryAt(map, place);
     if (place == map.firstFree)
         map.firstFree = entry.nextOfHandle;
-    entry = {handle, type, id, copy, none, none};
+    entry = {handle, type, id, name, none, none};
     enter(map, place);
     return noErr;
 }

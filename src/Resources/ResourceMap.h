@@ -25,7 +25,8 @@ struct ResourceMap {
     SInt32 firstFree = -1;
 };
 
-// An empty map with room for 32. The result code of the memory calls.
+// An empty map with room for 32. The result code of the memory calls, which may run the host's grow-zone
+// function.
 OSErr openMap(ResourceMap &map);
 // Frees the entries with their names, but not their handles.
 void disposeMap(ResourceMap &map);
@@ -34,9 +35,10 @@ void disposeMap(ResourceMap &map);
 ResourceEntry *findByKey(const ResourceMap &map, ResType type, SInt16 id);
 ResourceEntry *findByHandle(const ResourceMap &map, Handle handle);
 
-// Enters a handle under a type and ID that are not in the map; the name is copied, null or empty is none. On
-// failure the map is as it was.
-OSErr addEntry(ResourceMap &map, ResType type, SInt16 id, Handle handle, const char *name);
+// Enters a handle under a type and ID that are not in the map, and takes over the name, a block of its own or
+// null. On failure the map is as it was and the name the caller's. The host is not asked for memory: its
+// grow-zone function could change the map meanwhile.
+OSErr addEntry(ResourceMap &map, ResType type, SInt16 id, Handle handle, Ptr name);
 // Takes an entry out and frees its name; the handle stays alive.
 void removeEntry(ResourceMap &map, ResourceEntry &entry);
 

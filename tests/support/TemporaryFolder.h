@@ -40,9 +40,11 @@ public:
         CloseHandle(file);
     }
 
-    std::string read(const std::string &name) const
+    std::string read(const std::string &name) const { return readFile(path(name)); }
+
+    static std::string readFile(const std::string &path)
     {
-        HANDLE file = CreateFileA(path(name).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+        HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
         if (file == INVALID_HANDLE_VALUE)
             return "(missing)";

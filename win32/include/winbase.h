@@ -315,6 +315,10 @@ WINBASEAPI int WINAPI lstrlenA(LPCSTR text);
 WINBASEAPI LPSTR WINAPI lstrcpyA(LPSTR destination, LPCSTR source);
 WINBASEAPI LPSTR WINAPI lstrcpynA(LPSTR destination, LPCSTR source, int size);
 WINBASEAPI LPSTR WINAPI lstrcatA(LPSTR destination, LPCSTR source);
+// By characters: signs, digits, letters; a capital comes behind its small letter, or equals it. A null text comes
+// first.
+WINBASEAPI int WINAPI lstrcmpA(LPCSTR left, LPCSTR right);
+WINBASEAPI int WINAPI lstrcmpiA(LPCSTR left, LPCSTR right);
 WINBASEAPI int WINAPI MulDiv(int number, int numerator, int denominator);
 
 #define OutputDebugString OutputDebugStringA
@@ -363,5 +367,7 @@ WINBASEAPI int WINAPI MulDiv(int number, int numerator, int denominator);
 #define lstrcpy lstrcpyA
 #define lstrcpyn lstrcpynA
 #define lstrcat lstrcatA
+#define lstrcmp lstrcmpA
+#define lstrcmpi lstrcmpiA
 
 #endif

@@ -11,7 +11,7 @@ namespace win32::handles {
 namespace {
 
 constexpr unsigned indexBits = 18;
-constexpr unsigned generationBits = 12;
+constexpr unsigned generationBits = 11; // 31 bits in all: a handle kept in 32 bits widens to itself either way
 constexpr uint32_t chunkSize = 1024;
 constexpr uint32_t chunkCount = (1u << indexBits) / chunkSize;
 constexpr uint32_t noEntry = ~0u;

@@ -27,6 +27,10 @@ bool setMode(const std::string &mode);
 // The sound of an error, where something can make it.
 void beep();
 
+// Whether the right button of the mouse is the first.
+bool areButtonsSwapped();
+void swapButtons(bool isSwapped);
+
 // What was drawn since the last call, and nothing any more.
 gdi::Box takeDamage();
 
