@@ -4,6 +4,7 @@
 #include "kernel/kernel_internal.h"
 #include "kernel/waits.h"
 #include "message_queue.h"
+#include "mouse_tracking.h"
 #include "timers.h"
 #include "update.h"
 
@@ -124,7 +125,11 @@ LRESULT DispatchMessageA(const MSG *message)
             procedure(message->hwnd, message->message, message->wParam, static_cast<DWORD>(ticks()));
         return 0;
     }
-    if (!message->hwnd || (message->message == WM_SYSTIMER && blinkCaret(message->hwnd, message->wParam)))
+    if (!message->hwnd)
+        return 0;
+    bool isOfSystem = message->message == WM_SYSTIMER
+                      && (blinkCaret(message->hwnd, message->wParam) || mouseRests(message->hwnd, message->wParam));
+    if (isOfSystem)
         return 0;
     return sendMessage(message->hwnd, message->message, message->wParam, message->lParam);
 }

@@ -3,6 +3,7 @@
 
 #include "kernel/kernel_internal.h"
 #include "message_queue.h"
+#include "mouse_tracking.h"
 #include "screen/screen.h"
 #include "visibility.h"
 
@@ -16,7 +17,6 @@ struct Mouse {
     POINT position{};
     RECT clip{};
     bool isClipped = false;
-    bool areButtonsSwapped = false;
     UINT doubleClickTime = 500;
 };
 
@@ -92,7 +92,7 @@ void note(BYTE key, bool isUp)
 
 BYTE logicalButton(BYTE physical)
 {
-    if (!mouse.areButtonsSwapped || physical == VK_MBUTTON)
+    if (!screen::areButtonsSwapped() || physical == VK_MBUTTON)
         return physical;
     return physical == VK_LBUTTON ? BYTE{VK_RBUTTON} : BYTE{VK_LBUTTON};
 }
@@ -108,6 +108,7 @@ void injectMove(const MOUSEINPUT &input)
         moveTo(int64_t{mouse.position.x} + input.dx, int64_t{mouse.position.y} + input.dy);
     }
     deliver(newEvent(InputEvent::Kind::MouseMove, input.time, input.dwExtraInfo), queueOfMouse());
+    mouseIsOver(windowAt(mouse.position)->hwnd());
 }
 
 void injectButton(BYTE key, bool isUp, const MOUSEINPUT &input)
@@ -200,11 +201,6 @@ void KeyStates::copyFrom(const BYTE *state)
 POINT cursorPosition()
 {
     return mouse.position;
-}
-
-bool areButtonsSwapped()
-{
-    return mouse.areButtonsSwapped;
 }
 
 WPARAM mouseKeys(const KeyStates &states)
@@ -343,5 +339,7 @@ BOOL SetDoubleClickTime(UINT milliseconds)
 BOOL SwapMouseButton(BOOL swap)
 {
     UserLock lock;
-    return std::exchange(mouse.areButtonsSwapped, swap != FALSE);
+    BOOL old = screen::areButtonsSwapped();
+    screen::swapButtons(swap != FALSE);
+    return old;
 }
