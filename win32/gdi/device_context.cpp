@@ -20,12 +20,22 @@ void RegionValue::copyFrom(const pixman_region32_t &region)
         throw std::bad_alloc();
 }
 
-DeviceContext::DeviceContext() : Object(objectType)
+ContextState::ContextState()
+    : pen(stock::pen(BLACK_PEN)), brush(stock::brush(WHITE_BRUSH)), font(stock::font(SYSTEM_FONT)),
+      palette(stock::defaultPalette())
 {
-    state.pen.set(stock::pen(BLACK_PEN));
-    state.brush.set(stock::brush(WHITE_BRUSH));
-    state.font.set(stock::font(SYSTEM_FONT));
-    state.palette.set(stock::defaultPalette());
+}
+
+DeviceContext::DeviceContext() : Object(objectType) {}
+
+void DeviceContext::reset()
+{
+    ContextState fresh;
+    std::swap(state, fresh);
+    saved.clear();
+    path = {};
+    mappingChanged();
+    clipChanged();
 }
 
 DeviceContext::~DeviceContext()
