@@ -46,6 +46,7 @@ CallPlan callPlans[] = {
 
 std::mutex stateMutex;
 AllocationPlan allocationPlans[WIN32_ALLOCATION_KINDS];
+AllocationPlan gdiPlan; // of all graphics objects together
 std::set<std::string> hiddenNames;
 OSVERSIONINFOA pretendedVersion{};
 Win32DebugOutputReceiver debugReceiver = nullptr;
@@ -60,12 +61,21 @@ bool inPlan(DWORD number, DWORD first, DWORD count)
     return first != 0 && number >= first && number - first < count;
 }
 
+bool countsAndRefuses(AllocationPlan &plan, SIZE_T size)
+{
+    if (!plan.watched || size < plan.minimumSize)
+        return false;
+    ++plan.counted;
+    return inPlan(plan.counted, plan.first, plan.count);
+}
+
 // Called with the mutex held, after every change of a plan.
 void updateWatching()
 {
     bool watching = false;
     for (const AllocationPlan &plan : allocationPlans)
         watching |= plan.watched;
+    watching |= gdiPlan.watched;
     for (const CallPlan &plan : callPlans)
         watching |= plan.count != 0;
     win32::faults::Win32Faults_watching.store(watching);
@@ -86,11 +96,9 @@ std::string hiddenKey(const std::string &module, const char *function)
 bool win32::faults::Win32Faults_refusesWatched(int kind, size_t size)
 {
     std::lock_guard lock(stateMutex);
-    AllocationPlan &plan = allocationPlans[kind];
-    if (!plan.watched || size < plan.minimumSize)
-        return false;
-    ++plan.counted;
-    return inPlan(plan.counted, plan.first, plan.count);
+    bool isOfGdi = kind >= WIN32_ALLOCATION_PEN && kind <= WIN32_ALLOCATION_REGION;
+    bool isRefused = isOfGdi && countsAndRefuses(gdiPlan, size);
+    return countsAndRefuses(allocationPlans[kind], size) || isRefused;
 }
 
 bool win32::faults::failsWatched(const char *function)
@@ -157,6 +165,19 @@ void Win32Control_RefuseAllocations(Win32Allocation kind, DWORD first, DWORD cou
     updateWatching();
 }
 
+void Win32Control_RefuseGdiCreations(DWORD first, DWORD count)
+{
+    std::lock_guard lock(stateMutex);
+    gdiPlan = {true, first, count, 0, 0};
+    updateWatching();
+}
+
+DWORD Win32Control_GdiCreationsCounted()
+{
+    std::lock_guard lock(stateMutex);
+    return gdiPlan.counted;
+}
+
 DWORD Win32Control_AllocationsCounted(Win32Allocation kind)
 {
     if (kind < 0 || kind >= WIN32_ALLOCATION_KINDS)
@@ -219,9 +240,11 @@ void Win32Control_ReceiveDebugOutput(Win32DebugOutputReceiver receiver, void *co
 
 void Win32Control_Reset()
 {
+    Win32Control_LimitGdiObjects(0);
     std::lock_guard lock(stateMutex);
     for (AllocationPlan &plan : allocationPlans)
         plan = {};
+    gdiPlan = {};
     for (CallPlan &plan : callPlans)
         plan = {plan.function, 0, 0, 0, 0};
     updateWatching();

@@ -1,0 +1,42 @@
+#include "bitmap.h"
+
+#include "kernel/heap_blocks.h"
+#include "kernel/kernel_internal.h"
+
+#include <sys/mman.h>
+
+namespace win32::gdi {
+namespace {
+
+constexpr uintptr_t hugePage = 2 << 20;
+
+// The first drawing on fresh memory costs a fault for each page, which is most of its time on a large
+// picture; the kernel is asked to hand out huge pages where whole ones fit. It may refuse.
+void askForHugePages(uint8_t *block, size_t size)
+{
+    uintptr_t begin = (reinterpret_cast<uintptr_t>(block) + hugePage - 1) & ~(hugePage - 1);
+    uintptr_t end = (reinterpret_cast<uintptr_t>(block) + size) & ~(hugePage - 1);
+    if (begin < end)
+        madvise(reinterpret_cast<void *>(begin), end - begin, MADV_HUGEPAGE);
+}
+
+} // namespace
+
+PixelMemory::~PixelMemory()
+{
+    if (data_)
+        freeBlock(data_, size_);
+}
+
+bool PixelMemory::allocate(size_t byteCount)
+{
+    data_ = static_cast<uint8_t *>(allocateBlock(byteCount, true));
+    if (!data_)
+        return fail(ERROR_NOT_ENOUGH_MEMORY, false);
+    size_ = byteCount;
+    if (byteCount >= 2 * hugePage)
+        askForHugePages(data_, byteCount);
+    return true;
+}
+
+} // namespace win32::gdi
