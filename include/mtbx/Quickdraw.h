@@ -425,7 +425,8 @@ extern MTBX_API QDGlobals qd;
 
 /* Starts the graphics layer, after hWndMain is set and before anything else here is called. The
    argument is ignored; the globals are always qd. Measures the screen's depth, opens a port on the
-   main window and makes it current. Fails never: what could not be made is missing later on. */
+   main window and makes it current. It never fails: what could not be made is missing later on. Called
+   again it begins anew. */
 MTBX_API void InitGraf(void *globals);
 /* Ends it. The host disposes its windows and offscreen worlds first; the current port is then none. */
 MTBX_API void MTBX_ShutdownGraf(void);

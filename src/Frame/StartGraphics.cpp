@@ -140,6 +140,8 @@ void closeDesktopPort()
 
 void InitGraf(void *)
 {
+    if (firstPort)
+        MTBX_ShutdownGraf();
     measureScreen();
     MTBX_StartClipping();
     MTBX_StartSharedRegions();

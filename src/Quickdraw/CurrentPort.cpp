@@ -32,16 +32,16 @@ bool isFreeToShowAll(const GrafPort &port, const PixMap *map)
     return !isWindow || reinterpret_cast<const WindowRecord &>(port).windowPic == 0;
 }
 
-// A window gets its context for as long as it is current.
+// A window gets its context for as long as it is current; false for one that is gone.
 bool openWindowContext(GrafPort &port, PixMap &map)
 {
     if (!map.pmWindow)
         return false;
-    if (!IsWindow(map.pmWindow)) {
+    map.pmDC = map.pmWindow == GetDesktopWindow() ? GetWindowDC(map.pmWindow) : GetDC(map.pmWindow);
+    if (!map.pmDC && !IsWindow(map.pmWindow)) {
         map.pmWindow = nullptr;
         return false;
     }
-    map.pmDC = map.pmWindow == GetDesktopWindow() ? GetWindowDC(map.pmWindow) : GetDC(map.pmWindow);
     unselectFont(port);
     if (gcurrent_palette)
         SelectPalette(map.pmDC, gcurrent_palette, TRUE);

@@ -13,7 +13,7 @@ bool nextPixMapIsDevices;
 
 PixMapHandle devicePixMap()
 {
-    return rememberedDevice ? (*rememberedDevice)->gdPMap : nullptr;
+    return rememberedDevice && *rememberedDevice ? (*rememberedDevice)->gdPMap : nullptr;
 }
 
 void copyFormat(const PixMap &source, PixMap &pixMap)

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <utility>
 
 inline bool operator==(Point a, Point b)
 {
@@ -155,6 +156,7 @@ public:
     PortInMemory &operator=(const PortInMemory &) = delete;
 
     CGrafPtr port() { return port_; }
+    CGrafPtr release() { return std::exchange(port_, nullptr); }
     HDC context() { return contextOf(port_); }
     // 0x00RRGGBB, at the place in the bitmap.
     UInt32 pixel(int x, int y)
