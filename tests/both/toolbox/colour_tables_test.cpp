@@ -136,7 +136,7 @@ TEST_F(PaletteColors, NumbersStandForColors)
         EXPECT_EQ(port_.rgbBkColor, colors[index]) << index;
     }
     PmForeColor(3);
-    EXPECT_EQ(port_.fgColor, 0x0000FFu);
+    EXPECT_EQ(+port_.fgColor, 0x0000FFu);
     PmForeColor(-1);
     EXPECT_EQ(port_.rgbFgColor, gray(0));
 }
