@@ -1,4 +1,6 @@
 // Regions where the layer is stricter than other platforms, and where memory is short.
+#include "Canvas.h"
+
 #include <win32/control.h>
 
 #include <windows.h>
@@ -143,6 +145,23 @@ TEST_F(RegionLayer, ManyBoxesOverEachOtherCoverWhatTheyCoverTogether)
         }
         EXPECT_TRUE(EqualRgn(region, keep(create(dataOf(region)))));
     }
+}
+
+TEST_F(RegionLayer, FramesHaveTheirFullWidthAlsoAlongNarrowGaps)
+{
+    Canvas canvas(14, 8);
+    HRGN region = box(1, 1, 13, 7), gap = box(6, 1, 7, 5);
+    CombineRgn(region, region, gap, RGN_DIFF);
+    EXPECT_TRUE(FrameRgn(canvas.dc, region, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)), 3, 1));
+    EXPECT_EQ(canvas.rows(), (std::vector<std::string>{
+        "..............",
+        ".#####.######.",
+        ".#####.######.",
+        ".#####.######.",
+        ".#####.######.",
+        ".###..#...###.",
+        ".############.",
+        ".............."}));
 }
 
 TEST_F(RegionLayer, DataThatLiesAboutItselfIsRefused)
