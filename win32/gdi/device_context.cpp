@@ -119,14 +119,28 @@ int DeviceContext::deviceHeight(int logical) const
 void DeviceContext::updateClip()
 {
     isClipCurrent_ = true;
-    if (!state.isClipped) {
+    if (state.isClipped) {
+        pixman_region32_t &clip = clipOnSurface_.pixels;
+        bool isMade = pixman_region32_copy(&clip, &state.clip.pixels) && translate(clip, origin.x, origin.y)
+                      && pixman_region32_intersect(&clip, &clip, &visible.pixels);
+        clipBoxes_ = isMade ? clipBoxesOf(clip) : ClipBoxes{};
+    } else {
         clipBoxes_ = clipBoxesOf(visible.pixels);
-        return;
     }
-    pixman_region32_t &clip = clipOnSurface_.pixels;
-    bool isMade = pixman_region32_copy(&clip, &state.clip.pixels) && translate(clip, origin.x, origin.y)
-                  && pixman_region32_intersect(&clip, &clip, &visible.pixels);
-    clipBoxes_ = isMade ? clipBoxesOf(clip) : ClipBoxes{};
+    constexpr int worthJoining = 16;
+    if (clipBoxes_.count >= worthJoining)
+        joinClipBoxes();
+}
+
+void DeviceContext::joinClipBoxes()
+{
+    try {
+        joinBoxes(clipBoxes_, tallBoxes_);
+        clipBoxes_.tallBoxes = tallBoxes_.data();
+        clipBoxes_.tallCount = static_cast<int>(tallBoxes_.size());
+    } catch (const std::bad_alloc &) {
+        // Drawing goes on with the boxes as they are.
+    }
 }
 
 COLORREF DeviceContext::plainColor(COLORREF color) const
@@ -150,9 +164,22 @@ COLORREF DeviceContext::plainColor(COLORREF color) const
     }
 }
 
-BrushColors DeviceContext::brushColors() const
+BrushColors DeviceContext::brushColors(const Brush &brush) const
 {
-    return {plainColor(state.textColor), plainColor(state.backgroundColor), state.backgroundMode == OPAQUE};
+    return {plainColor(state.textColor), plainColor(state.backgroundColor), state.backgroundMode == OPAQUE,
+            ownColorOf(brush)};
+}
+
+COLORREF DeviceContext::ownColorOf(const Brush &brush) const
+{
+    switch (brush.colorSource) {
+    case ColorSource::ContextBrush:
+        return plainColor(state.dcBrushColor);
+    case ColorSource::ContextPen:
+        return plainColor(state.dcPenColor);
+    default:
+        return plainColor(brush.color);
+    }
 }
 
 bool DeviceContext::solidPaintOf(const Brush &brush, Paint &paint) const
@@ -163,11 +190,19 @@ bool DeviceContext::solidPaintOf(const Brush &brush, Paint &paint) const
     }
     if (brush.style != BS_SOLID)
         return false;
-    COLORREF color = brush.colorSource == ColorSource::Own            ? brush.color
-                     : brush.colorSource == ColorSource::ContextBrush ? state.dcBrushColor
-                                                                      : state.dcPenColor;
-    paint = solidPaint(pixelFor(surface, plainColor(color)));
+    COLORREF color = ownColorOf(brush);
+    if (isDithered(surface, color))
+        return false;
+    paint = solidPaint(pixelFor(surface, color));
     return true;
+}
+
+Paint DeviceContext::penPaint()
+{
+    const Brush &brush = state.pen->brush;
+    if (brush.style == BS_SOLID)
+        return solidPaint(linePixelFor(surface, ownColorOf(brush), plainColor(state.backgroundColor)));
+    return paintOf(brush, penTile_);
 }
 
 Paint DeviceContext::paintOf(const Brush &brush, Tile &scratch) const
@@ -175,7 +210,7 @@ Paint DeviceContext::paintOf(const Brush &brush, Tile &scratch) const
     Paint paint;
     if (solidPaintOf(brush, paint))
         return paint;
-    makeTile(brush, surface, brushColors(), scratch);
+    makeTile(brush, surface, brushColors(brush), scratch);
     return {Paint::Kind::Tiled, 0, &scratch, wrappingSum(origin.x, state.brushOrigin.x),
             wrappingSum(origin.y, state.brushOrigin.y)};
 }
@@ -185,7 +220,7 @@ Paint DeviceContext::paintOf(const Brush &brush, CachedTile &cached)
     Paint paint;
     if (solidPaintOf(brush, paint))
         return paint;
-    BrushColors colors = brushColors();
+    BrushColors colors = brushColors(brush);
     bool isCurrent = cached.brushStamp == brush.stamp && cached.tableStamp == stampOf(surface) && cached.colors == colors
                      && cached.format == surface.format;
     if (!isCurrent) {

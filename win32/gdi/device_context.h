@@ -195,11 +195,11 @@ public:
 
     // A colour argument as a plain RGB value: palette indices are looked up.
     COLORREF plainColor(COLORREF color) const;
-    BrushColors brushColors() const;
+    BrushColors brushColors(const Brush &brush) const;
 
     // What the selected brush and pen lay on the surface. Tiles are kept until something changes.
     Paint brushPaint() { return paintOf(*state.brush, brushTile_); }
-    Paint penPaint() { return paintOf(state.pen->brush, penTile_); }
+    Paint penPaint();
     // Of a brush that is not selected, for one drawing: the tile is made in the scratch.
     Paint paintOf(const Brush &brush, Tile &scratch) const;
 
@@ -215,12 +215,15 @@ private:
     static void letGo(Bitmap &old);
     POINT scaled(POINT logical) const;
     void updateClip();
+    void joinClipBoxes();
     Paint paintOf(const Brush &brush, CachedTile &cached);
     bool solidPaintOf(const Brush &brush, Paint &paint) const;
+    COLORREF ownColorOf(const Brush &brush) const;
 
     bool isClipCurrent_ = false;
     ClipBoxes clipBoxes_;
     RegionValue clipOnSurface_;
+    std::vector<Box> tallBoxes_;
     bool isTranslation_ = true;
     POINT offset_{0, 0};
     CachedTile brushTile_;

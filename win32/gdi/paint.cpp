@@ -45,7 +45,7 @@ void makeHatch(const Brush &brush, const Surface &surface, const BrushColors &co
 {
     const uint8_t *rows = hatchRows[std::min<ULONG_PTR>(brush.hatch, HS_DIAGCROSS)];
     fillBitmapTile(tile, rows, linePixelFor(surface, colors.background, colors.background),
-                   linePixelFor(surface, brush.color, colors.background));
+                   linePixelFor(surface, colors.brush, colors.background));
     if (colors.isBackgroundOpaque)
         return;
     tile.coverage.resize(64);
@@ -89,7 +89,7 @@ void makeTile(const Brush &brush, const Surface &surface, const BrushColors &col
     if (brush.style == BS_HATCHED)
         return makeHatch(brush, surface, colors, tile);
     if (brush.style == BS_SOLID)
-        return makeDither(brush.color, tile);
+        return makeDither(colors.brush, tile);
     if (!brush.isSmallPattern)
         return makePattern(brush.pattern->surface, surface, colors, tile);
     bool areBitsPixels = surface.format.isMonochrome;
