@@ -76,13 +76,22 @@ void DeviceContext::mappingChanged()
                wrappingDifference(s.viewportOrigin.y, s.windowOrigin.y)};
 }
 
+// The factors are single-precision numbers, as in the published transform records: halves fall by them.
+double DeviceContext::scaleX() const
+{
+    return static_cast<float>(double{1} * state.viewportExtent.cx / state.windowExtent.cx);
+}
+
+double DeviceContext::scaleY() const
+{
+    return static_cast<float>(double{1} * state.viewportExtent.cy / state.windowExtent.cy);
+}
+
 POINT DeviceContext::scaled(POINT logical) const
 {
     const ContextState &s = state;
-    return {roundedToInt((double{1} * logical.x - s.windowOrigin.x) * s.viewportExtent.cx / s.windowExtent.cx
-                         + s.viewportOrigin.x),
-            roundedToInt((double{1} * logical.y - s.windowOrigin.y) * s.viewportExtent.cy / s.windowExtent.cy
-                         + s.viewportOrigin.y)};
+    return {roundedToInt((double{1} * logical.x - s.windowOrigin.x) * scaleX() + s.viewportOrigin.x),
+            roundedToInt((double{1} * logical.y - s.windowOrigin.y) * scaleY() + s.viewportOrigin.y)};
 }
 
 POINT DeviceContext::toLogical(POINT device) const
@@ -90,10 +99,8 @@ POINT DeviceContext::toLogical(POINT device) const
     const ContextState &s = state;
     if (isTranslation_)
         return {wrappingDifference(device.x, offset_.x), wrappingDifference(device.y, offset_.y)};
-    return {roundedToInt((double{1} * device.x - s.viewportOrigin.x) * s.windowExtent.cx / s.viewportExtent.cx
-                         + s.windowOrigin.x),
-            roundedToInt((double{1} * device.y - s.viewportOrigin.y) * s.windowExtent.cy / s.viewportExtent.cy
-                         + s.windowOrigin.y)};
+    return {roundedToInt((double{1} * device.x - s.viewportOrigin.x) / scaleX() + s.windowOrigin.x),
+            roundedToInt((double{1} * device.y - s.viewportOrigin.y) / scaleY() + s.windowOrigin.y)};
 }
 
 Box DeviceContext::toSurface(int left, int top, int right, int bottom) const
@@ -105,13 +112,13 @@ Box DeviceContext::toSurface(int left, int top, int right, int bottom) const
 
 int DeviceContext::deviceWidth(int logical) const
 {
-    double scale = isTranslation_ ? 1.0 : double{1} * state.viewportExtent.cx / state.windowExtent.cx;
+    double scale = isTranslation_ ? 1.0 : scaleX();
     return roundedToInt(std::fabs(logical * scale));
 }
 
 int DeviceContext::deviceHeight(int logical) const
 {
-    double scale = isTranslation_ ? 1.0 : double{1} * state.viewportExtent.cy / state.windowExtent.cy;
+    double scale = isTranslation_ ? 1.0 : scaleY();
     return roundedToInt(std::fabs(logical * scale));
 }
 
@@ -193,7 +200,7 @@ bool DeviceContext::solidPaintOf(const Brush &brush, Paint &paint) const
     COLORREF color = ownColorOf(brush);
     if (isDithered(surface, color))
         return false;
-    paint = solidPaint(pixelFor(surface, color));
+    paint = solidPaint(linePixelFor(surface, color, plainColor(state.backgroundColor)));
     return true;
 }
 

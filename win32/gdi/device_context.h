@@ -213,6 +213,8 @@ private:
     };
 
     static void letGo(Bitmap &old);
+    double scaleX() const;
+    double scaleY() const;
     POINT scaled(POINT logical) const;
     void updateClip();
     void joinClipBoxes();

@@ -73,10 +73,11 @@ void makePattern(const Surface &pattern, const Surface &surface, const BrushColo
 
 uint32_t linePixelFor(const Surface &surface, COLORREF color, COLORREF background)
 {
-    constexpr COLORREF black = RGB(0, 0, 0), white = RGB(255, 255, 255);
-    if (!surface.format.isMonochrome || color == black || color == white)
-        return pixelFor(surface, color);
-    return (color == background) == (background != black);
+    uint32_t pixel = pixelFor(surface, color);
+    if (surface.format.bitsPerPixel != 1 || colorOf(surface, pixel) == color)
+        return pixel;
+    uint32_t backgroundPixel = pixelFor(surface, background);
+    return color == background ? backgroundPixel : backgroundPixel ^ 1;
 }
 
 bool isDithered(const Surface &surface, COLORREF color)

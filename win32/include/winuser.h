@@ -640,6 +640,8 @@ WINUSERAPI DWORD WINAPI MsgWaitForMultipleObjects(DWORD count, const HANDLE *obj
 WINUSERAPI DWORD WINAPI MsgWaitForMultipleObjectsEx(DWORD count, const HANDLE *objects, DWORD milliseconds,
                                                     DWORD wakeMask, DWORD flags);
 WINUSERAPI UINT WINAPI RegisterWindowMessageA(LPCSTR name);
+WINUSERAPI UINT WINAPI RegisterClipboardFormatA(LPCSTR name);
+#define RegisterClipboardFormat RegisterClipboardFormatA
 WINUSERAPI UINT_PTR WINAPI SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
 WINUSERAPI BOOL WINAPI KillTimer(HWND window, UINT_PTR id);
 

@@ -100,3 +100,8 @@ UINT RegisterWindowMessageA(LPCSTR name)
         return win32::fail(ERROR_INVALID_PARAMETER, UINT{0});
     return win32::user::atoms::add(name);
 }
+
+UINT RegisterClipboardFormatA(LPCSTR name)
+{
+    return RegisterWindowMessageA(name);
+}

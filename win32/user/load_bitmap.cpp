@@ -35,6 +35,7 @@ HBITMAP LoadBitmapA(HINSTANCE module, LPCSTR name)
     Dib dib;
     if (!readPackedDib(packed, SizeofResource(module, resource), DIB_RGB_COLORS, nullptr, dib))
         return nullptr;
-    PixelFormat format = isBlackAndWhite(dib) ? monochromeFormat() : deviceFormat(screen::surface().format.bitsPerPixel);
+    PixelFormat format =
+        isBlackAndWhite(dib) ? monochromeFormat() : deviceFormat(screen::surface().format.bitsPerPixel);
     return createFromDib(format, dib, packed + dib.bitsOffset);
 }
