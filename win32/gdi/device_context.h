@@ -18,6 +18,8 @@
 
 namespace win32::gdi {
 
+class RealizedFont;
+
 // A pixman region that ends with its scope.
 class RegionValue {
 public:
@@ -89,6 +91,8 @@ struct ContextState {
     int stretchMode = BLACKONWHITE;
     UINT textAlign = 0;
     int characterExtra = 0;
+    int breakExtra = 0; // for breakCount blanks together
+    int breakCount = 0;
     float miterLimit = 10.0f;
     POINT brushOrigin{0, 0};
     POINT position{0, 0}; // logical
@@ -203,6 +207,14 @@ public:
     // Of a brush that is not selected, for one drawing: the tile is made in the scratch.
     Paint paintOf(const Brush &brush, Tile &scratch) const;
 
+    // The selected font at the size that the mapping gives it, valid until either changes. Throws bad_alloc.
+    RealizedFont &realizedFont()
+    {
+        if (state.font->stamp != realizedStamp_ || realizedGeneration_ != fontGeneration())
+            realizeFont();
+        return *realized_;
+    }
+
 private:
     struct CachedTile {
         Tile tile;
@@ -218,6 +230,9 @@ private:
     POINT scaled(POINT logical) const;
     void updateClip();
     void joinClipBoxes();
+
+    static uint32_t fontGeneration();
+    void realizeFont();
     Paint paintOf(const Brush &brush, CachedTile &cached);
     bool solidPaintOf(const Brush &brush, Paint &paint) const;
     COLORREF ownColorOf(const Brush &brush) const;
@@ -230,6 +245,9 @@ private:
     POINT offset_{0, 0};
     CachedTile brushTile_;
     CachedTile penTile_;
+    std::shared_ptr<RealizedFont> realized_;
+    uint32_t realizedStamp_ = 0; // 0: none
+    uint32_t realizedGeneration_ = 0;
 };
 
 // Null with ERROR_INVALID_HANDLE for what is no context. A window's context is brought to where the window is.

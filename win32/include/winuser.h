@@ -1054,6 +1054,50 @@ WINUSERAPI BOOL WINAPI EqualRect(const RECT *first, const RECT *second);
 WINUSERAPI BOOL WINAPI IsRectEmpty(const RECT *rect);
 WINUSERAPI BOOL WINAPI PtInRect(const RECT *rect, POINT point);
 
+// Text in rectangles.
+#define DT_TOP 0x00000000
+#define DT_LEFT 0x00000000
+#define DT_CENTER 0x00000001
+#define DT_RIGHT 0x00000002
+#define DT_VCENTER 0x00000004
+#define DT_BOTTOM 0x00000008
+#define DT_WORDBREAK 0x00000010
+#define DT_SINGLELINE 0x00000020
+#define DT_EXPANDTABS 0x00000040
+#define DT_TABSTOP 0x00000080
+#define DT_NOCLIP 0x00000100
+#define DT_EXTERNALLEADING 0x00000200
+#define DT_CALCRECT 0x00000400
+#define DT_NOPREFIX 0x00000800
+#define DT_INTERNAL 0x00001000
+#define DT_EDITCONTROL 0x00002000
+#define DT_PATH_ELLIPSIS 0x00004000
+#define DT_END_ELLIPSIS 0x00008000
+#define DT_MODIFYSTRING 0x00010000
+#define DT_RTLREADING 0x00020000
+#define DT_WORD_ELLIPSIS 0x00040000
+#define DT_NOFULLWIDTHCHARBREAK 0x00080000
+#define DT_HIDEPREFIX 0x00100000
+#define DT_PREFIXONLY 0x00200000
+
+typedef struct tagDRAWTEXTPARAMS {
+    UINT cbSize;
+    int iTabLength;
+    int iLeftMargin;
+    int iRightMargin;
+    UINT uiLengthDrawn;
+} DRAWTEXTPARAMS, *LPDRAWTEXTPARAMS;
+
+WINUSERAPI int WINAPI DrawTextA(HDC context, LPCSTR text, int count, LPRECT rect, UINT flags);
+WINUSERAPI int WINAPI DrawTextExA(HDC context, LPSTR text, int count, LPRECT rect, UINT flags, LPDRAWTEXTPARAMS params);
+WINUSERAPI LONG WINAPI TabbedTextOutA(HDC context, int x, int y, LPCSTR text, int count, int stops,
+                                      const INT *positions, int origin);
+WINUSERAPI DWORD WINAPI GetTabbedTextExtentA(HDC context, LPCSTR text, int count, int stops, const INT *positions);
+#define DrawText DrawTextA
+#define DrawTextEx DrawTextExA
+#define TabbedTextOut TabbedTextOutA
+#define GetTabbedTextExtent GetTabbedTextExtentA
+
 // Drawing in the system's colours and shapes. A brush may be the number of a system colour plus one.
 #define COLOR_SCROLLBAR 0
 #define COLOR_BACKGROUND 1
