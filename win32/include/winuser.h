@@ -573,6 +573,10 @@ WINUSERAPI BOOL WINAPI SetPropA(HWND window, LPCSTR name, HANDLE value);
 WINUSERAPI HANDLE WINAPI RemovePropA(HWND window, LPCSTR name);
 WINUSERAPI int WINAPI EnumPropsA(HWND window, PROPENUMPROCA visit);
 
+#define GR_GDIOBJECTS 0
+#define GR_USEROBJECTS 1
+WINUSERAPI DWORD WINAPI GetGuiResources(HANDLE process, DWORD kind);
+
 // Activation, focus, capture.
 WINUSERAPI HWND WINAPI GetActiveWindow(void);
 WINUSERAPI HWND WINAPI SetActiveWindow(HWND window);
@@ -1273,5 +1277,86 @@ WINUSERAPI BOOL WINAPI DrawFrameControl(HDC context, LPRECT rect, UINT type, UIN
 #define SM_SAMEDISPLAYFORMAT 81
 // 0 for an index that is not known.
 WINUSERAPI int WINAPI GetSystemMetrics(int index);
+
+// Message boxes, and the controls that they are made of.
+#define MB_OK 0x0000
+#define MB_OKCANCEL 0x0001
+#define MB_ABORTRETRYIGNORE 0x0002
+#define MB_YESNOCANCEL 0x0003
+#define MB_YESNO 0x0004
+#define MB_RETRYCANCEL 0x0005
+#define MB_TYPEMASK 0x000F
+#define MB_ICONHAND 0x0010
+#define MB_ICONERROR MB_ICONHAND
+#define MB_ICONSTOP MB_ICONHAND
+#define MB_ICONQUESTION 0x0020
+#define MB_ICONEXCLAMATION 0x0030
+#define MB_ICONWARNING MB_ICONEXCLAMATION
+#define MB_ICONASTERISK 0x0040
+#define MB_ICONINFORMATION MB_ICONASTERISK
+#define MB_ICONMASK 0x00F0
+#define MB_DEFBUTTON1 0x0000
+#define MB_DEFBUTTON2 0x0100
+#define MB_DEFBUTTON3 0x0200
+#define MB_DEFMASK 0x0F00
+#define MB_APPLMODAL 0x0000
+#define MB_SYSTEMMODAL 0x1000
+#define MB_TASKMODAL 0x2000
+#define MB_HELP 0x4000
+#define MB_SETFOREGROUND 0x00010000
+#define MB_TOPMOST 0x00040000
+#define IDOK 1
+#define IDCANCEL 2
+#define IDABORT 3
+#define IDRETRY 4
+#define IDIGNORE 5
+#define IDYES 6
+#define IDNO 7
+#define IDCLOSE 8
+#define IDHELP 9
+// A real window with buttons; Return presses the default one, Escape cancels. In a program whose screen nobody
+// sees it waits for scripted input like any other window.
+WINUSERAPI int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type);
+#define MessageBox MessageBoxA
+
+#define BS_PUSHBUTTON 0x0000
+#define BS_DEFPUSHBUTTON 0x0001
+#define BS_CHECKBOX 0x0002
+#define BS_AUTOCHECKBOX 0x0003
+#define BS_RADIOBUTTON 0x0004
+#define BS_AUTORADIOBUTTON 0x0009
+#define BS_GROUPBOX 0x0007
+#define BM_GETCHECK 0x00F0
+#define BM_SETCHECK 0x00F1
+#define BM_GETSTATE 0x00F2
+#define BM_SETSTATE 0x00F3
+#define BM_SETSTYLE 0x00F4
+#define BM_CLICK 0x00F5
+#define BN_CLICKED 0
+#define BN_SETFOCUS 6
+#define BN_KILLFOCUS 7
+#define BST_UNCHECKED 0
+#define BST_CHECKED 1
+#define BST_INDETERMINATE 2
+#define BST_PUSHED 4
+#define BST_FOCUS 8
+#define SS_LEFT 0x0000
+#define SS_CENTER 0x0001
+#define SS_RIGHT 0x0002
+#define SS_ICON 0x0003
+#define SS_BLACKRECT 0x0004
+#define SS_GRAYRECT 0x0005
+#define SS_WHITERECT 0x0006
+#define SS_BLACKFRAME 0x0007
+#define SS_SIMPLE 0x000B
+#define SS_LEFTNOWORDWRAP 0x000C
+#define SS_NOPREFIX 0x0080
+#define DLGC_WANTARROWS 0x0001
+#define DLGC_WANTTAB 0x0002
+#define DLGC_WANTALLKEYS 0x0004
+#define DLGC_DEFPUSHBUTTON 0x0010
+#define DLGC_UNDEFPUSHBUTTON 0x0020
+#define DLGC_STATIC 0x0100
+#define DLGC_BUTTON 0x2000
 
 #endif

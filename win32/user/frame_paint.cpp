@@ -1,8 +1,12 @@
 // Paints frames: edges, caption, buttons, scroll bars.
+#include "control_text.h"
 #include "frame.h"
+#include "gdi/font.h"
 #include "kernel/kernel_internal.h"
 #include "message_queue.h"
 #include "scroll_bar.h"
+
+#include <cstring>
 
 namespace win32::user {
 namespace {
@@ -74,6 +78,40 @@ void paintButton(HDC context, const RECT &rect, UINT shape, bool isDown, bool is
                      shape | (isDown ? UINT{DFCS_PUSHED} : 0u) | (isEnabled ? 0u : UINT{DFCS_INACTIVE}));
 }
 
+// The caption's fonts are the system's own and stay.
+HFONT captionFont(bool isSmall)
+{
+    static HFONT fonts[2];
+    HFONT &font = fonts[isSmall];
+    if (!font) {
+        LOGFONTA description{};
+        description.lfHeight = isSmall ? -11 : -12;
+        description.lfWeight = FW_BOLD;
+        strcpy(description.lfFaceName, "Tahoma");
+        font = static_cast<HFONT>(gdi::enterStock(new (std::nothrow) gdi::Font(description)));
+    }
+    return font;
+}
+
+void paintTitle(HDC context, const Picture &picture)
+{
+    const FrameLayout &layout = picture.layout;
+    RECT rect = layout.caption;
+    rect.left = std::max(rect.left, layout.icon.right) + 3;
+    for (const RECT *button : {&layout.closeButton, &layout.maximizeButton, &layout.minimizeButton}) {
+        if (!IsRectEmpty(button))
+            rect.right = std::min(rect.right, button->left - 2);
+    }
+    rect.bottom -= 1;
+    if (rect.left >= rect.right || picture.text.empty())
+        return;
+    FontScope font(context, captionFont((picture.extendedStyle & WS_EX_TOOLWINDOW) != 0));
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, GetSysColor(picture.isActive ? COLOR_CAPTIONTEXT : COLOR_INACTIVECAPTIONTEXT));
+    DrawTextA(context, picture.text.c_str(), static_cast<int>(picture.text.size()), &rect,
+              DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
 void paintCaption(HDC context, const Picture &picture)
 {
     const FrameLayout &layout = picture.layout;
@@ -91,7 +129,7 @@ void paintCaption(HDC context, const Picture &picture)
                 picture.buttonDown == HTMAXBUTTON, (picture.style & WS_MAXIMIZEBOX) != 0);
     paintButton(context, layout.minimizeButton, picture.style & WS_MINIMIZE ? UINT{DFCS_CAPTIONRESTORE} : UINT{DFCS_CAPTIONMIN},
                 picture.buttonDown == HTMINBUTTON, (picture.style & WS_MINIMIZEBOX) != 0);
-    drawCaptionText(context, picture.layout, picture.text, picture.isActive, (picture.extendedStyle & WS_EX_TOOLWINDOW) != 0);
+    paintTitle(context, picture);
 }
 
 } // namespace
@@ -124,8 +162,4 @@ void paintFrame(HWND handle, HRGN area)
     ReleaseDC(handle, context);
 }
 
-} // namespace win32::user
-
-namespace win32::user {
-void drawCaptionText(HDC, const FrameLayout &, const std::string &, bool, bool) {}
 } // namespace win32::user

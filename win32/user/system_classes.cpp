@@ -27,6 +27,8 @@ void registerSystemClasses()
         LPCSTR desktopClass = MAKEINTATOM(32769);
         addSystemClass(desktopClass, CS_DBLCLKS, desktopProcedure, 0, nullptr, reinterpret_cast<HBRUSH>(COLOR_BACKGROUND + 1));
         addSystemClass("Message", 0, DefWindowProcA, 0, nullptr, nullptr);
+        registerStaticClass();
+        registerButtonClass();
     });
 }
 

@@ -38,6 +38,9 @@ void removeObject(UserObject *object);
 // Null, without touching the last error, for what is no live handle of the type.
 UserObject *findUserObject(HANDLE handle, UserObjectType type);
 
+// Live handles of all types.
+DWORD userObjectCount();
+
 // The lock of the user interface: held for as long as its records are read or changed, never while a window
 // procedure or another function of the program runs.
 class UserLock {

@@ -33,6 +33,8 @@ WindowClass *findClass(LPCSTR name, HINSTANCE instance);
 
 // The classes of the system, registered at first use.
 void registerSystemClasses();
+void registerStaticClass();
+void registerButtonClass();
 // For registerSystemClasses: one of them. The name may be a number.
 void addSystemClass(LPCSTR name, UINT style, WNDPROC procedure, int windowBytes, HCURSOR cursor, HBRUSH background);
 

@@ -37,6 +37,7 @@ protected:
         MTBX_SetMemUsageLimits(UINT64_MAX / 2, 12000000); // three tries
         SetGrowZoneEx(growZone);
         objectsBefore_ = Win32Control_GdiObjects();
+        BitMapToRegion(nullptr, nullptr); // the buffer of earlier tests would go with the first purge
         memoryBefore_ = MEM_GetMemUsage();
     }
     void TearDown() override
