@@ -26,8 +26,10 @@ public:
     size_t size() const { return size_; }
 
 private:
-    uint8_t *data_ = nullptr;
+    uint8_t *block_ = nullptr;
+    uint8_t *data_ = nullptr; // within the block
     size_t size_ = 0;
+    size_t blockSize_ = 0;
 };
 
 class Bitmap final : public Object {

@@ -8,6 +8,9 @@
 #include <bit>
 #include <cstring>
 #include <cwchar>
+#include <iterator>
+#include <type_traits>
+#include <utility>
 
 namespace win32::gdi {
 
@@ -20,141 +23,134 @@ using Vector [[gnu::vector_size(16)]] = uint32_t;
 
 constexpr size_t blockSize = 64;
 
-template <class Type> ALWAYS_INLINE Type load(const uint8_t *bytes)
+template <class Piece> ALWAYS_INLINE Piece load(const uint8_t *bytes)
 {
-    Type value;
-    memcpy(&value, bytes, sizeof value);
-    return value;
+    Piece piece;
+    memcpy(&piece, bytes, sizeof piece);
+    return piece;
 }
 
-template <class Type> ALWAYS_INLINE void store(uint8_t *bytes, Type value)
+template <class Piece> ALWAYS_INLINE void store(uint8_t *bytes, Piece piece)
 {
-    memcpy(bytes, &value, sizeof value);
+    memcpy(bytes, &piece, sizeof piece);
 }
 
-// The last bytes of a row as vectors.
-template <size_t count> struct Tail {
-    template <class At> ALWAYS_INLINE explicit Tail(At at)
-    {
-        for (size_t i = 0; i < count; ++i)
-            vectors[i] = at(16 * i);
-    }
-    ALWAYS_INLINE void storeTo(uint8_t *bytes) const
-    {
-        for (size_t i = 0; i < count; ++i)
-            store<Vector>(bytes + 16 * i, vectors[i]);
-    }
-    Vector vectors[count];
+// What a piece holds at an offset of a row in which a word is repeated from offset 0 on.
+template <class Piece> ALWAYS_INLINE Piece repeated(Word word, size_t offset)
+{
+    word = std::rotr(word, static_cast<int>(offset & 3) * 8);
+    if constexpr (std::is_same_v<Piece, Vector>)
+        return Vector{word, word, word, word};
+    else if constexpr (sizeof(Piece) == 8)
+        return Piece{word} << 32 | word;
+    else
+        return static_cast<Piece>(word);
+}
+
+// Each of these tells what becomes of a piece of a row at an offset; pieces at multiples of 4 by atWord.
+struct Fill {
+    Word word;
+
+    template <class Piece> ALWAYS_INLINE Piece at(size_t offset) const { return repeated<Piece>(word, offset); }
+    ALWAYS_INLINE Word atWord(size_t) const { return word; }
 };
 
-template <int code, class Type> ALWAYS_INLINE Type combine(Type source, Type destination)
+struct AndXor {
+    const uint8_t *row;
+    Word keep;
+    Word flip;
+
+    template <class Piece> ALWAYS_INLINE Piece at(size_t offset) const
+    {
+        return static_cast<Piece>((load<Piece>(row + offset) & repeated<Piece>(keep, offset))
+                                  ^ repeated<Piece>(flip, offset));
+    }
+    ALWAYS_INLINE Word atWord(size_t offset) const { return (load<Word>(row + offset) & keep) ^ flip; }
+};
+
+template <int code> struct Combine {
+    const uint8_t *row;
+    const uint8_t *source;
+
+    template <class Piece> ALWAYS_INLINE Piece at(size_t offset) const
+    {
+        Piece s = load<Piece>(source + offset), d = load<Piece>(row + offset);
+        Piece result{};
+        if constexpr (code & 1)
+            result |= ~s & ~d;
+        if constexpr (code & 2)
+            result |= ~s & d;
+        if constexpr (code & 4)
+            result |= s & ~d;
+        if constexpr (code & 8)
+            result |= s & d;
+        return result;
+    }
+    ALWAYS_INLINE Word atWord(size_t offset) const { return at<Word>(offset); }
+};
+
+template <class Piece, class Change> ALWAYS_INLINE void changeInPieces(uint8_t *row, size_t length, Change change)
 {
-    Type result{};
-    if constexpr (code & 1)
-        result |= ~source & ~destination;
-    if constexpr (code & 2)
-        result |= ~source & destination;
-    if constexpr (code & 4)
-        result |= source & ~destination;
-    if constexpr (code & 8)
-        result |= source & destination;
-    return result;
+    size_t end = length - sizeof(Piece);
+    Piece last = change.template at<Piece>(end);
+    for (size_t i = 0; i < end; i += sizeof(Piece))
+        store(row + i, change.template at<Piece>(i));
+    store(row + end, last);
 }
 
-template <int code> ALWAYS_INLINE void combineWords(uint8_t *__restrict row, const uint8_t *__restrict source, size_t count)
+// The end first: its cache line is on its way while the rest is written.
+ALWAYS_INLINE void changeInBlocks(uint8_t *row, size_t length, Fill fill)
 {
-    for (size_t i = 0; i < count; ++i)
-        store<Word>(row + 4 * i, combine<code>(load<Word>(source + 4 * i), load<Word>(row + 4 * i)));
-}
-
-template <int code>
-ALWAYS_INLINE void combineShortRow(uint8_t *__restrict row, const uint8_t *__restrict source, size_t length)
-{
-    size_t whole = length & ~size_t{15};
-    for (size_t i = 0; i < whole; i += 16)
-        store<Vector>(row + i, combine<code>(load<Vector>(source + i), load<Vector>(row + i)));
-    combineWords<code>(row + whole, source + whole, (length - whole) / 4);
-    for (size_t i = length & ~size_t{3}; i < length; ++i)
-        row[i] = static_cast<uint8_t>(combine<code, uint32_t>(source[i], row[i]));
-}
-
-template <int code>
-ALWAYS_INLINE void combineOneRow(uint8_t *__restrict row, const uint8_t *__restrict source, size_t length)
-{
-    if (length < blockSize)
-        return combineShortRow<code>(row, source, length);
     size_t end = length - blockSize;
-    Tail<4> tail([row, source, end](size_t i) {
-        return combine<code>(load<Vector>(source + end + i), load<Vector>(row + end + i));
-    });
+    Fill last{repeated<Word>(fill.word, end)};
+    for (size_t k = 0; k < blockSize; k += sizeof(Word))
+        store(row + end + k, last.word);
     for (size_t i = 0; i < end; i += blockSize)
-        combineWords<code>(row + i, source + i, blockSize / 4);
-    tail.storeTo(row + end);
+        for (size_t k = 0; k < blockSize; k += sizeof(Word))
+            store(row + i + k, fill.word);
+}
+
+template <class Change> ALWAYS_INLINE void changeInBlocks(uint8_t *row, size_t length, Change change)
+{
+    size_t end = length - blockSize;
+    Vector last[blockSize / sizeof(Vector)];
+    for (size_t k = 0; k < std::size(last); ++k)
+        last[k] = change.template at<Vector>(end + k * sizeof(Vector));
+    for (size_t i = 0; i < end; i += blockSize)
+        for (size_t k = 0; k < blockSize; k += sizeof(Word))
+            store(row + i + k, change.atWord(i + k));
+    for (size_t k = 0; k < std::size(last); ++k)
+        store(row + end + k * sizeof(Vector), last[k]);
+}
+
+template <class Change> ALWAYS_INLINE void changeRow(uint8_t *row, size_t length, Change change)
+{
+    if (length >= blockSize)
+        changeInBlocks(row, length, change);
+    else if (length >= sizeof(Vector))
+        changeInPieces<Vector>(row, length, change);
+    else if (length >= 8)
+        changeInPieces<uint64_t>(row, length, change);
+    else if (length >= 4)
+        changeInPieces<uint32_t>(row, length, change);
+    else if (length >= 2)
+        changeInPieces<uint16_t>(row, length, change);
+    else if (length == 1)
+        store(row, change.template at<uint8_t>(0));
 }
 
 template <int code> ALWAYS_INLINE void combineRowsBy(ByteRows rows, ConstByteRows source, size_t length, int count)
 {
-    for (int y = 0; y < count; ++y)
-        combineOneRow<code>(rows.bytes + y * rows.stride, source.bytes + y * source.stride, length);
+    for (int y = 0; y < count; ++y) {
+        uint8_t *__restrict row = rows.bytes + y * rows.stride;
+        const uint8_t *__restrict sourceRow = source.bytes + y * source.stride;
+        changeRow(row, length, Combine<code>{row, sourceRow});
+    }
 }
 
 ALWAYS_INLINE uint8_t maskedByte(uint32_t before, uint32_t after, uint32_t mask)
 {
     return static_cast<uint8_t>(before ^ ((before ^ after) & mask));
-}
-
-// The word as it stands at an offset, when it is repeated from offset 0 on.
-ALWAYS_INLINE uint32_t wordAt(uint32_t word, size_t offset)
-{
-    return std::rotr(word, static_cast<int>(offset & 3) * 8);
-}
-
-ALWAYS_INLINE void fillWords(uint8_t *row, size_t count, uint32_t word)
-{
-    for (size_t i = 0; i < count; ++i)
-        store<Word>(row + 4 * i, word);
-}
-
-ALWAYS_INLINE void fillOneRow(uint8_t *row, size_t length, uint32_t word)
-{
-    if (length < blockSize) {
-        fillWords(row, length / 4, word);
-        for (size_t i = length & ~size_t{3}; i < length; ++i)
-            row[i] = static_cast<uint8_t>(wordAt(word, i));
-        return;
-    }
-    size_t end = length - blockSize;
-    for (size_t i = 0; i < end; i += blockSize)
-        fillWords(row + i, blockSize / 4, word);
-    fillWords(row + end, blockSize / 4, wordAt(word, end));
-}
-
-struct AndXor {
-    uint32_t keep, flip;
-
-    ALWAYS_INLINE uint32_t apply(uint32_t value) const { return (value & keep) ^ flip; }
-    ALWAYS_INLINE void applyToWords(uint8_t *row, size_t count) const
-    {
-        for (size_t i = 0; i < count; ++i)
-            store<Word>(row + 4 * i, apply(load<Word>(row + 4 * i)));
-    }
-    ALWAYS_INLINE AndXor at(size_t offset) const { return {wordAt(keep, offset), wordAt(flip, offset)}; }
-};
-
-ALWAYS_INLINE void andXorOneRow(uint8_t *row, size_t length, AndXor change)
-{
-    if (length < blockSize) {
-        change.applyToWords(row, length / 4);
-        for (size_t i = length & ~size_t{3}; i < length; ++i)
-            row[i] = static_cast<uint8_t>(change.at(i).apply(row[i]));
-        return;
-    }
-    size_t end = length - blockSize;
-    AndXor last = change.at(end);
-    Tail<4> tail([row, end, last](size_t i) { return (load<Vector>(row + end + i) & last.keep) ^ last.flip; });
-    for (size_t i = 0; i < end; i += blockSize)
-        change.applyToWords(row + i, blockSize / 4);
-    tail.storeTo(row + end);
 }
 
 // A ternary code as a sum of products of its operands: c0 ^ c1 P ^ S (c2 ^ c3 P) ^ D (c4 ^ c5 P ^ S (c6 ^ c7 P)).
@@ -190,7 +186,7 @@ WIN32_FOR_EACH_PROCESSOR
 static void fillShortRows(ByteRows rows, size_t length, int count, uint32_t word)
 {
     for (int y = 0; y < count; ++y)
-        fillOneRow(rows.bytes + y * rows.stride, length, word);
+        changeRow(rows.bytes + y * rows.stride, length, Fill{word});
 }
 
 void fillRows(ByteRows rows, size_t length, int count, uint32_t word)
@@ -210,13 +206,50 @@ void fillRows(ByteRows rows, size_t length, int count, uint32_t word)
 WIN32_FOR_EACH_PROCESSOR
 void andXorRows(ByteRows rows, size_t length, int count, uint32_t keep, uint32_t flip)
 {
-    for (int y = 0; y < count; ++y)
-        andXorOneRow(rows.bytes + y * rows.stride, length, AndXor{keep, flip});
+    for (int y = 0; y < count; ++y) {
+        uint8_t *row = rows.bytes + y * rows.stride;
+        changeRow(row, length, AndXor{row, keep, flip});
+    }
+}
+
+// Rows of medium length are copied by straight code for the number of their blocks. The rows to come are
+// asked for early: a processor does not foresee them when they begin on other pages.
+template <size_t blocks>
+ALWAYS_INLINE void copyRowsOfBlocks(ByteRows rows, ConstByteRows source, size_t length, int count)
+{
+    constexpr int ahead = 4;
+    for (int y = 0; y < count; ++y, rows.bytes += rows.stride, source.bytes += source.stride) {
+#pragma GCC unroll 16
+        for (size_t block = 0; block <= blocks; ++block)
+            __builtin_prefetch(source.bytes + ahead * source.stride + block * blockSize);
+#pragma GCC unroll 16
+        for (size_t block = 0; block < blocks; ++block)
+            memcpy(rows.bytes + block * blockSize, source.bytes + block * blockSize, blockSize);
+        memcpy(rows.bytes + length - blockSize, source.bytes + length - blockSize, blockSize);
+    }
+}
+
+template <size_t... blocks>
+ALWAYS_INLINE void copyRowsByBlocks(ByteRows rows, ConstByteRows source, size_t length, int count,
+                                    std::index_sequence<blocks...>)
+{
+    size_t wanted = (length - 1) / blockSize;
+    (void)((wanted == blocks && (copyRowsOfBlocks<blocks>(rows, source, length, count), true)) || ...);
+}
+
+constexpr size_t mostBlocks = 16;
+
+WIN32_FOR_EACH_PROCESSOR
+static void copyMediumRows(ByteRows rows, ConstByteRows source, size_t length, int count)
+{
+    copyRowsByBlocks(rows, source, length, count, std::make_index_sequence<mostBlocks>());
 }
 
 void copyRows(ByteRows rows, ConstByteRows source, size_t length, int count)
 {
-    // Rows that join without a gap, in both places.
+    if (length >= blockSize && length <= mostBlocks * blockSize)
+        return copyMediumRows(rows, source, length, count);
+    // Rows that join without a gap, in both places; within one surface the whole may overlap then.
     if (rows.stride == source.stride && rows.stride == static_cast<ptrdiff_t>(length)) {
         length *= static_cast<size_t>(count);
         count = 1;
