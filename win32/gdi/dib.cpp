@@ -136,8 +136,10 @@ bool readDimensions(Dib &dib)
     dib.isTopDown = header.biHeight < 0;
     dib.height = dib.isTopDown ? -header.biHeight : header.biHeight;
     dib.stride = dibStride(dib.width, header.biBitCount);
+    if (dib.stride > std::numeric_limits<LONG>::max())
+        return false;
     dib.bitsSize = dib.stride * dib.height;
-    if (dib.stride > std::numeric_limits<LONG>::max() || dib.bitsSize > std::numeric_limits<DWORD>::max())
+    if (dib.bitsSize > std::numeric_limits<DWORD>::max())
         return false;
     if (!dib.isCompressed()) {
         header.biSizeImage = static_cast<DWORD>(dib.bitsSize);

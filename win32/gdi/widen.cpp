@@ -8,8 +8,10 @@ namespace {
 
 // Round ends and joins are a little smaller than the width asks for, so that small ones look round.
 constexpr double roundness = 0.1;
-// How far the corners of a round end may stand off a circle, in pixels.
+// How far the corners of a round end may stand off a circle, in pixels, unless it is so large that it would
+// have more than a thousand of them.
 constexpr double tolerance = 0.1;
+constexpr double shortestPiece = 2 * std::numbers::pi / 1024;
 
 } // namespace
 
@@ -172,8 +174,8 @@ void Widener::dot()
 void Widener::arc(Vector center, Vector from, double angle)
 {
     double radius = std::max(shape_.radius - roundness, shape_.radius / 2);
-    double widest = 2 * std::acos(1 - std::min(1.0, tolerance / radius));
-    int pieces = static_cast<int>(std::ceil(std::fabs(angle) / widest));
+    double piece = std::max(2 * std::acos(1 - std::min(1.0, tolerance / radius)), shortestPiece);
+    int pieces = static_cast<int>(std::ceil(std::fabs(angle) / piece));
     if (pieces < 2)
         return;
     double cosine = std::cos(angle / pieces);

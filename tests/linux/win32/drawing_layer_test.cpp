@@ -281,7 +281,7 @@ TEST_F(DrawingLayer, AnyCoordinatesAreHarmless)
     HPEN pens[] = {CreatePen(PS_SOLID, 1, white), CreatePen(PS_DASHDOT, 1, white), CreatePen(PS_SOLID, 6, white),
                    CreatePen(PS_INSIDEFRAME, INT_MAX, white), geometric(PS_DASH | PS_JOIN_MITER, 9),
                    geometric(PS_DOT, INT_MAX), geometric(PS_ENDCAP_FLAT, 3, BS_HATCHED), CreatePen(PS_NULL, 0, 0)};
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < 1200; ++i) {
         SelectObject(canvas.dc, pens[random() % std::size(pens)]);
         SetROP2(canvas.dc, 1 + static_cast<int>(random() % 16));
         SetViewportOrgEx(canvas.dc, random() % 4 ? 0 : any(), random() % 4 ? 0 : any(), nullptr);
@@ -320,7 +320,7 @@ TEST_F(DrawingLayer, RefusedMemoryFailsCleanly)
     drawAll(whole.dc);
     std::vector<uint32_t> expected = whole.pixels();
     DWORD objects = Win32Control_GdiObjects();
-    for (DWORD refused = 1; refused < 250; ++refused) {
+    for (DWORD refused = 1; refused < 150; ++refused) {
         Canvas canvas(64, 64, 32);
         Win32Control_RefuseAllocations(WIN32_ALLOCATION_LAYER, refused, 1, 0);
         drawAll(canvas.dc);
