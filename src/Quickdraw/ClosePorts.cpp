@@ -10,6 +10,7 @@ void disposeRegions(GrafPtr port)
 {
     disposeUnlessShared(port->visRgn, sharedRegions.vis);
     disposeUnlessShared(port->clipRgn, sharedRegions.clip);
+    port->visRgn = port->clipRgn = nullptr;
 }
 
 // Takes the port's brush out of its context and deletes it.

@@ -3,13 +3,16 @@
 
 namespace {
 
-template <class... Parameters, class... Arguments>
-bool callHook(void (*CQDProcs::*slot)(Parameters...), Arguments... arguments)
+CQDProcsPtr currentHooks()
 {
-    CQDProcsPtr hooks = qd.thePort ? qd.thePort->grafProcs : nullptr;
-    if (!hooks || !(hooks->*slot)) [[likely]]
+    return qd.thePort ? qd.thePort->grafProcs : nullptr;
+}
+
+template <class Hook, class... Arguments> bool call(Hook hook, Arguments... arguments)
+{
+    if (!hook)
         return false;
-    (hooks->*slot)(arguments...);
+    hook(arguments...);
     return true;
 }
 
@@ -17,37 +20,44 @@ bool callHook(void (*CQDProcs::*slot)(Parameters...), Arguments... arguments)
 
 bool MTBX_TextHook(SInt16 byteCount, const void *text, Point numerator, Point denominator)
 {
-    return callHook(&CQDProcs::textProc, byteCount, text, numerator, denominator);
+    CQDProcsPtr hooks = currentHooks();
+    return hooks && call(hooks->textProc, byteCount, text, numerator, denominator);
 }
 
 bool MTBX_LineHook(Point newPoint)
 {
-    return callHook(&CQDProcs::lineProc, newPoint);
+    CQDProcsPtr hooks = currentHooks();
+    return hooks && call(hooks->lineProc, newPoint);
 }
 
 bool MTBX_RectHook(GrafVerb verb, const Rect *rect)
 {
-    return callHook(&CQDProcs::rectProc, verb, rect);
+    CQDProcsPtr hooks = currentHooks();
+    return hooks && call(hooks->rectProc, verb, rect);
 }
 
 bool MTBX_RoundRectHook(GrafVerb verb, const Rect *rect, SInt16 ovalWidth, SInt16 ovalHeight)
 {
-    return callHook(&CQDProcs::rRectProc, verb, rect, ovalWidth, ovalHeight);
+    CQDProcsPtr hooks = currentHooks();
+    return hooks && call(hooks->rRectProc, verb, rect, ovalWidth, ovalHeight);
 }
 
 bool MTBX_OvalHook(GrafVerb verb, const Rect *rect)
 {
-    return callHook(&CQDProcs::ovalProc, verb, rect);
+    CQDProcsPtr hooks = currentHooks();
+    return hooks && call(hooks->ovalProc, verb, rect);
 }
 
 bool MTBX_PolyHook(GrafVerb verb, PolyHandle poly)
 {
-    return callHook(&CQDProcs::polyProc, verb, poly);
+    CQDProcsPtr hooks = currentHooks();
+    return hooks && call(hooks->polyProc, verb, poly);
 }
 
 bool MTBX_RegionHook(GrafVerb verb, RgnHandle rgn)
 {
-    return callHook(&CQDProcs::rgnProc, verb, rgn);
+    CQDProcsPtr hooks = currentHooks();
+    return hooks && call(hooks->rgnProc, verb, rgn);
 }
 
 void SetStdCProcs(CQDProcsPtr procs)

@@ -38,6 +38,7 @@ void giveBackParts(CGrafPtr port)
 {
     disposeUnlessShared(port->visRgn, sharedRegions.vis);
     disposeUnlessShared(port->clipRgn, sharedRegions.clip);
+    port->visRgn = port->clipRgn = nullptr;
     if (port->portPixMap)
         disposePixMap(port->portPixMap);
     port->portPixMap = nullptr;
@@ -159,6 +160,7 @@ void OpenPort(GrafPtr port)
     if (!port->visRgn || !port->clipRgn) {
         disposeUnlessShared(port->visRgn, nullptr);
         disposeUnlessShared(port->clipRgn, nullptr);
+        port->visRgn = port->clipRgn = nullptr;
         qdErrorValue = memFullErr;
         return;
     }

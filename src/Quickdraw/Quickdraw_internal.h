@@ -105,11 +105,10 @@ extern SharedRegions sharedRegions;
 // While above 0, minimal mode is on.
 extern SInt32 minimalCreationDepth;
 
-inline void disposeUnlessShared(RgnHandle &rgn, RgnHandle shared)
+inline void disposeUnlessShared(RgnHandle rgn, RgnHandle shared)
 {
     if (rgn && rgn != shared)
         DisposeRgn(rgn);
-    rgn = nullptr;
 }
 
 // Start and end of the parts of QuickDraw, for InitGraf and MTBX_ShutdownGraf.

@@ -4,6 +4,8 @@
 
 #include <mtbx/MTBXEnvironment.h>
 
+#include <initializer_list>
+
 SharedRegions sharedRegions;
 SInt32 minimalCreationDepth;
 
@@ -23,11 +25,10 @@ void MTBX_StartSharedRegions()
 
 void MTBX_StopSharedRegions()
 {
-    disposeUnlessShared(sharedRegions.clip, nullptr);
-    disposeUnlessShared(sharedRegions.vis, nullptr);
-    disposeUnlessShared(sharedRegions.struc, nullptr);
-    disposeUnlessShared(sharedRegions.update, nullptr);
-    disposeUnlessShared(sharedRegions.cont, nullptr);
+    for (RgnHandle rgn :
+         {sharedRegions.clip, sharedRegions.vis, sharedRegions.struc, sharedRegions.update, sharedRegions.cont})
+        disposeUnlessShared(rgn, nullptr);
+    sharedRegions = {};
 }
 
 void MTBX_ReadMinimalModeSetting()

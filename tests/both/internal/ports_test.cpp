@@ -144,7 +144,7 @@ TEST_F(PortsInside, EachDepthHasItsTableInThePixMap)
         gbits_per_pixel = depth;
         CGrafPtr of = CreateNewPort();
         gbits_per_pixel = former;
-        EXPECT_EQ((*of->portPixMap)->pmTable, MTBX_StandardTable(depth));
+        EXPECT_EQ(+(*of->portPixMap)->pmTable, MTBX_StandardTable(depth));
         EXPECT_EQ((*of->portPixMap)->pmTable == nullptr, depth == 1);
         DisposePort(of);
     }

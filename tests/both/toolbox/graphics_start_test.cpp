@@ -55,8 +55,8 @@ TEST_F(GraphicsStart, OpensTheWindowListAndTheDesktopPort)
     EXPECT_GE(GetPtrSize(reinterpret_cast<Ptr>(last)), 224);
     EXPECT_EQ(desktop->visible, 1);
     EXPECT_EQ(desktop->port.portOffscreen, 0);
-    EXPECT_EQ(pixMapOf(gDesktopWindow).pmWindow, GetDesktopWindow());
-    EXPECT_NE(qd.thePort, gDesktopWindow);
+    EXPECT_EQ(+pixMapOf(gDesktopWindow).pmWindow, GetDesktopWindow());
+    EXPECT_NE(+qd.thePort, gDesktopWindow);
     EXPECT_EQ(desktop->port.portRect, ltrb(GetSystemMetrics(SM_XVIRTUALSCREEN), GetSystemMetrics(SM_YVIRTUALSCREEN),
                                            GetSystemMetrics(SM_XVIRTUALSCREEN) + GetSystemMetrics(SM_CXVIRTUALSCREEN),
                                            GetSystemMetrics(SM_YVIRTUALSCREEN) + GetSystemMetrics(SM_CYVIRTUALSCREEN)));
@@ -106,7 +106,7 @@ TEST_F(GraphicsStart, WorksWithoutAMainWindow)
 {
     hWndMain = nullptr;
     InitGraf(nullptr);
-    ASSERT_TRUE(qd.thePort);
+    ASSERT_TRUE(+qd.thePort);
     GrafPtr desktop = nullptr;
     GetWMgrPort(&desktop);
     EXPECT_EQ(desktop, gDesktopWindow);

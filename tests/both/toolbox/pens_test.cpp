@@ -63,10 +63,10 @@ TEST_F(Pens, AnUnchangedPatternKeepsItsBrush)
     PenPat(&stripes);
     HBRUSH brush = port()->portBrush;
     PenPat(&stripes);
-    EXPECT_EQ(port()->portBrush, brush);
+    EXPECT_EQ(+port()->portBrush, brush);
     HGDIOBJ mine = SelectObject(context(), GetStockObject(NULL_BRUSH));
     PenPat(&stripes);
-    EXPECT_EQ(GetCurrentObject(context(), OBJ_BRUSH), port()->portBrush)
+    EXPECT_EQ(GetCurrentObject(context(), OBJ_BRUSH), +port()->portBrush)
         << "made anew, since it was out of the context";
     EXPECT_EQ(GetObjectType(mine), 0u);
     PenPat(&qd.black);
@@ -85,11 +85,11 @@ TEST_F(Pens, ABrushThatNeverLeftItsContextCanBeReplaced)
     HBRUSH old = port()->portBrush;
     MacSetPort(nullptr);
     MacSetPort(port());
-    EXPECT_EQ(port()->portSavedBrush, old);
+    EXPECT_EQ(+port()->portSavedBrush, old);
     PenPat(&qd.black);
     EXPECT_EQ(GetObjectType(old), 0u);
     MacSetPort(nullptr);
-    EXPECT_EQ(port()->portSavedBrush, reinterpret_cast<HGDIOBJ>(intptr_t{-1}));
+    EXPECT_EQ(+port()->portSavedBrush, reinterpret_cast<HGDIOBJ>(intptr_t{-1}));
     MacSetPort(port());
     EXPECT_EQ(painted(1), "########\n");
 }
@@ -236,19 +236,19 @@ TEST_F(Pens, ColorsAreRoundedToEightBitsAndCutWhenAskedFor)
     RGBColor color = {65535, 32768, 0}, back = {0x8100, 0x7F80, 0x007F}, out;
     RGBForeColor(&color);
     RGBBackColor(&back);
-    EXPECT_EQ(port()->fgColor, 0x000080FFu);
+    EXPECT_EQ(+port()->fgColor, 0x000080FFu);
     EXPECT_EQ(GetTextColor(context()), 0x000080FFu);
     EXPECT_EQ(port()->rgbFgColor, color);
-    EXPECT_EQ(port()->bkColor, 0x00007F80u);
+    EXPECT_EQ(+port()->bkColor, 0x00007F80u);
     EXPECT_EQ(GetBkColor(context()), 0x00007F80u);
     GetBackColor(&out);
     EXPECT_EQ(out, back);
-    EXPECT_EQ(port()->bkColor, 0x00007F80u);
+    EXPECT_EQ(+port()->bkColor, 0x00007F80u);
     EXPECT_EQ(GetBkColor(context()), 0x00007F81u);
     RGBForeColor(&back);
     GetForeColor(&out);
     EXPECT_EQ(out, back);
-    EXPECT_EQ(port()->fgColor, 0x00007F80u);
+    EXPECT_EQ(+port()->fgColor, 0x00007F80u);
     EXPECT_EQ(GetTextColor(context()), 0x00007F81u);
 }
 
@@ -320,7 +320,7 @@ TEST(HSV, TheSixSectorsOfTheCircle)
 
 TEST(NoPort, CallsOnTheCurrentPortAreQuietBeforeInitGraf)
 {
-    ASSERT_FALSE(qd.thePort);
+    ASSERT_FALSE(+qd.thePort);
     RGBColor color = {};
     PenState state = {};
     Rect rect = {};
@@ -340,7 +340,7 @@ TEST(NoPort, CallsOnTheCurrentPortAreQuietBeforeInitGraf)
     PortSize(1, 1);
     ClipRect(&rect);
     MacSetPort(nullptr);
-    EXPECT_FALSE(qd.thePort);
+    EXPECT_FALSE(+qd.thePort);
 }
 
 } // namespace

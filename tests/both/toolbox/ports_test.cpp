@@ -29,10 +29,10 @@ TEST_F(Ports, TheFirstPortIsCurrentAndNullStandsForIt)
 {
     GrafPtr first = qd.thePort;
     ASSERT_TRUE(first);
-    EXPECT_EQ(pixMapOf(first).pmWindow, hWndMain);
+    EXPECT_EQ(+pixMapOf(first).pmWindow, hWndMain);
     EXPECT_TRUE(contextOf(first));
     PortInMemory other;
-    EXPECT_EQ(qd.thePort, first) << "opening a port leaves the current one";
+    EXPECT_EQ(+qd.thePort, first) << "opening a port leaves the current one";
     MacSetPort(other.port());
     EXPECT_EQ(GetQDGlobalsThePort(), other.port());
     MacSetPort(nullptr);
@@ -65,18 +65,18 @@ TEST_F(Ports, OpenCPortFillsARecordAndKeepsTheRest)
     EXPECT_EQ(port.portFontDirty, 1);
     EXPECT_EQ(port.rgbFgColor, (RGBColor{0, 0, 0}));
     EXPECT_EQ(port.rgbBkColor, (RGBColor{65535, 65535, 65535}));
-    EXPECT_EQ(port.fgColor, 0u);
-    EXPECT_EQ(port.bkColor, 0xFFFFFFu);
-    EXPECT_TRUE(port.portBrush);
-    EXPECT_EQ(port.portSavedBrush, nothingSaved);
-    EXPECT_EQ(port.portSavedFont, nothingSaved);
+    EXPECT_EQ(+port.fgColor, 0u);
+    EXPECT_EQ(+port.bkColor, 0xFFFFFFu);
+    EXPECT_TRUE(+port.portBrush);
+    EXPECT_EQ(+port.portSavedBrush, nothingSaved);
+    EXPECT_EQ(+port.portSavedFont, nothingSaved);
     EXPECT_FALSE(port.picSave || port.rgnSave || port.polySave || port.grafProcs || port.portFont
                  || port.portFontInstance || port.moveInMainClient || port.portColorStamp || port.filler);
     EXPECT_GE(GetHandleSize(port.grafVars), 26);
     // No start value.
     EXPECT_EQ(port.pnLoc, (Point{0x5A5A, 0x5A5A}));
     EXPECT_EQ(port.pnVis, 0x5A5A);
-    EXPECT_EQ(port.spExtra, 0x5A5A5A5A);
+    EXPECT_EQ(+port.spExtra, 0x5A5A5A5A);
     EXPECT_EQ(port.colrBit, 0x5A5A);
     CloseCPort(&port);
     EXPECT_FALSE(port.portPixMap || port.visRgn || port.clipRgn || port.portBrush);
@@ -125,7 +125,7 @@ TEST_F(Ports, TheNextPixMapTakesTheFormatOfARememberedDeviceOnce)
     CGrafPtr like = CreateNewPort();
     CGrafPtr unlike = CreateNewPort();
     EXPECT_EQ(0, memcmp(&pixMapOf(like), &deviceMap, offsetof(PixMap, pmTable)));
-    EXPECT_FALSE(pixMapOf(like).pmTable) << "none for one bit";
+    EXPECT_FALSE(+pixMapOf(like).pmTable) << "none for one bit";
     EXPECT_EQ(pixMapOf(unlike).pixelSize, gbits_per_pixel);
     UseGDevPMap();
     CGrafPtr again = CreateNewPort();
@@ -145,7 +145,7 @@ TEST_F(Ports, AWindowHasAContextWhileItsPortIsCurrent)
     MacSetPort(b.port());
     EXPECT_FALSE(a.context());
     EXPECT_TRUE(b.context());
-    EXPECT_EQ(a.port()->portSavedBrush, nothingSaved);
+    EXPECT_EQ(+a.port()->portSavedBrush, nothingSaved);
 }
 
 TEST_F(Ports, AContextIsSetUpFromThePort)
@@ -163,8 +163,8 @@ TEST_F(Ports, AContextIsSetUpFromThePort)
     EXPECT_EQ(GetTextColor(context), 0x0000FF80u);
     EXPECT_EQ(GetBkColor(context), 0x00102030u);
     EXPECT_EQ(GetBkMode(context), TRANSPARENT);
-    EXPECT_EQ(GetCurrentObject(context, OBJ_BRUSH), port->portBrush);
-    EXPECT_NE(port->portSavedBrush, nothingSaved);
+    EXPECT_EQ(GetCurrentObject(context, OBJ_BRUSH), +port->portBrush);
+    EXPECT_NE(+port->portSavedBrush, nothingSaved);
     EXPECT_EQ(GetROP2(context), R2_COPYPEN);
     PenMode(patXor);
     MacSetPort(nullptr);
@@ -185,7 +185,7 @@ TEST_F(Ports, APortInMemoryKeepsItsContext)
     PenMode(patXor);
     MacSetPort(nullptr);
     EXPECT_EQ(memory.context(), context);
-    EXPECT_NE(GetCurrentObject(context, OBJ_BRUSH), memory.port()->portBrush) << "taken out with the port";
+    EXPECT_NE(GetCurrentObject(context, OBJ_BRUSH), +memory.port()->portBrush) << "taken out with the port";
     MacSetPort(memory.port());
     EXPECT_EQ(GetROP2(context), R2_NOTXORPEN);
     PenPat(&stripes);
@@ -199,8 +199,8 @@ TEST_F(Ports, AWindowThatIsGoneLeavesItsPortWithoutAContext)
     PortWindow window(ltrb(500, 100, 600, 180));
     window.native.close();
     MacSetPort(window.port());
-    EXPECT_EQ(qd.thePort, window.port());
-    EXPECT_FALSE(pixMapOf(window.port()).pmWindow);
+    EXPECT_EQ(+qd.thePort, window.port());
+    EXPECT_FALSE(+pixMapOf(window.port()).pmWindow);
     EXPECT_FALSE(window.context());
     PenNormal();
     PenMode(patXor);
@@ -386,7 +386,7 @@ TEST_F(Ports, DisposingTheCurrentPortGoesToTheFirst)
     CGrafPtr port = CreateNewPort();
     MacSetPort(port);
     DisposePort(port);
-    EXPECT_EQ(qd.thePort, first);
+    EXPECT_EQ(+qd.thePort, first);
     DisposePort(nullptr);
 }
 
@@ -397,14 +397,14 @@ TEST_F(Ports, ClosingLeavesTheCurrentPortAndDrawingQuiet)
     OpenCPort(&port);
     MacSetPort(&port);
     CloseCPort(&port);
-    EXPECT_EQ(qd.thePort, &port);
+    EXPECT_EQ(+qd.thePort, &port);
     PenMode(patXor);
     MoveTo(1, 1);
     SetOrigin(3, 3);
     Rect rect = ltrb(0, 0, 5, 5);
     ClipRect(&rect);
     MacSetPort(nullptr);
-    EXPECT_NE(qd.thePort, &port);
+    EXPECT_NE(+qd.thePort, &port);
 }
 
 TEST_F(Ports, ClosingFreesTheHooksAndTheNativeWindow)
@@ -435,20 +435,20 @@ TEST_F(Ports, ABasicPortDrawsOnItsOwnContext)
     GrafPort port;
     memset(&port, 0x5A, sizeof port);
     OpenPort(&port);
-    EXPECT_EQ(qd.thePort, &port);
-    EXPECT_EQ(port.portBits.baseAddr, nullptr);
+    EXPECT_EQ(+qd.thePort, &port);
+    EXPECT_EQ(+port.portBits.baseAddr, nullptr);
     EXPECT_EQ(port.portBits.bounds, qd.screenBits.bounds);
     EXPECT_EQ(port.portRect, qd.screenBits.bounds);
     EXPECT_EQ(boundsOf(port.visRgn), qd.screenBits.bounds);
     EXPECT_EQ(boundsOf(port.clipRgn), ltrb(-32768, -32768, 32767, 32767));
     EXPECT_EQ(port.txMode, srcOr);
-    EXPECT_EQ(port.fgColor, blackColor);
-    EXPECT_EQ(port.bkColor, whiteColor);
+    EXPECT_EQ(+port.fgColor, blackColor);
+    EXPECT_EQ(+port.bkColor, whiteColor);
     EXPECT_EQ(port.pnLoc, (Point{0, 0}));
     EXPECT_EQ(port.portOffscreen, 1);
-    ASSERT_TRUE(port.portDC);
+    ASSERT_TRUE(+port.portDC);
     PenPat(&stripes);
-    EXPECT_EQ(GetCurrentObject(port.portDC, OBJ_BRUSH), port.portBrush);
+    EXPECT_EQ(GetCurrentObject(port.portDC, OBJ_BRUSH), +port.portBrush);
     SetOrigin(4, 5);
     EXPECT_EQ(originOf(port.portDC).y, 5);
     HBRUSH brush = port.portBrush;
@@ -457,7 +457,7 @@ TEST_F(Ports, ABasicPortDrawsOnItsOwnContext)
     EXPECT_EQ(GetCurrentObject(port.portDC, OBJ_BRUSH), brush);
     MacSetPort(former);
     CloseCPort(&port);
-    EXPECT_FALSE(port.portDC);
+    EXPECT_FALSE(+port.portDC);
     EXPECT_EQ(GetObjectType(brush), 0u);
 }
 
@@ -469,10 +469,10 @@ TEST_F(Ports, MinimalModeSharesRegionsThatOutliveThePorts)
     CGrafPtr a = CreateNewPort(), b = CreateNewPort();
     MTBX_EndGdiMinimalisticWindowCreationMode();
     CGrafPtr own = CreateNewPort();
-    EXPECT_EQ(a->visRgn, b->visRgn);
-    EXPECT_EQ(a->clipRgn, b->clipRgn);
-    EXPECT_NE(a->visRgn, a->clipRgn);
-    EXPECT_NE(own->visRgn, a->visRgn);
+    EXPECT_EQ(+a->visRgn, +b->visRgn);
+    EXPECT_EQ(+a->clipRgn, +b->clipRgn);
+    EXPECT_NE(+a->visRgn, +a->clipRgn);
+    EXPECT_NE(+own->visRgn, +a->visRgn);
     RgnHandle shared = a->clipRgn;
     DisposePort(a);
     EXPECT_EQ((*shared)->rgnTag, kRegionTag);
@@ -492,7 +492,7 @@ TEST_F(Ports, MinimalModeCanBeTurnedOff)
     MTBX_BeginGdiMinimalisticWindowCreationMode();
     CGrafPtr a = CreateNewPort(), b = CreateNewPort();
     MTBX_EndGdiMinimalisticWindowCreationMode();
-    EXPECT_NE(a->visRgn, b->visRgn);
+    EXPECT_NE(+a->visRgn, +b->visRgn);
     DisposePort(a);
     DisposePort(b);
 }
@@ -505,7 +505,7 @@ TEST_F(Ports, TheDesktopPortSharesCoordinatesWithTheMainWindow)
     GetCWMgrPort(&same);
     ASSERT_EQ(desktop, gDesktopWindow);
     EXPECT_EQ(same, desktop);
-    EXPECT_EQ(qd.thePort, former);
+    EXPECT_EQ(+qd.thePort, former);
     EXPECT_EQ(desktop->portRect.left, -100);
     EXPECT_EQ(desktop->portRect.top, -60);
     auto record = reinterpret_cast<WindowPeek>(desktop);
@@ -564,7 +564,7 @@ TEST_F(Ports, WhatIsNotThereAnswersInItsFixedWay)
     SetPortBackPixPat(port, pattern);
     EXPECT_EQ(GetPortPenPixPat(port, pattern), pattern);
     EXPECT_EQ(GetPortBackPixPat(port, nullptr), nullptr);
-    EXPECT_FALSE((*pattern)->patMap);
+    EXPECT_FALSE(+(*pattern)->patMap);
     DisposePixPat(pattern);
     DisposePixPat(nullptr);
     EXPECT_TRUE(LockPixels(GetPortPixMap(port)));
