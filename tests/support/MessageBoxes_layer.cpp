@@ -1,0 +1,48 @@
+#include "MessageBoxes.h"
+
+#include <windows.h>
+
+#include <utility>
+
+namespace {
+
+MessageBoxes *current = nullptr;
+UINT_PTR timer = 0;
+
+std::string textOf(HWND window)
+{
+    char text[1024] = "";
+    GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+// Runs inside the loop of a box that is open.
+void CALLBACK answerBox(HWND, UINT, UINT_PTR, DWORD)
+{
+    constexpr int textOfBox = 0xFFFF;
+    HWND box = GetActiveWindow();
+    HWND text = box ? GetDlgItem(box, textOfBox) : nullptr;
+    if (!text)
+        return;
+    current->shown.push_back({textOf(box), textOf(text)});
+    int answer = IDOK;
+    if (!current->answers.empty()) {
+        answer = current->answers.front();
+        current->answers.pop_front();
+    }
+    EndDialog(box, answer);
+}
+
+} // namespace
+
+MessageBoxes::MessageBoxes(std::deque<int> answersToCome) : answers(std::move(answersToCome))
+{
+    current = this;
+    timer = SetTimer(nullptr, 0, 10, answerBox);
+}
+
+MessageBoxes::~MessageBoxes()
+{
+    KillTimer(nullptr, timer);
+    current = nullptr;
+}
