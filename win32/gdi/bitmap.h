@@ -61,8 +61,9 @@ Bitmap *defaultBitmap();
 // New bitmaps with a handle; null with the last error when they cannot be. Pixels are 0.
 Bitmap *createDeviceBitmap(int64_t width, int64_t height, const PixelFormat &format);
 Bitmap *createDibSection(const Dib &dib);
-// A device bitmap with the picture of a DIB.
-HBITMAP createFromDib(const PixelFormat &format, const Dib &dib, const void *bits);
+// The picture of a packed DIB in a block of the given size: monochrome when it is black and white, otherwise
+// in the screen's format.
+HBITMAP createFromPackedDib(const void *packed, int64_t size);
 
 // The format of device bitmaps of a depth, and their colours when it is indexed.
 PixelFormat deviceFormat(int bitsPerPixel);

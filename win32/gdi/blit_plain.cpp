@@ -134,10 +134,10 @@ void blitPlain(const BlitJob &job, bool isSameSurface)
     PlainBlit blit(job, converter);
     bool isDown = isSameSurface && distanceY > 0, isRight = isSameSurface && distanceX > 0;
     auto each = [&](auto visit) {
-        if (isDown || isRight)
+        if (isSameSurface)
             eachVisibleInOrder(job.clip, box, isDown, isRight, visit);
         else
-            eachVisible(job.clip, box, visit);
+            eachVisibleInAnyOrder(job.clip, box, visit);
     };
     bool isShifted = distanceX * job.source.format.bitsPerPixel % 8 != 0;
     bool isWithinRows = isSameSurface && distanceY == 0 && !job.operation.isCopy();

@@ -240,7 +240,7 @@ template <class Fetch> void PixelConverter::convertDirect(Fetch fetch, int count
 }
 
 WIN32_FOR_EACH_PROCESSOR
-void PixelConverter::convert(const uint8_t *row, int x, int count, uint32_t *pixels) const
+void PixelConverter::convertRow(const uint8_t *row, int x, int count, uint32_t *pixels) const
 {
     const uint8_t *bytes = row + (int64_t{x} * source_.format.bitsPerPixel >> 3);
     switch (source_.format.layout) {
@@ -258,6 +258,12 @@ void PixelConverter::convert(const uint8_t *row, int x, int count, uint32_t *pix
     case PixelLayout::Bgr24: return convertDirect(Fetch24{bytes}, count, pixels);
     case PixelLayout::Direct32: return convertDirect(Fetch32{bytes}, count, pixels);
     }
+}
+
+// Other files call this one: clang gives variants of a function names of their own only.
+void PixelConverter::convert(const uint8_t *row, int x, int count, uint32_t *pixels) const
+{
+    convertRow(row, x, count, pixels);
 }
 
 } // namespace win32::gdi

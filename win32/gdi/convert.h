@@ -46,6 +46,7 @@ private:
         IsBackground,
     };
 
+    void convertRow(const uint8_t *row, int x, int count, uint32_t *pixels) const;
     void makeTable(const BlitColors &colors);
     void fillTable(const BlitColors &colors);
     Way directWay() const;

@@ -137,7 +137,7 @@ void fillBoxes(const Surface &surface, const Box *boxes, size_t count, const Pai
 
 void fillClipped(const Surface &surface, const ClipBoxes &clip, const Box &box, const Paint &paint, int rop2)
 {
-    fillEach(surface, paint, rop2, [&clip, &box](auto fill) { eachVisible(clip, box, fill); });
+    fillEach(surface, paint, rop2, [&clip, &box](auto fill) { eachVisibleInAnyOrder(clip, box, fill); });
 }
 
 void fillManyClipped(const Surface &surface, const ClipBoxes &clip, std::span<const Box> boxes, const Paint &paint,

@@ -34,7 +34,7 @@ void Widener::take(std::span<const FixedPoint> points, bool isClosed)
     for (const FixedPoint &point : points) {
         if (previous && *previous == point)
             continue;
-        vertices_.push_back({double{1} * point.x / fixedOne, double{1} * point.y / fixedOne * shape_.aspect});
+        vertices_.push_back({double{1} * point.x / fixedOne, double{1} * point.y / fixedOne});
         previous = &point;
     }
     while (isClosed && vertices_.size() > 1 && (vertices_.front() - vertices_.back()).length() == 0)
@@ -188,7 +188,7 @@ void Widener::arc(Vector center, Vector from, double angle)
 void Widener::emit(Vector point)
 {
     double shift = shape_.isEven ? 0.5 : 0;
-    outline_.points.push_back({toFixed(point.x - shift), toFixed(point.y / shape_.aspect - shift)});
+    outline_.points.push_back({toFixed(point.x - shift), toFixed(point.y - shift)});
 }
 
 // Outlines a dash that is complete. One without length, of a pen whose caps make up for that, still has a
@@ -220,8 +220,7 @@ void Widener::addDashes(std::span<const FixedPoint> points, bool isClosed, const
         line.push_back(line.front());
 
     double reach = shape_.radius * std::max(2.0, shape_.miterLimit);
-    Window window{bounds.x1 - reach, (bounds.y1 - reach) * shape_.aspect, bounds.x2 + reach,
-                  (bounds.y2 + reach) * shape_.aspect};
+    Window window{bounds.x1 - reach, bounds.y1 - reach, bounds.x2 + reach, bounds.y2 + reach};
     std::vector<Vector> dash;
     DashPattern::Place place = pattern.at(0);
     double travelled = 0;

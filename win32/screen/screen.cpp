@@ -171,6 +171,25 @@ bool setMode(const std::string &mode)
     return true;
 }
 
+void beep()
+{
+    fputc('\a', stderr);
+}
+
+namespace {
+bool isRightButtonFirst = false;
+}
+
+bool areButtonsSwapped()
+{
+    return isRightButtonFirst;
+}
+
+void swapButtons(bool isSwapped)
+{
+    isRightButtonFirst = isSwapped;
+}
+
 Box takeDamage()
 {
     return std::exchange(current()->damage.area, Box{});

@@ -227,10 +227,10 @@ TEST(RasterCodes, BitBltConvertsBetweenAllFormats)
             Canvas source(width, height, from), canvas(width, height, to);
             for (DWORD rop : {SRCCOPY, SRCINVERT}) {
                 std::vector<uint32_t> pixels = randomPixels(source, random), expected = randomPixels(canvas, random);
-                // Only the channels, so that the background can be found.
-                if (from.depth == 32)
+                // Bits that mean nothing might keep a pixel from being the background.
+                if (from.depth > 8)
                     for (uint32_t &pixel : pixels)
-                        pixel &= 0xffffff;
+                        pixel = nearestPixel(from, colorOfPixel(from, pixel));
                 uint32_t backgroundPixel = pixels[17];
                 std::fill_n(pixels.begin() + 40, 20, backgroundPixel);
                 COLORREF text = random() & 0xffffff, background = random() & 0xffffff;

@@ -64,6 +64,7 @@ protected:
         found += shown(Get1IndResource(abcd, 1));
         found += shown(Get1Resource(typeNamed("LStr"), 200));
         found += std::to_string(Count1Resources(abcd)) + ",";
+        Get1Resource(typeNamed("PICT"), 300); // a bitmap
         for (SInt16 id = 1000; id < 1070; ++id) // in memory only, and enough for the lists to grow
             addNew(id, "");
         UseResFile(text);
