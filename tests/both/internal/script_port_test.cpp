@@ -20,7 +20,7 @@ SInt16 note(char call)
 TEST(ScriptPort, TheCurrentScriptIsThatOfTheCurrentPortsFont)
 {
     LOGFONTA description{};
-    description.lfCharSet = GREEK_CHARSET;
+    description.lfCharSet = 161; // Greek
     GrafPort port{};
     port.portFont = CreateFontIndirectA(&description);
     GrafPtr before = qd.thePort;
@@ -28,7 +28,7 @@ TEST(ScriptPort, TheCurrentScriptIsThatOfTheCurrentPortsFont)
     portFontCalls = {[](GrafPtr) { return note('s'); }, [](GrafPtr) { return note('u'); }};
 
     qd.thePort = &port;
-    EXPECT_EQ(MTBX_MacScriptToCharSet(smCurrentScript), GREEK_CHARSET);
+    EXPECT_EQ(MTBX_MacScriptToCharSet(smCurrentScript), description.lfCharSet);
     EXPECT_EQ(calls, "su");
     EXPECT_EQ(MTBX_MacScriptToCodePage(smCurrentScript), 1253u);
     calls.clear();

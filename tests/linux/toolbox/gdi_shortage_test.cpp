@@ -36,6 +36,7 @@ protected:
         MTBX_GetMemUsageLimits(&soft_, &hard_);
         MTBX_SetMemUsageLimits(UINT64_MAX / 2, 12000000); // three tries
         SetGrowZoneEx(growZone);
+        BitMapToRegion(nullptr, nullptr);
         objectsBefore_ = Win32Control_GdiObjects();
         BitMapToRegion(nullptr, nullptr); // the buffer of earlier tests would go with the first purge
         memoryBefore_ = MEM_GetMemUsage();
