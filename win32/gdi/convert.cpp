@@ -156,12 +156,7 @@ void PixelConverter::convertIndexed(const uint8_t *row, int x, int count, uint32
     }
 }
 
-<<<<<<< HEAD
-WIN32_FOR_EACH_PROCESSOR
-void PixelConverter::convertRow(const uint8_t *row, int x, int count, uint32_t *pixels) const
-=======
 void PixelConverter::convert(const uint8_t *row, int x, int count, uint32_t *pixels) const
->>>>>>> gdi2
 {
     const PixelFormat &format = source_.format;
     switch (way_) {
@@ -176,12 +171,6 @@ void PixelConverter::convert(const uint8_t *row, int x, int count, uint32_t *pix
             pixels[i] = (pixels[i] & channels_) == background_;
     else if (way_ != Way::Identity)
         convertRemembering(pixels, count);
-}
-
-// Other files call this one: clang gives variants of a function names of their own only.
-void PixelConverter::convert(const uint8_t *row, int x, int count, uint32_t *pixels) const
-{
-    convertRow(row, x, count, pixels);
 }
 
 } // namespace win32::gdi
