@@ -18,6 +18,13 @@ typedef enum Win32Allocation {
     WIN32_ALLOCATION_GLOBAL, // GlobalAlloc, GlobalReAlloc
     WIN32_ALLOCATION_HEAP,   // HeapAlloc, HeapReAlloc
     WIN32_ALLOCATION_LAYER,  // what the layer itself needs to do its work
+    WIN32_ALLOCATION_PEN,    // from here on: creations of graphics objects, whose size counts as 0
+    WIN32_ALLOCATION_BRUSH,
+    WIN32_ALLOCATION_CONTEXT,
+    WIN32_ALLOCATION_PALETTE,
+    WIN32_ALLOCATION_FONT,
+    WIN32_ALLOCATION_BITMAP,
+    WIN32_ALLOCATION_REGION,
     WIN32_ALLOCATION_KINDS
 } Win32Allocation;
 
@@ -53,12 +60,32 @@ __declspec(dllimport) void Win32Control_HideModule(LPCSTR module, LPCSTR functio
 typedef void (*Win32DebugOutputReceiver)(LPCSTR text, void *context);
 __declspec(dllimport) void Win32Control_ReceiveDebugOutput(Win32DebugOutputReceiver receiver, void *context);
 
+// Answers message boxes instead of a person: they do not show, and the call gives what the answerer says. Null ends
+// it.
+typedef int (*Win32MessageBoxAnswerer)(LPCSTR text, LPCSTR caption, UINT type, void *context);
+__declspec(dllimport) void Win32Control_AnswerMessageBoxes(Win32MessageBoxAnswerer answerer, void *context);
+
 // How many handles are open in the process, of all kinds: for tests that look for leaks.
 __declspec(dllimport) DWORD Win32Control_OpenHandles(void);
 // Bytes and blocks held by GlobalAlloc and HeapAlloc.
 __declspec(dllimport) void Win32Control_HeldMemory(SIZE_T *bytes, SIZE_T *blocks);
 
-// Everything back to normal.
+// How many graphics objects the process may have; 0 is the usual 10,000.
+__declspec(dllimport) void Win32Control_LimitGdiObjects(DWORD count);
+// How many it has, stock objects aside.
+__declspec(dllimport) DWORD Win32Control_GdiObjects(void);
+// Counts, and can refuse, creations of all kinds of graphics objects together, numbered as above.
+__declspec(dllimport) void Win32Control_RefuseGdiCreations(DWORD first, DWORD count);
+__declspec(dllimport) DWORD Win32Control_GdiCreationsCounted(void);
+
+// The screen anew in another mode, such as "800x600x8" or "1024x768x32,800x600x32" for two monitors side
+// by side; what is on it is lost. FALSE for a mode that cannot be.
+__declspec(dllimport) BOOL Win32Control_SetScreenMode(LPCSTR mode);
+// Pictures as PNG files under a Win32 path: of the screen, of a part of it, of a bitmap.
+__declspec(dllimport) BOOL Win32Control_SaveScreen(LPCSTR path, const RECT *part);
+__declspec(dllimport) BOOL Win32Control_SaveBitmap(LPCSTR path, HBITMAP bitmap);
+
+// Everything back to normal; the screen keeps its mode.
 __declspec(dllimport) void Win32Control_Reset(void);
 
 #ifdef __cplusplus

@@ -29,6 +29,7 @@
 #include <mtbx/QDOffscreen.h>
 #include <mtbx/Quickdraw.h>
 #include <mtbx/Resources.h>
+#include <mtbx/Script.h>
 #include <mtbx/TextEdit.h>
 #include <mtbx/TextUtils.h>
 #include <mtbx/ToolUtils.h>

@@ -56,13 +56,14 @@ bool beginWalk(const char *pattern)
     return !isDots(cache.found.cFileName) || step(cache);
 }
 
-// The path of the n-th entry; false past the last.
+// The path of the n-th entry; false past the last. A directory that is not known stands for the root of the
+// current drive, here and by name.
 bool indexedPath(SInt32 directory, SInt16 index, char *path)
 {
     const char *folder = files::directoryPath(directory);
     char pattern[files::pathSize + 2] = "";
     files::appendBounded(pattern, sizeof pattern, folder ? folder : "");
-    files::appendBounded(pattern, sizeof pattern, folder ? "\\*" : "*");
+    files::appendBounded(pattern, sizeof pattern, "\\*");
     bool found = cacheServes(directory, index);
     SInt16 steps = found ? SInt16{1} : static_cast<SInt16>(index - 1);
     if (!found)
@@ -92,9 +93,9 @@ void namedPath(SInt32 directory, ConstStr255Param name, char *path)
     if (separator && separator[1] == 0)
         text[separator - text] = 0;
     path[0] = 0;
-    const char *folder = files::lastSeparator(text) ? nullptr : files::directoryPath(directory);
-    if (folder) {
-        files::appendBounded(path, files::pathSize, folder);
+    if (!files::lastSeparator(text)) {
+        const char *folder = files::directoryPath(directory);
+        files::appendBounded(path, files::pathSize, folder ? folder : "");
         files::appendBounded(path, files::pathSize, "\\");
     }
     files::appendBounded(path, files::pathSize, text);

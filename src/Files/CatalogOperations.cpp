@@ -120,9 +120,7 @@ OSErr PBHGetFInfoSync(HParmBlkPtr paramBlock)
     file.ioResult = buildPath(file.ioDirID, name, path);
     if (file.ioResult != noErr)
         return file.ioResult;
-    Str255 pascalPath;
-    copyPascal(path, pascalPath);
-    file.ioFlFndrInfo.fdType = isProgram(path) ? applicationType : MTBX_FileTypeFromName(pascalPath);
+    file.ioFlFndrInfo.fdType = isProgram(path) ? applicationType : typeOfPath(path);
     WIN32_FIND_DATAA found;
     HANDLE search = FindFirstFileA(path, &found);
     if (search == INVALID_HANDLE_VALUE)

@@ -53,7 +53,7 @@ size_t lengthWithoutSeparator(const char *path)
     if (length == MAX_PATH)
         return MAX_PATH - 1;
     auto bytes = reinterpret_cast<const unsigned char *>(path);
-    bool endsInSeparator = length > 1 && _mbsrchr(bytes, '\\') == bytes + length - 1;
+    bool endsInSeparator = length > 0 && _mbsrchr(bytes, '\\') == bytes + length - 1;
     return endsInSeparator ? length - 1 : length;
 }
 

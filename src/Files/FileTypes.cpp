@@ -45,8 +45,14 @@ void MTBX_GetExtensionFromFilename(const char *path, char *extension)
 
 OSType MTBX_FileTypeFromName(ConstStr255Param name)
 {
-    char path[256], extension[files::pathSize];
+    char path[256];
     files::copyName(name, path);
+    return files::typeOfPath(path);
+}
+
+OSType files::typeOfPath(const char *path)
+{
+    char extension[files::pathSize];
     MTBX_GetExtensionFromFilename(path, extension);
     for (const ExtensionType &known : extensionTypes) {
         if (strcmp(known.extension, extension) == 0)

@@ -50,6 +50,9 @@ void appendBounded(char *buffer, size_t size, const char *text);
 // The path of a name in a directory, by the rules of a spec. dirNFErr for an unknown directory.
 OSErr buildPath(SInt32 dirID, ConstStr255Param name, char *path);
 
+// The same as MTBX_FileTypeFromName for a path, which may be longer than a Pascal string.
+OSType typeOfPath(const char *path);
+
 // The path of the open file with the number; null when there is none.
 const char *openFilePath(SInt16 refNum);
 

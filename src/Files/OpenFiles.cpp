@@ -78,6 +78,15 @@ const char *openFilePath(SInt16 refNum)
     return file ? file->path : nullptr;
 }
 
+bool nativePosition(const FileSlot &file, UInt64 &position)
+{
+    LARGE_INTEGER distance{}, found;
+    if (!SetFilePointerEx(file.file, distance, &found, FILE_CURRENT))
+        return false;
+    position = static_cast<UInt64>(found.QuadPart);
+    return true;
+}
+
 OSErr convertedLastError()
 {
     return static_cast<OSErr>(MTBX_GetLastError());
@@ -175,11 +184,8 @@ OSErr SetFPos(SInt16 refNum, SInt16 mode, SInt32 offset)
 OSErr GetFPos(SInt16 refNum, SInt32 *position)
 {
     FileSlot *slot = findOpenFile(refNum);
-    if (!slot)
-        return rfNumErr;
-    SetLastError(NO_ERROR);
-    DWORD found = SetFilePointer(slot->file, 0, nullptr, FILE_CURRENT);
-    if (found == INVALID_SET_FILE_POINTER && GetLastError() != NO_ERROR)
+    UInt64 found;
+    if (!slot || !nativePosition(*slot, found))
         return rfNumErr;
     *position = static_cast<SInt32>(found);
     return noErr;

@@ -9,14 +9,14 @@ namespace files {
 
 struct FileSlot;
 
-// The one transfer that an overlapped file can have under way. The native record comes first, so that the
+// The one write that an overlapped file can have under way. The native record comes first, so that the
 // completion finds the rest.
 struct Transfer {
     OVERLAPPED overlapped;
     bool inUse;
     UInt32 size;
     FileSlot *file;
-    ParmBlkPtr paramBlock; // of an asynchronous one
+    ParmBlkPtr paramBlock;
 };
 
 struct FileSlot {
@@ -29,6 +29,9 @@ struct FileSlot {
 
 // Null for a number that no open file has.
 FileSlot *findOpenFile(SInt16 refNum);
+
+// Where the file stands, at full width; false when the system does not tell.
+bool nativePosition(const FileSlot &file, UInt64 &position);
 
 OSErr convertedLastError();
 

@@ -40,37 +40,53 @@ private:
 };
 
 // Waits for a transfer that goes on by itself; its count, or the error that it ended with.
-OSErr awaitTransfer(FileSlot &file, DWORD &count)
+OSErr awaitTransfer(HANDLE file, OVERLAPPED &overlapped, DWORD &count)
 {
-    WaitForSingleObject(file.transfer.overlapped.hEvent, INFINITE);
-    bool ended = GetOverlappedResult(file.file, &file.transfer.overlapped, &count, TRUE);
+    WaitForSingleObject(overlapped.hEvent, INFINITE);
+    bool ended = GetOverlappedResult(file, &overlapped, &count, TRUE);
     if (ended)
         return noErr;
     count = 0;
     return convertedLastError();
 }
 
-// On an overlapped file the position does not move by itself, so it is read before and set after.
+void setOffset(OVERLAPPED &overlapped, UInt64 position)
+{
+    overlapped.Offset = static_cast<DWORD>(position);
+    overlapped.OffsetHigh = static_cast<DWORD>(position >> 32);
+}
+
+// The position goes behind what was moved, at full width: 32 bits would end at 4 GB.
+OSErr moveBehind(HANDLE file, const OVERLAPPED &overlapped, DWORD count)
+{
+    LARGE_INTEGER position;
+    position.LowPart = overlapped.Offset;
+    position.HighPart = static_cast<LONG>(overlapped.OffsetHigh);
+    position.QuadPart += count;
+    return SetFilePointerEx(file, position, nullptr, FILE_BEGIN) ? OSErr{noErr} : convertedLastError();
+}
+
+// On an overlapped file the position does not move by itself, so it is read before and set after. The
+// native record is the call's own: that of the file may belong to a write under way.
 OSErr transferOverlapped(Direction direction, FileSlot &file, void *buffer, DWORD size, DWORD &count)
 {
-    SInt32 position;
-    if (OSErr error = GetFPos(file.refNum, &position))
-        return error;
+    UInt64 position;
+    if (!nativePosition(file, position))
+        return rfNumErr;
     Event event;
-    count = 0;
     if (!event.handle())
         return convertedLastError();
-    file.transfer = {};
-    file.transfer.inUse = true;
-    file.transfer.size = size;
-    file.transfer.file = &file;
-    file.transfer.overlapped.Offset = static_cast<DWORD>(position);
-    file.transfer.overlapped.hEvent = event.handle();
+    OVERLAPPED overlapped{};
+    setOffset(overlapped, position);
+    overlapped.hEvent = event.handle();
     OSErr result = noErr;
-    if (!startNative(direction, file.file, buffer, size, &count, &file.transfer.overlapped))
-        result = GetLastError() == ERROR_IO_PENDING ? awaitTransfer(file, count) : convertedLastError();
-    file.transfer = {};
-    return result ? result : SetFPos(file.refNum, fsFromMark, static_cast<SInt32>(count));
+    if (!startNative(direction, file.file, buffer, size, &count, &overlapped))
+        result =
+            GetLastError() == ERROR_IO_PENDING ? awaitTransfer(file.file, overlapped, count) : convertedLastError();
+    if (result == noErr)
+        return moveBehind(file.file, overlapped, count);
+    count = 0;
+    return result;
 }
 
 OSErr transferNow(Direction direction, SInt16 refNum, void *buffer, SInt32 *count)
@@ -78,18 +94,19 @@ OSErr transferNow(Direction direction, SInt16 refNum, void *buffer, SInt32 *coun
     FileSlot *file = findOpenFile(refNum);
     if (!file)
         return rfNumErr;
+    auto asked = static_cast<DWORD>(*count);
+    bool isNegative = *count < 0;
+    *count = 0;
     // A negative count would ask for more than any buffer holds.
-    if (*count < 0) {
-        *count = 0;
+    if (isNegative)
         return paramErr;
-    }
     DWORD moved = 0;
     OSErr result = noErr;
     if (file->isOverlapped)
-        result = transferOverlapped(direction, *file, buffer, static_cast<DWORD>(*count), moved);
-    else if (!startNative(direction, file->file, buffer, static_cast<DWORD>(*count), &moved, nullptr))
-        result = convertedLastError();
-    *count = result == noErr ? static_cast<SInt32>(moved) : 0;
+        result = transferOverlapped(direction, *file, buffer, asked, moved);
+    else if (!startNative(direction, file->file, buffer, asked, &moved, nullptr))
+        return convertedLastError();
+    *count = static_cast<SInt32>(moved);
     return result;
 }
 
@@ -103,7 +120,7 @@ void CALLBACK completeWrite(DWORD error, DWORD count, LPOVERLAPPED overlapped)
         result = static_cast<OSErr>(MTBX_ConvertError(error));
     } else {
         if (transfer->file->file)
-            result = SetFPos(transfer->file->refNum, fsFromStart, static_cast<SInt32>(overlapped->Offset + count));
+            result = moveBehind(transfer->file->file, *overlapped, count);
         if (count != transfer->size)
             result = eofErr;
     }
@@ -121,15 +138,15 @@ OSErr writeInBackground(IOParam &parameters, ParmBlkPtr paramBlock)
     // One at a time: a second write would overwrite the record that the first one needs to end.
     if (file->transfer.inUse)
         return fBsyErr;
-    SInt32 position;
-    if (OSErr error = GetFPos(parameters.ioRefNum, &position))
-        return error;
+    UInt64 position;
+    if (!nativePosition(*file, position))
+        return rfNumErr;
     file->transfer = {};
     file->transfer.inUse = true;
     file->transfer.size = static_cast<UInt32>(parameters.ioReqCount);
     file->transfer.file = file;
     file->transfer.paramBlock = paramBlock;
-    file->transfer.overlapped.Offset = static_cast<DWORD>(position);
+    setOffset(file->transfer.overlapped, position);
     Ptr buffer = parameters.ioBuffer;
     if (WriteFileEx(file->file, buffer, file->transfer.size, &file->transfer.overlapped, completeWrite))
         return noErr;
@@ -142,7 +159,7 @@ OSErr writePiece(IOParam &parameters)
 {
     SInt32 count = parameters.ioReqCount;
     OSErr result = transferNow(Direction::Write, parameters.ioRefNum, parameters.ioBuffer, &count);
-    parameters.ioActCount = count;
+    parameters.ioActCount = result == noErr ? count : 0;
     bool isShort = result == noErr && count < parameters.ioReqCount;
     parameters.ioResult = isShort ? OSErr{eofErr} : result;
     return parameters.ioResult;

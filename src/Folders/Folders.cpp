@@ -16,15 +16,19 @@ bool baseFolder(char *path)
     return SHGetFolderPathA(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT, path) == S_OK;
 }
 
-// Puts a subfolder behind a path, with one backslash between them.
-void join(char *path, const char *subfolder)
+// Puts a subfolder behind a path, with one backslash between them. False when the path would be too long:
+// a folder whose name is cut is another one.
+bool join(char *path, const char *subfolder)
 {
     const char *end = path + strlen(path);
     if (*CharPrevExA(CP_ACP, path, end, 0) != '\\')
         files::appendBounded(path, files::pathSize, "\\");
     if (*subfolder == '\\')
         subfolder = CharNextExA(CP_ACP, subfolder, 0);
+    if (strlen(path) + strlen(subfolder) >= files::pathSize)
+        return false;
     files::appendBounded(path, files::pathSize, subfolder);
+    return true;
 }
 
 enum class Found { Nothing, Folder, File };
@@ -54,8 +58,8 @@ OSErr FindAndCreatePrefsFolder(char *path, Boolean create, const char *subfolder
     if (!baseFolder(path))
         return dirNFErr;
     for (const char *subfolder : subfolders) {
-        if (subfolder)
-            join(path, subfolder);
+        if (subfolder && !join(path, subfolder))
+            return dirNFErr;
     }
     Found found = lookFor(path);
     if (found != Found::Nothing)
@@ -63,10 +67,7 @@ OSErr FindAndCreatePrefsFolder(char *path, Boolean create, const char *subfolder
     if (!create || !baseFolder(path) || !ensure(path))
         return dirNFErr;
     for (const char *subfolder : subfolders) {
-        if (!subfolder)
-            continue;
-        join(path, subfolder);
-        if (!ensure(path))
+        if (subfolder && !(join(path, subfolder) && ensure(path)))
             return dirNFErr;
     }
     return noErr;

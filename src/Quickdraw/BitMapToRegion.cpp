@@ -1,20 +1,15 @@
 // The set bits of a bitmap as a region: each run of bits in a row is one rectangle, a pixel high.
 #include "GdiGuard_internal.h"
 #include "Regions_internal.h"
+#include "ScanBuffer.h"
 
 #include <mtbx/MacErrors.h>
-#include <mtbx/MacMemory.h>
 
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <utility>
 
 namespace {
-
-// Kept between calls; its capacity is in rectangles.
-Handle scanBuffer = nullptr;
-SInt64 scanCapacity = 0;
 
 struct BitRows {
     const UInt8 *base;
@@ -90,6 +85,8 @@ SInt32 takeFirst(UInt64 &pixels)
 SInt64 countRuns(const BitRows &rows)
 {
     SInt64 count = 0;
+    if (!rows.base)
+        return count;
     const UInt8 *row = rows.base;
     for (SInt32 y = 0; y < rows.height; ++y, row += rows.rowBytes)
         visitRuns(row, rows.visitedBytes, [&](SInt32, UInt64 starts, UInt64) { count += std::popcount(starts); });
@@ -111,31 +108,6 @@ RECT *scanRow(const UInt8 *row, SInt32 byteCount, SInt32 y, RECT *next)
     return next;
 }
 
-void releaseScanBuffer()
-{
-    DisposeHandle(scanBuffer);
-    scanBuffer = nullptr;
-    scanCapacity = 0;
-}
-
-// Room for more rectangles than there are, in the steps of a buffer that doubles when it is full.
-bool reserveScanBuffer(SInt64 runCount)
-{
-    SInt64 capacity = scanCapacity == 0 ? 1024 : scanCapacity;
-    while (capacity <= runCount)
-        capacity *= 2;
-    if (scanBuffer && *scanBuffer && capacity <= scanCapacity)
-        return true;
-    releaseScanBuffer();
-    SInt64 byteCount = static_cast<SInt64>(sizeof(RGNDATAHEADER)) + capacity * static_cast<SInt64>(sizeof(RECT));
-    if (byteCount > INT32_MAX)
-        return false;
-    scanBuffer = NewHandle(static_cast<Size>(byteCount));
-    if (scanBuffer)
-        scanCapacity = capacity;
-    return scanBuffer;
-}
-
 // In the coordinates of the bitmap's top left. The buffer receives what ExtCreateRegion wants.
 HRGN scan(const BitRows &rows, const Rect &bounds, Handle buffer)
 {
@@ -154,19 +126,16 @@ HRGN scan(const BitRows &rows, const Rect &bounds, Handle buffer)
     return MTBX_ExtCreateRegion(nullptr, static_cast<DWORD>(sizeof(RGNDATAHEADER)) + byteCount, data);
 }
 
-// The buffer is out of reach meanwhile: in a shortage the host may ask to release it.
-HRGN scanWithBuffer(const BitRows &rows, const Rect &bounds)
+// Room for all runs. The host may draw when it is asked for memory, so the runs are counted again then.
+bool reserve(ScanBuffer &buffer, const BitRows &rows)
 {
-    Handle buffer = std::exchange(scanBuffer, nullptr);
-    SInt64 capacity = scanCapacity;
-    HLock(buffer);
-    HRGN region = scan(rows, bounds, buffer);
-    HUnlock(buffer);
-    HPurge(buffer);
-    releaseScanBuffer();
-    scanBuffer = buffer;
-    scanCapacity = capacity;
-    return region;
+    SInt64 runCount = countRuns(rows);
+    while (buffer.isTooSmallFor(runCount)) {
+        if (!buffer.growFor(runCount))
+            return false;
+        runCount = countRuns(rows);
+    }
+    return true;
 }
 
 } // namespace
@@ -174,18 +143,19 @@ HRGN scanWithBuffer(const BitRows &rows, const Rect &bounds)
 OSErr BitMapToRegion(RgnHandle rgn, const BitMap *bitmap)
 {
     if (!rgn) {
-        releaseScanBuffer();
+        MTBX_ReleaseScanBuffer();
         return noErr;
     }
     if (isDeep(*bitmap))
         return pixmapTooDeepErr;
     BitRows rows = rowsOf(*bitmap);
     GdiFlush(); // drawing into the bitmap may be pending
-    if (!reserveScanBuffer(rows.base ? countRuns(rows) : 0))
+    ScanBuffer buffer;
+    if (!reserve(buffer, rows))
         return memFullErr;
     if (!rows.base)
         return noErr;
-    HRGN region = scanWithBuffer(rows, bitmap->bounds);
+    HRGN region = scan(rows, bitmap->bounds, buffer.handle());
     if (!region)
         return rgnTooBigErr;
     replaceNativeRegion(rgn, region);

@@ -57,7 +57,11 @@ void CalcRgnBox(RgnHandle rgn)
 
 void replaceNativeRegion(RgnHandle rgn, HRGN region)
 {
-    HRGN old = *rgn ? std::exchange((*rgn)->rgnNative, region) : region;
+    HRGN old = region;
+    if (*rgn) {
+        old = (*rgn)->rgnNative;
+        (*rgn)->rgnNative = region;
+    }
     if (old)
         DeleteObject(old);
     CalcRgnBox(rgn);

@@ -24,15 +24,16 @@ Handle load(const ResourceFile &file, ResType type, SInt16 id, Handle reuse, Nam
     return textSearches != 0 ? loadFromText(file, type, id, reuse, name) : nullptr;
 }
 
-// Lists what was loaded. The host may have got the same resource meanwhile, while it made room: its handle counts.
-Handle listLoaded(ResourceFile &file, ResType type, SInt16 id, Handle loaded, const char *name)
+// Lists what was loaded. While it made room the host may have closed the file, or got the same resource: then that
+// handle counts.
+Handle listLoaded(ResourceFile &file, const Opening &opening, ResType type, SInt16 id, Handle loaded, const char *name)
 {
     OSErr error = resError;
-    if (listResource(file, type, id, loaded, name) == noErr)
+    if (!opening.isOver() && listResource(file, type, id, loaded, name) == noErr)
         return loaded;
     releaseNative(type, name, loaded);
     DisposeHandle(loaded);
-    ResourceEntry *entry = findByKey(file.map, type, id);
+    ResourceEntry *entry = opening.isOver() ? nullptr : findByKey(file.map, type, id);
     if (!entry)
         return nullptr;
     resError = error;
@@ -48,8 +49,9 @@ Handle lookUp(ResourceFile &file, ResType type, SInt16 id)
         return entry->handle;
     Handle emptied = entry ? entry->handle : nullptr;
     NameBuffer name;
+    Opening opening(file);
     Handle loaded = load(file, type, id, emptied, name);
-    return loaded && !emptied ? listLoaded(file, type, id, loaded, name) : loaded;
+    return loaded && !emptied ? listLoaded(file, opening, type, id, loaded, name) : loaded;
 }
 
 } // namespace resources

@@ -13,7 +13,6 @@ namespace resources {
 namespace {
 
 constexpr ResType localString = 0x4C537472; // 'LStr'
-constexpr ResType menuBar = 0x4D424152;     // 'MBAR'
 constexpr char pictureName[] = "PICT";
 
 LPCSTR resourceName(SInt16 id)
@@ -61,21 +60,20 @@ Handle makeRoomIn(const ResourceFile &file, Handle reuse, size_t size)
     return nullptr;
 }
 
-// The words behind the count of a menu bar, which the payload does not hold, are its menus and an end.
 void fillMenuBar(Handle h, std::span<const char> words)
 {
-    auto count = static_cast<SInt16>(words.size() < 2 ? 0 : (words.size() - 2) / 2);
+    SInt16 count = menuBarCount(words);
     memcpy(*h, &count, sizeof count);
     std::copy(words.begin(), words.end(), *h + sizeof count);
 }
 
 Handle loadPayload(const ResourceFile &file, ResType type, const Payload &payload, Handle reuse)
 {
-    size_t size = payload.data.size() + (type == menuBar ? sizeof(SInt16) : 0);
+    size_t size = payload.data.size() + (type == menuBarType ? sizeof(SInt16) : 0);
     Handle h = makeRoomIn(file, reuse, size);
     if (!h || resError != noErr)
         return h;
-    if (type == menuBar)
+    if (type == menuBarType)
         fillMenuBar(h, payload.data);
     else
         std::copy(payload.data.begin(), payload.data.end(), *h);

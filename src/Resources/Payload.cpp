@@ -7,10 +7,9 @@ namespace resources {
 bool readPayload(std::span<const char> bytes, Payload &payload)
 {
     constexpr size_t flagSize = 2;
-    constexpr unsigned char nameFollows = 2;
     if (bytes.size() < flagSize)
         return false;
-    bool isNamed = static_cast<unsigned char>(bytes[0]) & nameFollows;
+    bool isNamed = static_cast<unsigned char>(bytes[0]) & payloadIsNamed;
     bytes = bytes.subspan(flagSize);
     payload = {"", bytes};
     if (!isNamed)
@@ -20,6 +19,12 @@ bool readPayload(std::span<const char> bytes, Payload &payload)
         return false;
     payload = {bytes.data(), bytes.subspan(static_cast<size_t>(end + 1 - bytes.data()))};
     return true;
+}
+
+SInt16 menuBarCount(std::span<const char> payloadData)
+{
+    constexpr size_t wordSize = sizeof(SInt16);
+    return static_cast<SInt16>(payloadData.size() < wordSize ? 0 : payloadData.size() / wordSize - 1);
 }
 
 } // namespace resources

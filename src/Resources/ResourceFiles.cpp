@@ -115,11 +115,12 @@ SInt16 openFile(const char *path)
     return file->refNum;
 }
 
-// The place is free before its handles go, so that what runs meanwhile finds nothing half closed.
+// The place is free before its handles go, so that what runs meanwhile finds nothing half closed. The module that
+// the host has made its own by hResInst stays loaded.
 void closePlace(ResourceFile &file)
 {
     ResourceMap map = file.map;
-    HMODULE loaded = file.isLoadedHere ? file.module : nullptr;
+    HMODULE loaded = file.isLoadedHere && !standsForHost(file) ? file.module : nullptr;
     SInt16 refNum = static_cast<SInt16>(firstRefNum + (&file - places));
     file.map = {};
     clearPlace(file);

@@ -1,20 +1,12 @@
 #include "TextResources.h"
 
-#include <algorithm>
+#include "SisterFile.h"
+
 #include <cstdio>
 #include <cstring>
-#include <iterator>
 
 namespace resources {
 namespace {
-
-constexpr ResType sisterTypes[] = {
-    0x4F4D7072, // 'OMpr'
-    0x4F4D696E, // 'OMin'
-    0x4F4D6F70, // 'OMop'
-    0x50494E6F, // 'PINo'
-    0x52537072, // 'RSpr'
-};
 
 // The size is only what the file says, so nothing is touched of a block that may be far too large: the C heap has
 // cleared memory of any size at no cost.
@@ -33,14 +25,11 @@ Handle makeRoom(Handle reuse, Size size)
 
 } // namespace
 
-// Some types live in a sister file beside a ".txt" file: "x_.txt" beside "x.txt".
 TextSection::TextSection(const ResourceFile &file, ResType type) : typeName_(type)
 {
     memcpy(path_, file.path, sizeof file.path);
-    char *extension = strrchr(path_, '.');
-    bool hasSister = extension && _stricmp(extension, ".txt") == 0;
-    if (hasSister && std::find(std::begin(sisterTypes), std::end(sisterTypes), type) != std::end(sisterTypes))
-        memcpy(extension, "_.txt", sizeof "_.txt");
+    if (livesInSisterFile(type))
+        toSisterFile(path_);
 }
 
 TextKey::TextKey(SInt16 id, const char *suffix)

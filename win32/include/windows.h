@@ -11,6 +11,7 @@
 #include <windef.h>
 #include <winerror.h>
 #include <winbase.h>
+#include <wingdi.h>
 #include <winnls.h>
 #include <winuser.h>
 

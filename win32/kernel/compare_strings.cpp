@@ -2,7 +2,9 @@
 #include "code_pages.h"
 #include "kernel_internal.h"
 
+#include <cstring>
 #include <cwctype>
+#include <optional>
 
 #include <locale.h>
 
@@ -30,50 +32,63 @@ unsigned weightOf(char16_t character)
     return kind << 24 | folded;
 }
 
-template <class Text> int compareFolded(const Text &left, const Text &right)
-{
-    size_t place = 0;
-    for (; place < left.size() && place < right.size(); ++place) {
-        unsigned first = weightOf(static_cast<char16_t>(left[place]));
-        unsigned second = weightOf(static_cast<char16_t>(right[place]));
-        if (first != second)
-            return first < second ? -1 : 1;
-    }
-    return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;
-}
-
-// Texts that differ in case only: a small letter comes before its capital, and has the higher number.
-template <class Text> int compareCase(const Text &left, const Text &right)
-{
-    int order = left.compare(right);
-    return order > 0 ? -1 : order < 0 ? 1 : 0;
-}
-
-template <class Text> int compareAll(const Text &left, const Text &right, bool withCase)
-{
-    int order = compareFolded(left, right);
-    return order == 0 && withCase ? compareCase(left, right) : order;
-}
-
-bool isAscii(std::string_view text)
-{
-    for (char character : text) {
-        if (static_cast<signed char>(character) < 0)
+// The order of two texts as it shows from their beginnings on.
+class Order {
+public:
+    // False when the characters decide.
+    bool areEqual(unsigned left, unsigned right)
+    {
+        if (left == right)
+            return true;
+        unsigned leftWeight = weightOf(static_cast<char16_t>(left)),
+                 rightWeight = weightOf(static_cast<char16_t>(right));
+        if (leftWeight != rightWeight) {
+            byLetters_ = leftWeight < rightWeight ? -1 : 1;
             return false;
+        }
+        // A small letter comes before its capital, and has the higher number.
+        if (byCase_ == 0)
+            byCase_ = left > right ? -1 : 1;
+        return true;
     }
-    return true;
+
+    int result(bool withCase) const { return byLetters_ != 0 || !withCase ? byLetters_ : byCase_; }
+
+private:
+    int byLetters_ = 0;
+    int byCase_ = 0;
+};
+
+int compareCharacters(const std::u16string &left, const std::u16string &right, bool withCase)
+{
+    Order order;
+    for (size_t place = 0; order.areEqual(left[place], right[place]) && left.c_str()[place]; ++place) {
+    }
+    return order.result(withCase);
+}
+
+// ASCII texts need no conversion. Null when another character comes before the order is known.
+std::optional<int> compareAscii(const char *left, const char *right, bool withCase)
+{
+    Order order;
+    for (;; ++left, ++right) {
+        auto first = static_cast<unsigned char>(*left), second = static_cast<unsigned char>(*right);
+        if (first >= 0x80 || second >= 0x80)
+            return std::nullopt;
+        if (!order.areEqual(first, second) || first == 0)
+            return order.result(withCase);
+    }
 }
 
 int compare(LPCSTR left, LPCSTR right, bool withCase)
 {
     if (!left || !right)
         return left ? 1 : right ? -1 : 0;
-    std::string_view first = left, second = right;
-    if (isAscii(first) && isAscii(second))
-        return compareAll(first, second, withCase);
+    if (auto order = compareAscii(left, right, withCase))
+        return *order;
     // Without memory for the characters the bytes still tell equal from unequal.
-    return guarded(first.compare(second),
-                   [&] { return compareAll(utf16FromAnsi(first), utf16FromAnsi(second), withCase); });
+    return guarded(strcmp(left, right),
+                   [=] { return compareCharacters(utf16FromAnsi(left), utf16FromAnsi(right), withCase); });
 }
 
 } // namespace

@@ -46,10 +46,13 @@ CallPlan callPlans[] = {
 
 std::mutex stateMutex;
 AllocationPlan allocationPlans[WIN32_ALLOCATION_KINDS];
+AllocationPlan gdiPlan; // of all graphics objects together
 std::set<std::string> hiddenNames;
 OSVERSIONINFOA pretendedVersion{};
 Win32DebugOutputReceiver debugReceiver = nullptr;
 void *debugReceiverContext = nullptr;
+Win32MessageBoxAnswerer boxAnswerer = nullptr;
+void *boxAnswererContext = nullptr;
 
 std::atomic<DWORDLONG> pretendedMemory{0};
 std::atomic<DWORDLONG> pretendedUsage{0};
@@ -60,12 +63,21 @@ bool inPlan(DWORD number, DWORD first, DWORD count)
     return first != 0 && number >= first && number - first < count;
 }
 
+bool countsAndRefuses(AllocationPlan &plan, SIZE_T size)
+{
+    if (!plan.watched || size < plan.minimumSize)
+        return false;
+    ++plan.counted;
+    return inPlan(plan.counted, plan.first, plan.count);
+}
+
 // Called with the mutex held, after every change of a plan.
 void updateWatching()
 {
     bool watching = false;
     for (const AllocationPlan &plan : allocationPlans)
         watching |= plan.watched;
+    watching |= gdiPlan.watched;
     for (const CallPlan &plan : callPlans)
         watching |= plan.count != 0;
     win32::faults::Win32Faults_watching.store(watching);
@@ -86,11 +98,9 @@ std::string hiddenKey(const std::string &module, const char *function)
 bool win32::faults::Win32Faults_refusesWatched(int kind, size_t size)
 {
     std::lock_guard lock(stateMutex);
-    AllocationPlan &plan = allocationPlans[kind];
-    if (!plan.watched || size < plan.minimumSize)
-        return false;
-    ++plan.counted;
-    return inPlan(plan.counted, plan.first, plan.count);
+    bool isOfGdi = kind >= WIN32_ALLOCATION_PEN && kind <= WIN32_ALLOCATION_REGION;
+    bool isRefused = isOfGdi && countsAndRefuses(gdiPlan, size);
+    return countsAndRefuses(allocationPlans[kind], size) || isRefused;
 }
 
 bool win32::faults::failsWatched(const char *function)
@@ -148,6 +158,28 @@ void win32::control::showDebugOutput(const char *text)
         receiver(text, context);
 }
 
+bool win32::control::answersMessageBox(LPCSTR text, LPCSTR caption, UINT type, int &answer)
+{
+    Win32MessageBoxAnswerer answerer;
+    void *context;
+    {
+        std::lock_guard lock(stateMutex);
+        answerer = boxAnswerer;
+        context = boxAnswererContext;
+    }
+    if (!answerer)
+        return false;
+    answer = answerer(text, caption, type, context);
+    return true;
+}
+
+void Win32Control_AnswerMessageBoxes(Win32MessageBoxAnswerer answerer, void *context)
+{
+    std::lock_guard lock(stateMutex);
+    boxAnswerer = answerer;
+    boxAnswererContext = context;
+}
+
 void Win32Control_RefuseAllocations(Win32Allocation kind, DWORD first, DWORD count, SIZE_T minimumSize)
 {
     if (kind < 0 || kind >= WIN32_ALLOCATION_KINDS)
@@ -155,6 +187,19 @@ void Win32Control_RefuseAllocations(Win32Allocation kind, DWORD first, DWORD cou
     std::lock_guard lock(stateMutex);
     allocationPlans[kind] = {true, first, count, minimumSize, 0};
     updateWatching();
+}
+
+void Win32Control_RefuseGdiCreations(DWORD first, DWORD count)
+{
+    std::lock_guard lock(stateMutex);
+    gdiPlan = {true, first, count, 0, 0};
+    updateWatching();
+}
+
+DWORD Win32Control_GdiCreationsCounted()
+{
+    std::lock_guard lock(stateMutex);
+    return gdiPlan.counted;
 }
 
 DWORD Win32Control_AllocationsCounted(Win32Allocation kind)
@@ -219,9 +264,11 @@ void Win32Control_ReceiveDebugOutput(Win32DebugOutputReceiver receiver, void *co
 
 void Win32Control_Reset()
 {
+    Win32Control_LimitGdiObjects(0);
     std::lock_guard lock(stateMutex);
     for (AllocationPlan &plan : allocationPlans)
         plan = {};
+    gdiPlan = {};
     for (CallPlan &plan : callPlans)
         plan = {plan.function, 0, 0, 0, 0};
     updateWatching();
@@ -231,4 +278,5 @@ void Win32Control_Reset()
     pretendedUsage = 0;
     pretendedVersion = {};
     debugReceiver = nullptr;
+    boxAnswerer = nullptr;
 }

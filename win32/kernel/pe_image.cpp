@@ -39,6 +39,7 @@ public:
 
     bool hasResources() const { return tree_ != 0; }
     void addResources(ResourceDirectory &directory);
+    std::optional<uint64_t> damage() const { return damage_; }
 
 private:
     struct Section {
@@ -55,9 +56,15 @@ private:
         return std::nullopt;
     }
 
-    std::optional<ResourceName> name(uint32_t field) const;
+    std::optional<ResourceName> name(uint32_t field);
     void addLeaf(uint32_t offset, const ResourceName &type, const ResourceName &resourceName, WORD language,
-                 ResourceDirectory &directory) const;
+                 ResourceDirectory &directory);
+
+    void noteDamage(uint64_t place)
+    {
+        if (!damage_)
+            damage_ = place;
+    }
 
     // Visits the entries of a directory of the tree. A damaged tree may name one directory many times
     // over, so no more entries are visited in all than the file has room for.
@@ -67,15 +74,15 @@ private:
         auto named = number<uint16_t>(tree_ + uint64_t{offset} + countsOffset);
         auto numbered = number<uint16_t>(tree_ + uint64_t{offset} + countsOffset + 2);
         if (!numbered)
-            return;
+            return noteDamage(tree_ + offset);
         uint32_t count = uint32_t{*named} + *numbered;
-        for (uint32_t place = 0; place < count && entriesLeft_ > 0; ++place) {
-            --entriesLeft_;
+        for (uint32_t place = 0; place < count; ++place) {
             uint64_t entry = tree_ + uint64_t{offset} + headerSize + place * entrySize;
             auto nameField = number<uint32_t>(entry);
             auto target = number<uint32_t>(entry + 4);
-            if (!target)
-                return;
+            if (!target || entriesLeft_ == 0)
+                return noteDamage(entry);
+            --entriesLeft_;
             visit(*nameField, *target & ~subdirectory, (*target & subdirectory) != 0);
         }
     }
@@ -86,6 +93,7 @@ private:
     std::vector<Section> sections_;
     uint64_t tree_ = 0; // offset in the file; 0 when there are no resources
     size_t entriesLeft_;
+    std::optional<uint64_t> damage_;
 };
 
 bool Image::readHeaders()
@@ -112,13 +120,16 @@ bool Image::readHeaders()
     uint64_t directories = optional + (magic == optionalHeader64 ? 112 : 96);
     auto directoryCount = number<uint32_t>(directories - 4);
     auto address = number<uint32_t>(directories + resourceDirectoryNumber * 8);
-    if (directoryCount && *directoryCount > resourceDirectoryNumber && address && *address != 0)
+    if (directoryCount && *directoryCount > resourceDirectoryNumber && address && *address != 0) {
         tree_ = offsetOf(*address).value_or(0);
+        if (tree_ == 0)
+            noteDamage(directories + resourceDirectoryNumber * 8);
+    }
     return true;
 }
 
 // A number, or the offset of a counted text within the tree.
-std::optional<ResourceName> Image::name(uint32_t field) const
+std::optional<ResourceName> Image::name(uint32_t field)
 {
     ResourceName result;
     if (!(field & subdirectory)) {
@@ -128,8 +139,10 @@ std::optional<ResourceName> Image::name(uint32_t field) const
     uint64_t offset = tree_ + (field & ~subdirectory);
     auto length = number<uint16_t>(offset);
     auto text = length ? part(offset + 2, uint64_t{*length} * 2) : std::nullopt;
-    if (!text || *length == 0)
+    if (!text || *length == 0) {
+        noteDamage(offset);
         return std::nullopt;
+    }
     result.text.resize(*length);
     memcpy(result.text.data(), text->data(), text->size());
     std::transform(result.text.begin(), result.text.end(), result.text.begin(), ResourceName::upper);
@@ -137,14 +150,15 @@ std::optional<ResourceName> Image::name(uint32_t field) const
 }
 
 void Image::addLeaf(uint32_t leaf, const ResourceName &type, const ResourceName &resourceName, WORD language,
-                    ResourceDirectory &directory) const
+                    ResourceDirectory &directory)
 {
     auto address = number<uint32_t>(tree_ + leaf);
     auto size = number<uint32_t>(tree_ + uint64_t{leaf} + 4);
     auto offset = address && size ? offsetOf(*address) : std::nullopt;
     auto data = offset ? part(*offset, *size) : std::nullopt;
-    if (data)
-        directory.addResource({type, resourceName, language, *data});
+    if (!data)
+        return noteDamage(tree_ + leaf);
+    directory.addResource({type, resourceName, language, *data});
 }
 
 // Three levels: types, names, languages.
@@ -168,7 +182,7 @@ void Image::addResources(ResourceDirectory &directory)
 
 } // namespace
 
-bool addPeResources(std::span<const std::byte> file, ResourceDirectory &directory)
+bool addPeResources(std::span<const std::byte> file, ResourceDirectory &directory, std::optional<uint64_t> *damage)
 {
     Image image(file);
     if (!image.readHeaders())
@@ -176,6 +190,8 @@ bool addPeResources(std::span<const std::byte> file, ResourceDirectory &director
     if (image.hasResources())
         image.addResources(directory);
     directory.sort();
+    if (damage)
+        *damage = image.damage();
     return true;
 }
 

@@ -2,11 +2,11 @@
 #include "faults.h"
 #include "kernel_internal.h"
 #include "profile_store.h"
+#include "profile_struct.h"
 
 #include <algorithm>
 #include <cstring>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -101,44 +101,30 @@ int hexDigit(char character)
     return character >= 'a' && character <= 'f' ? character - 'a' + 10 : -1;
 }
 
-// Two hexadecimal digits for each byte, and a last byte that is the sum of those before it.
+// The byte that two hexadecimal digits stand for, -1 for other characters.
+int byteAt(std::string_view text, size_t place)
+{
+    int high = hexDigit(text[2 * place]), low = hexDigit(text[2 * place + 1]);
+    return (high | low) < 0 ? -1 : high * 16 + low;
+}
+
+// Reads what profileStruct makes. Nothing is written unless all is right.
 bool decodeStruct(std::string_view text, BYTE *data, UINT size)
 {
     if (text.size() / 2 != size_t{size} + 1 || text.size() % 2 != 0)
         return fail(ERROR_BAD_LENGTH, false);
-    std::vector<BYTE> bytes;
-    for (size_t place = 0; place < text.size(); place += 2) {
-        int high = hexDigit(text[place]);
-        int low = hexDigit(text[place + 1]);
-        if (high < 0 || low < 0)
+    unsigned sum = 0;
+    for (size_t place = 0; place < size; ++place) {
+        int value = byteAt(text, place);
+        if (value < 0)
             return fail(ERROR_INVALID_DATA, false);
-        bytes.push_back(static_cast<BYTE>(high << 4 | low));
+        sum += static_cast<unsigned>(value);
     }
-    BYTE sum = 0;
-    for (size_t place = 0; place < size; ++place)
-        sum = static_cast<BYTE>(sum + bytes[place]);
-    if (sum != bytes.back())
+    if (byteAt(text, size) != static_cast<BYTE>(sum))
         return fail(ERROR_INVALID_DATA, false);
-    std::copy_n(bytes.begin(), size, data);
+    for (size_t place = 0; place < size; ++place)
+        data[place] = static_cast<BYTE>(byteAt(text, place));
     return true;
-}
-
-std::string encodeStruct(const BYTE *data, UINT size)
-{
-    constexpr char digits[] = "0123456789ABCDEF";
-    std::string text;
-    text.reserve((size_t{size} + 1) * 2);
-    BYTE sum = 0;
-    auto append = [&](BYTE byte) {
-        text += digits[byte >> 4];
-        text += digits[byte & 15];
-    };
-    for (UINT place = 0; place < size; ++place) {
-        append(data[place]);
-        sum = static_cast<BYTE>(sum + data[place]);
-    }
-    append(sum);
-    return text;
 }
 
 // The number at the start of a text: decimal, or hexadecimal behind "0x"; wraps at 32 bits.
@@ -253,7 +239,7 @@ BOOL WritePrivateProfileStructA(LPCSTR section, LPCSTR key, LPVOID data, UINT si
     if (!data)
         return WritePrivateProfileStringA(section, key, nullptr, file);
     return guarded(FALSE, [&] {
-        return WritePrivateProfileStringA(section, key, encodeStruct(static_cast<const BYTE *>(data), size).c_str(),
+        return WritePrivateProfileStringA(section, key, profileStruct(static_cast<const BYTE *>(data), size).c_str(),
                                           file);
     });
 }

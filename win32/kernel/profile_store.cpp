@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <climits>
@@ -88,13 +89,17 @@ bool readFile(const char *path, std::string &content, Stamp &stamp)
     return true;
 }
 
-bool resolve(LPCSTR path, std::string &result)
+// A path without a folder is one in the Windows folder.
+std::string wholePath(LPCSTR path)
 {
     if (!path)
         path = "win.ini";
-    if (hasFolderOrDrive(path))
-        return unixPath(path, result);
-    return unixPath(("C:\\windows\\" + std::string(path)).c_str(), result);
+    return hasFolderOrDrive(path) ? path : "C:\\windows\\" + std::string(path);
+}
+
+bool resolve(LPCSTR path, std::string &result)
+{
+    return unixPath(wholePath(path).c_str(), result);
 }
 
 bool isMissing(DWORD error)
@@ -141,6 +146,22 @@ CachedFile &current(const std::string &path)
     if (cache.size() > cachedFiles)
         cache.pop_back();
     return cache.front();
+}
+
+// With the mutex held: the entry of a file that is there as the path spells it and was read before. One question
+// to the system then does, and that is the case of all calls but the first.
+CachedFile *unchanged(LPCSTR path)
+{
+    FullPath full;
+    if (!fullPath(wholePath(path).c_str(), full) || full.hasWildcard())
+        return nullptr;
+    std::string literal = literalUnixPath(full);
+    auto known = std::find_if(cache.begin(), cache.end(), [&](const CachedFile &file) { return file.path == literal; });
+    DWORD error;
+    if (known == cache.end() || known->readError || !(stampOfPath(literal, error) == known->stamp))
+        return nullptr;
+    cache.splice(cache.begin(), cache, known);
+    return &*known;
 }
 
 bool writeAll(int file, const std::string &content)
@@ -286,13 +307,14 @@ Outcome changeOnce(const std::string &path, const std::function<void(ProfileFile
 
 void read(LPCSTR path, const std::function<void(const ProfileFile &)> &read)
 {
-    std::string resolved;
-    if (!resolve(path, resolved)) {
-        read(ProfileFile());
-        return;
-    }
     std::lock_guard lock(storeMutex);
-    read(current(resolved).file);
+    std::string resolved;
+    if (CachedFile *known = unchanged(path))
+        read(known->file);
+    else if (resolve(path, resolved))
+        read(current(resolved).file);
+    else
+        read(ProfileFile());
 }
 
 bool change(LPCSTR path, const std::function<void(ProfileFile &)> &change)

@@ -56,6 +56,7 @@ public:
     }
 
     bool atEnd() const { return place_ == bytes_.size(); }
+    size_t place() const { return place_; }
 
 private:
     std::span<const std::byte> bytes_;
@@ -120,10 +121,11 @@ ResourceName ResourceName::fromArgument(LPCSTR argument)
     return result;
 }
 
-void ResourceDirectory::add(std::span<const std::byte> resFile)
+size_t ResourceDirectory::add(std::span<const std::byte> resFile)
 {
     Reader reader(resFile);
-    while (!reader.atEnd()) {
+    size_t place = 0;
+    for (; !reader.atEnd(); place = reader.place()) {
         auto resource = readResource(reader);
         if (!resource)
             break;
@@ -132,41 +134,53 @@ void ResourceDirectory::add(std::span<const std::byte> resFile)
             resources_.push_back(std::move(*resource));
     }
     sort();
+    return place;
 }
 
 void ResourceDirectory::sort()
 {
     std::stable_sort(resources_.begin(), resources_.end(), comesBefore);
+    typeStarts_.clear();
+    for (size_t place = 0; place < resources_.size(); ++place) {
+        if (place == 0 || !(resources_[place].type == resources_[place - 1].type))
+            typeStarts_.push_back(place);
+    }
 }
 
 std::span<const Resource> ResourceDirectory::ofType(const ResourceName &type) const
 {
-    auto first =
-        std::lower_bound(resources_.begin(), resources_.end(), type,
-                         [](const Resource &resource, const ResourceName &wanted) { return resource.type < wanted; });
-    auto last =
-        std::upper_bound(first, resources_.end(), type,
-                         [](const ResourceName &wanted, const Resource &resource) { return wanted < resource.type; });
-    return {first, last};
+    auto start =
+        std::lower_bound(typeStarts_.begin(), typeStarts_.end(), type,
+                         [this](size_t place, const ResourceName &wanted) { return resources_[place].type < wanted; });
+    if (start == typeStarts_.end() || !(resources_[*start].type == type))
+        return {};
+    size_t end = start + 1 == typeStarts_.end() ? resources_.size() : start[1];
+    return std::span(resources_).subspan(*start, end - *start);
 }
 
 std::span<const Resource> ResourceDirectory::ofName(const ResourceName &type, const ResourceName &name) const
 {
-    std::span<const Resource> ofThisType = ofType(type);
+    return named(ofType(type), name);
+}
+
+std::span<const Resource> ResourceDirectory::named(std::span<const Resource> ofOneType, const ResourceName &name)
+{
     auto first =
-        std::lower_bound(ofThisType.begin(), ofThisType.end(), name,
+        std::lower_bound(ofOneType.begin(), ofOneType.end(), name,
                          [](const Resource &resource, const ResourceName &wanted) { return resource.name < wanted; });
-    auto last =
-        std::upper_bound(first, ofThisType.end(), name,
-                         [](const ResourceName &wanted, const Resource &resource) { return wanted < resource.name; });
+    // A name has one resource for each language, so there are few.
+    auto last = first;
+    while (last != ofOneType.end() && last->name == name)
+        ++last;
     return {first, last};
 }
 
 int ResourceDirectory::find(const ResourceName &type, const ResourceName &name, int language) const
 {
-    if (ofType(type).empty())
+    std::span<const Resource> ofThisType = ofType(type);
+    if (ofThisType.empty())
         return fail(ERROR_RESOURCE_TYPE_NOT_FOUND, -1);
-    std::span<const Resource> candidates = ofName(type, name);
+    std::span<const Resource> candidates = named(ofThisType, name);
     const Resource *best = nullptr;
     for (const Resource &candidate : candidates) {
         bool fits = language == anyLanguage || candidate.language == language;

@@ -43,8 +43,9 @@ struct Resource {
 class ResourceDirectory {
 public:
     // Indexes the resources of a .res file. Reading stops at the first record that is not whole;
-    // what stands before it remains usable.
-    void add(std::span<const std::byte> resFile);
+    // what stands before it remains usable. The result is the place of that record, or the size of
+    // the file when all are whole.
+    size_t add(std::span<const std::byte> resFile);
 
     // Adds one resource; the index is ready after the next sort.
     void addResource(Resource resource) { resources_.push_back(std::move(resource)); }
@@ -65,7 +66,10 @@ public:
     const Resource *at(size_t place) const { return place < resources_.size() ? &resources_[place] : nullptr; }
 
 private:
+    static std::span<const Resource> named(std::span<const Resource> ofOneType, const ResourceName &name);
+
     std::vector<Resource> resources_; // sorted by type, name, language
+    std::vector<size_t> typeStarts_;  // the place of the first resource of each type
 };
 
 } // namespace win32

@@ -1,18 +1,8 @@
 // Colour tables, and the colours of the Palette Manager.
+#include "Graphics.h"
 #include "ResourceChain.h"
 
-#include <ostream>
 #include <vector>
-
-bool operator==(const RGBColor &a, const RGBColor &b)
-{
-    return a.red == b.red && a.green == b.green && a.blue == b.blue;
-}
-
-void PrintTo(const RGBColor &color, std::ostream *out)
-{
-    *out << color.red << " " << color.green << " " << color.blue;
-}
 
 namespace {
 
@@ -136,7 +126,7 @@ TEST_F(PaletteColors, NumbersStandForColors)
         EXPECT_EQ(port_.rgbBkColor, colors[index]) << index;
     }
     PmForeColor(3);
-    EXPECT_EQ(port_.fgColor, 0x0000FFu);
+    EXPECT_EQ(+port_.fgColor, 0x0000FFu);
     PmForeColor(-1);
     EXPECT_EQ(port_.rgbFgColor, gray(0));
 }

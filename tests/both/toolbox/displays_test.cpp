@@ -1,26 +1,15 @@
 // The main device, monitors, and global coordinates.
-#include "Rectangles.h"
-
-#include <mtbx/MTBX.h>
-
-#include <gtest/gtest.h>
+#include "Graphics.h"
 
 #include <vector>
 
 namespace {
 
-HWND newWindow(int x, int y, int width, int height)
-{
-    return CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_BORDER, x, y, width, height, nullptr, nullptr,
-                           GetModuleHandleA(nullptr), nullptr);
-}
-
 class Displays : public testing::Test {
 protected:
     Displays() : formerPort_(qd.thePort), formerMain_(hWndMain), formerDepth_(gbits_per_pixel)
     {
-        hWndMain = newWindow(30, 40, 300, 200);
-        window_ = newWindow(100, 60, 120, 90);
+        hWndMain = mainWindow_;
         port_.portVersion = 0xC000;
         port_.portPixMap = reinterpret_cast<PixMapHandle>(NewHandleClear(sizeof(PixMap)));
         (*port_.portPixMap)->pmWindow = window_;
@@ -31,8 +20,6 @@ protected:
     ~Displays()
     {
         SetGlobalMode(0);
-        DestroyWindow(window_);
-        DestroyWindow(hWndMain);
         DisposeHandle(reinterpret_cast<Handle>(port_.portPixMap));
         qd.thePort = formerPort_;
         hWndMain = formerMain_;
@@ -51,7 +38,8 @@ protected:
     }
 
     GrafPtr formerPort_;
-    HWND formerMain_, window_;
+    HWND formerMain_;
+    NativeWindow mainWindow_{30, 40, 300, 200}, window_{100, 60, 120, 90};
     SInt16 formerDepth_;
     CGrafPort port_ = {};
 };

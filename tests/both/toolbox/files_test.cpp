@@ -63,6 +63,15 @@ TEST_F(FileManager, ParentsOfPaths)
     EXPECT_EQ(GetParentDirectoryID("\\\\server\\share\\a"), GetDirectoryID("\\\\server\\share"));
 }
 
+TEST_F(FileManager, ABackslashAloneIsTheRootOfTheDrive)
+{
+    FSSpec spec;
+    char path[260];
+    FSMakeFSSpec(0, GetDirectoryID("\\"), Pascal("x"), &spec);
+    EXPECT_EQ(MTBX_FSSpecToCPathName(&spec, path, 260), noErr);
+    EXPECT_STREQ(path, "\\x");
+}
+
 TEST_F(FileManager, SpecsAndPathsStandForEachOther)
 {
     FSSpec spec;
@@ -146,7 +155,7 @@ TEST_F(FileManager, ReadsWritesAndSeeks)
         EXPECT_EQ(count, 0);
         EXPECT_EQ(SetFPos(file, fsFromLEOF, -4), noErr);
         count = 10;
-        EXPECT_EQ(FSRead(file, &count, buffer), overlapped ? -39 : -39);
+        EXPECT_EQ(FSRead(file, &count, buffer), -39);
         EXPECT_EQ(std::string(buffer, static_cast<size_t>(count)), "6789");
         EXPECT_EQ(SetFPos(file, fsFromStart, 2), noErr);
         EXPECT_EQ(SetFPos(file, fsAtMark, 1234), noErr);
@@ -319,6 +328,25 @@ TEST_F(FileManager, CatalogWalksByIndexAndByName)
     EXPECT_EQ(MTBX_ClearIndexedFileNameCache(), noErr);
 }
 
+TEST_F(FileManager, CatalogOfAnUnknownDirectoryIsThatOfTheRoot)
+{
+    WIN32_FIND_DATAA found;
+    HANDLE search = FindFirstFileA("\\*", &found);
+    while (strcmp(found.cFileName, ".") == 0 || strcmp(found.cFileName, "..") == 0)
+        FindNextFileA(search, &found);
+    FindClose(search);
+    directory_ = 30000;
+    EXPECT_EQ(+catalog(1).hFileInfo.ioResult, noErr);
+    EXPECT_EQ(name_, found.cFileName);
+    EXPECT_EQ(+catalog(0, found.cFileName).hFileInfo.ioResult, noErr);
+    char current[260];
+    GetCurrentDirectoryA(sizeof current, current);
+    SetCurrentDirectoryA(folder_.path().c_str());
+    folder_.write("only here", "");
+    EXPECT_EQ(+catalog(0, "only here").hFileInfo.ioResult, -43);
+    SetCurrentDirectoryA(current);
+}
+
 TEST_F(FileManager, DirectoryShowsTheTimeOfItsNewestFile)
 {
     folder_.write("f", "x");
@@ -430,6 +458,21 @@ TEST_F(FileManager, OpenFilesTellWhereTheyAre)
     EXPECT_EQ(+information.fileParam.ioFlFndrInfo.fdType, 0x54455854u);
 }
 
+TEST_F(FileManager, TheTypeOfALongPathStillGoesByItsEnd)
+{
+    std::string folder = folder_.path() + "\\";
+    folder += std::string(240 - folder.size(), 'd');
+    ASSERT_TRUE(CreateDirectoryA(folder.c_str(), nullptr));
+    folder_.write(folder.substr(folder_.path().size() + 1) + "\\twelve-chars.txt", "x");
+    Pascal name("twelve-chars.txt");
+    HParamBlockRec block{};
+    block.fileParam.ioDirID = GetDirectoryID(folder.c_str());
+    block.fileParam.ioNamePtr = name;
+    EXPECT_EQ(PBHGetFInfoSync(&block), noErr);
+    EXPECT_EQ(+block.fileParam.ioFlLgLen, 1);
+    EXPECT_EQ(+block.fileParam.ioFlFndrInfo.fdType, 0x54455854u);
+}
+
 TEST_F(FileManager, VolumesTellTheirRoom)
 {
     Pascal name;
@@ -482,12 +525,14 @@ TEST_F(FileManager, PreferencesFolderIsFoundAndMade)
     EXPECT_EQ(path, std::string(base) + "\\" + sub + "\\inner");
     EXPECT_EQ(FindAndCreatePrefsFolder(again, false, ("\\" + sub).c_str(), "\\inner", nullptr), noErr);
     EXPECT_STREQ(again, path);
-    RemoveDirectoryA(path);
+    EXPECT_EQ(FindAndCreatePrefsFolder(again, true, sub.c_str(), std::string(250, 'x').c_str(), nullptr), -120)
+        << "too long";
+    EXPECT_TRUE(RemoveDirectoryA(path));
     HANDLE file = CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
     CloseHandle(file);
     EXPECT_EQ(FindAndCreatePrefsFolder(again, true, sub.c_str(), "inner", nullptr), -120) << "a file in its place";
     DeleteFileA(path);
-    RemoveDirectoryA((std::string(base) + "\\" + sub).c_str());
+    EXPECT_TRUE(RemoveDirectoryA((std::string(base) + "\\" + sub).c_str())) << "nothing else was made in it";
 }
 
 TEST(DateTime, ConvertsBothWays)

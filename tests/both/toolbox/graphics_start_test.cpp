@@ -1,4 +1,5 @@
 // Start and end of the graphics layer.
+#include "GdiObjects.h"
 #include "Graphics.h"
 #include "Settings.h"
 
@@ -97,9 +98,9 @@ TEST_F(GraphicsStart, ShutdownGivesBackAllAndLeavesTheMainWindow)
         EXPECT_FALSE(qd.thePort || gDesktopWindow || gFrontWindow);
         EXPECT_TRUE(IsWindow(window));
         if (round == 0)
-            objects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+            objects = gdiObjectCount();
     }
-    EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), objects);
+    EXPECT_EQ(gdiObjectCount(), objects);
 }
 
 TEST_F(GraphicsStart, WorksWithoutAMainWindow)

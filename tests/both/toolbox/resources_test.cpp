@@ -79,7 +79,7 @@ TEST_F(Resources, FilesAreNamedByDirectoryAndSpec)
     info.ioRefNum = 1001;
     EXPECT_EQ(PBGetFCBInfoSync(&info), noErr);
     EXPECT_EQ(name.text(), "m.dll");
-    EXPECT_EQ(info.ioFCBParID, directory);
+    EXPECT_EQ(SInt32{info.ioFCBParID}, directory);
     CloseResFile(1001);
     EXPECT_EQ(PBGetFCBInfoSync(&info), fnfErr);
 }
@@ -93,6 +93,19 @@ TEST_F(Resources, TheHostsFileStaysOpenUntilShutdown)
     MTBX_ShutdownResources();
     EXPECT_NE(GetResFileInst(1000), hResInst);
     EXPECT_EQ(Get1Resource(typeNamed("DATA"), 128), nullptr);
+}
+
+TEST_F(Resources, TheModuleThatTheHostMakesItsOwnStaysLoaded)
+{
+    HINSTANCE program = hResInst;
+    SInt16 module = open(modulePath());
+    hResInst = GetResFileInst(module);
+    CloseResFile(module);
+    EXPECT_EQ(GetResFileInst(module), hResInst);
+    MTBX_ShutdownResources();
+    EXPECT_NE(FindResourceA(hResInst, MAKEINTRESOURCEA(128), "ABCD"), nullptr);
+    FreeLibrary(hResInst);
+    hResInst = program;
 }
 
 TEST_F(Resources, StartingAgainClosesWhatWasOpen)
@@ -337,33 +350,6 @@ TEST_F(Resources, AUniqueIDIsTheFirstFrom128WithoutAResource)
     open(modulePath());
     EXPECT_EQ(Unique1ID(abcd), 131) << "the resource there cannot be read";
     EXPECT_EQ(Unique1ID(typeNamed("none")), 128);
-}
-
-TEST_F(Resources, ThousandsOfResourcesAreFoundByIDAndByHandle)
-{
-    open(folder_.path("many.txt"));
-    // Listed only: the folder of the file is gone, so nothing can be written.
-    folder_.write("none", "");
-    SInt16 file = open(folder_.path("none\\many.txt"));
-    std::vector<Handle> handles;
-    for (SInt16 number = 0; number < 3000; ++number) {
-        Handle h = NewHandle(2);
-        memcpy(*h, &number, 2);
-        handles.push_back(h);
-        AddResource(h, number % 2 ? abcd : typeNamed("EFGH"), number, Pascal(number % 3 ? "" : std::to_string(number)));
-    }
-    for (SInt16 number = 0; number < 3000; number += 3)
-        ReleaseResource(handles[number]);
-    for (SInt16 number = 0; number < 3000; ++number) {
-        Handle h = Get1Resource(number % 2 ? abcd : typeNamed("EFGH"), number);
-        if (number % 3 == 0) {
-            EXPECT_EQ(h, nullptr);
-            continue;
-        }
-        EXPECT_EQ(h, handles[number]);
-        EXPECT_EQ(id(h), number);
-        EXPECT_EQ(HomeResFile(h), file);
-    }
 }
 
 } // namespace

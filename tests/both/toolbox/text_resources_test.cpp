@@ -238,6 +238,19 @@ TEST_F(TextResources, NamesThatWouldBreakTheFileAreNotWritten)
     EXPECT_EQ(Count1Resources(abcd), 1);
 }
 
+TEST_F(TextResources, ALongNameIsWrittenWholeAndReadInPart)
+{
+    openText("r.txt");
+    add(abcd, 128, std::string(255, 'n'), "x");
+    EXPECT_EQ(ResError(), noErr);
+    EXPECT_EQ(name(Get1Resource(abcd, 128)), std::string(255, 'n'));
+    TextSearch search;
+    reopen("r.txt");
+    EXPECT_EQ(name(Get1Resource(abcd, 128)), std::string(63, 'n'));
+    EXPECT_EQ(Get1NamedResource(abcd, Pascal(std::string(64, 'n'))), nullptr);
+    EXPECT_EQ(ResError(), paramErr);
+}
+
 TEST_F(TextResources, AFailedWriteIsToldAndTheHandleStaysListed)
 {
     openText("none\\r.txt");

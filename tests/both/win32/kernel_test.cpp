@@ -232,6 +232,25 @@ TEST(Strings, CompareCopyAndScale)
     EXPECT_EQ(MulDiv(0x7fffffff, 1000, 2000), 0x40000000);
 }
 
+TEST(Strings, AreOrderedAsWords)
+{
+    const char *ordered[] = {"", "#", "1", "1a", "a", "A", "aa", "Ab", "b", "B", "b "};
+    for (size_t left = 0; left < std::size(ordered); ++left) {
+        for (size_t right = left + 1; right < std::size(ordered); ++right) {
+            EXPECT_LT(lstrcmpA(ordered[left], ordered[right]), 0) << ordered[left] << " and " << ordered[right];
+            EXPECT_GT(lstrcmpA(ordered[right], ordered[left]), 0);
+        }
+        EXPECT_EQ(lstrcmpA(ordered[left], ordered[left]), 0);
+    }
+    EXPECT_EQ(lstrcmpiA("C:\\Folder\\File.TXT", "c:\\folder\\fILE.txt"), 0);
+    EXPECT_EQ(lstrcmpiA("\xe9t\xe9", "\xc9T\xc9"), 0) << "letters of the code page too";
+    EXPECT_LT(lstrcmpA("\xe9", "\xc9"), 0);
+    EXPECT_NE(lstrcmpiA("\xe9", "e"), 0);
+    EXPECT_LT(lstrcmpiA("abc", "ABCD"), 0);
+    EXPECT_LT(lstrcmpA(nullptr, ""), 0);
+    EXPECT_EQ(lstrcmpiA(nullptr, nullptr), 0);
+}
+
 TEST(CodePages, OneByteSearches)
 {
     auto text = reinterpret_cast<const unsigned char *>("C:\\a\\b");
