@@ -6,6 +6,7 @@
 #include <win32/control.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace {
@@ -66,14 +67,19 @@ private:
 class GraphicsShortage : public testing::Test {
 protected:
     // A purge size of 0 makes a creation final after 17 tries.
-    GraphicsShortage() : settings("PurgeBytesForExhaustedGDIObjects=0\r\n"), main(0, 0, 100, 80), other(200, 0, 60, 60)
+    GraphicsShortage() : main(0, 0, 100, 80), other(200, 0, 60, 60)
     {
+        settings.emplace("PurgeBytesForExhaustedGDIObjects=0\r\n");
         hWndMain = main;
     }
     ~GraphicsShortage() override
     {
         Win32Control_Reset();
         hWndMain = nullptr;
+        settings.reset();
+        // Reads the usual settings again.
+        InitGraf(nullptr);
+        MTBX_ShutdownGraf();
     }
 
     // Draws a pattern through a clip and a moved origin.
@@ -170,7 +176,7 @@ protected:
         }
     }
 
-    Settings settings;
+    std::optional<Settings> settings;
     NativeWindow main, other;
     Canvas canvas;
 };
