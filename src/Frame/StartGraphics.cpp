@@ -18,6 +18,8 @@
 
 namespace {
 
+bool isStarted;
+
 // The last entry of the window list: a record of zeros, of the length that hosts know.
 constexpr Size listEndSize = std::max<Size>(224, sizeof(WindowRecord));
 WindowPtr listEnd;
@@ -124,7 +126,6 @@ void closeFirstPort()
     deleteStartContext();
     MTBX_DisposeWindowRecord(firstPort);
     firstPort = nullptr;
-    qd.thePort = nullptr;
 }
 
 void closeDesktopPort()
@@ -140,8 +141,9 @@ void closeDesktopPort()
 
 void InitGraf(void *)
 {
-    if (firstPort)
+    if (isStarted)
         MTBX_ShutdownGraf();
+    isStarted = true;
     measureScreen();
     MTBX_StartClipping();
     MTBX_StartSharedRegions();
@@ -152,6 +154,7 @@ void InitGraf(void *)
 
 void MTBX_ShutdownGraf()
 {
+    isStarted = false;
     closeFirstPort();
     MTBX_ClearIndexedFileNameCache();
     closeDesktopPort();

@@ -61,8 +61,7 @@ WindowPtr MTBX_NewWindowRecord(const Rect &bounds, bool isVisible)
         complete = qdErrorValue == noErr;
     }
     if (!complete) {
-        disposeParts(*record);
-        DisposePtr(reinterpret_cast<Ptr>(record));
+        MTBX_DisposeWindowRecord(&record->port);
         return nullptr;
     }
     record->windowKind = userKind;
@@ -81,5 +80,8 @@ void MTBX_DisposeWindowRecord(WindowPtr window)
         MacSetPort(nullptr);
     disposeParts(reinterpret_cast<WindowRecord &>(*window));
     CloseCPort(window);
+    // There may be no other port to make current.
+    if (window == qd.thePort)
+        qd.thePort = nullptr;
     DisposePtr(reinterpret_cast<Ptr>(window));
 }
