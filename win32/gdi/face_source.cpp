@@ -59,7 +59,7 @@ FaceSource::FaceSource(std::shared_ptr<FontFace> face, const LOGFONTA &descripti
     : face_(std::move(face)), description_(description), made_(made), isSmooth_(wantsSmooth(description.lfQuality))
 {
     FT_Face handle = face_->handle();
-    metrics_.isScalable = FT_IS_SCALABLE(handle) && handle->units_per_EM > 0;
+    metrics_.isScalable = face_->isScalable();
     if (metrics_.isScalable)
         setScalableMetrics();
     else
@@ -197,7 +197,7 @@ GlyphImage FaceSource::render(FontFace &face, unsigned index)
     GlyphImage image;
     image.isSmooth = isSmooth_;
     image.advance = metrics_.averageWidth;
-    face.setSize(width_, height_);
+    face.setSize(width_, height_); // a substitute is scalable as the face itself is
     FT_Face handle = face.handle();
     FT_Int32 flags = isSmooth_ ? FT_LOAD_TARGET_NORMAL : FT_LOAD_TARGET_MONO;
     if (FT_Load_Glyph(handle, index, flags) != 0)

@@ -29,6 +29,13 @@ FcConfig *systemFonts()
     return made;
 }
 
+struct FontconfigDeleter {
+    void operator()(FcPattern *pattern) const { FcPatternDestroy(pattern); }
+    void operator()(FcObjectSet *objects) const { FcObjectSetDestroy(objects); }
+    void operator()(FcFontSet *set) const { FcFontSetDestroy(set); }
+};
+template <class T> using Owned = std::unique_ptr<T, FontconfigDeleter>;
+
 struct AddedFile {
     std::string path;
     int uses;
@@ -104,20 +111,14 @@ std::optional<CatalogFace> faceOf(FcPattern *pattern)
 Catalog::Catalog()
 {
     FcConfig *config = systemFonts();
-    FcPattern *all = config ? FcPatternCreate() : nullptr;
-    FcObjectSet *objects = FcObjectSetBuild(FC_FAMILY, FC_STYLE, FC_FILE, FC_INDEX, FC_WEIGHT, FC_WIDTH, FC_SLANT,
-                                            FC_SPACING, FC_SCALABLE, FC_LANG, nullptr);
-    FcFontSet *set = all && objects ? FcFontList(config, all, objects) : nullptr;
+    Owned<FcPattern> all(config ? FcPatternCreate() : nullptr);
+    Owned<FcObjectSet> objects(FcObjectSetBuild(FC_FAMILY, FC_STYLE, FC_FILE, FC_INDEX, FC_WEIGHT, FC_WIDTH, FC_SLANT,
+                                                FC_SPACING, FC_SCALABLE, FC_LANG, nullptr));
+    Owned<FcFontSet> set(all && objects ? FcFontList(config, all.get(), objects.get()) : nullptr);
     for (int i = 0; set && i < set->nfont; ++i) {
         if (auto face = faceOf(set->fonts[i]))
             faces.push_back(std::move(*face));
     }
-    if (set)
-        FcFontSetDestroy(set);
-    if (objects)
-        FcObjectSetDestroy(objects);
-    if (all)
-        FcPatternDestroy(all);
     // The same choice whatever order the folders were read in.
     std::stable_sort(faces.begin(), faces.end(), [](const CatalogFace &a, const CatalogFace &b) {
         return std::tie(a.families.front(), a.location.path, a.location.index)
@@ -196,13 +197,14 @@ const char *genericFamily(const LOGFONTA &description)
 }
 
 // What fontconfig puts in the place of a family, or of any that has a character.
-FcPattern *match(const std::string &family, const LOGFONTA &description, char32_t character)
+Owned<FcPattern> match(const std::string &family, const LOGFONTA &description, char32_t character)
 {
     FcConfig *config = systemFonts();
-    FcPattern *pattern = config ? FcPatternCreate() : nullptr;
+    Owned<FcPattern> owned(config ? FcPatternCreate() : nullptr);
+    FcPattern *pattern = owned.get();
     if (!pattern)
         return nullptr;
-    auto addText = [&](const char *object, const char *text) {
+    auto addText = [pattern](const char *object, const char *text) {
         FcPatternAddString(pattern, object, reinterpret_cast<const FcChar8 *>(text));
     };
     if (!family.empty())
@@ -222,19 +224,13 @@ FcPattern *match(const std::string &family, const LOGFONTA &description, char32_
     FcConfigSubstitute(config, pattern, FcMatchPattern);
     FcDefaultSubstitute(pattern);
     FcResult result;
-    FcPattern *found = FcFontMatch(config, pattern, &result);
-    FcPatternDestroy(pattern);
-    return found;
+    return Owned<FcPattern>(FcFontMatch(config, pattern, &result));
 }
 
 std::optional<CatalogFace> matchedFace(const std::string &family, const LOGFONTA &description, char32_t character)
 {
-    FcPattern *found = match(family, description, character);
-    if (!found)
-        return std::nullopt;
-    auto face = faceOf(found);
-    FcPatternDestroy(found);
-    return face;
+    Owned<FcPattern> found = match(family, description, character);
+    return found ? faceOf(found.get()) : std::nullopt;
 }
 
 std::string utf8Name(const LOGFONTA &description)
@@ -310,7 +306,7 @@ std::shared_ptr<FontFace> openFaceWith(char32_t character, const LOGFONTA &descr
 {
     auto found = matchedFace(utf8Name(description), description, character);
     std::shared_ptr<FontFace> face = found ? openFace(found->location) : nullptr;
-    return face && face->glyphIndex(character) != 0 ? face : nullptr;
+    return face && face->isScalable() && face->glyphIndex(character) != 0 ? face : nullptr;
 }
 
 int addFontFile(const std::string &path)

@@ -74,6 +74,12 @@ struct TextCanvas : Canvas {
     TEXTMETRICA metrics{};
 };
 
+// Without installed fonts there may be one of a fixed size only.
+bool isScalable(const TextCanvas &canvas)
+{
+    return (canvas.metrics.tmPitchAndFamily & TMPF_VECTOR) != 0;
+}
+
 size_t count(const std::vector<uint32_t> &pixels, uint32_t pixel)
 {
     return static_cast<size_t>(std::count(pixels.begin(), pixels.end(), pixel));
@@ -105,12 +111,14 @@ TEST(Text, WidthsOfCharactersAddUpToTheExtent)
 
 TEST(Text, HeightIsOfTheCellOrOfTheCharacters)
 {
+    if (!isScalable(TextCanvas()))
+        GTEST_SKIP() << "no scalable font";
     for (int height : {9, 12, 16, 24, 40}) {
         TextCanvas cell(description("Arial", height));
         EXPECT_LE(cell.metrics.tmHeight, height + 1);
         EXPECT_GE(cell.metrics.tmHeight, height - 2);
         TextCanvas characters(description("Arial", -height));
-        EXPECT_EQ(characters.metrics.tmHeight - characters.metrics.tmInternalLeading, height);
+        EXPECT_NEAR(characters.metrics.tmHeight - characters.metrics.tmInternalLeading, height, 1);
         EXPECT_EQ(characters.metrics.tmAscent + characters.metrics.tmDescent, characters.metrics.tmHeight);
     }
 }
@@ -160,7 +168,10 @@ TEST(Text, AlignmentMovesTheReferencePoint)
 TEST(Text, ThePositionMovesWithTheText)
 {
     TextCanvas canvas;
-    auto whole = canvas.pictureOf(10, 20, "onetwo");
+    auto expected = canvas.picture([&] {
+        canvas.out(10, 20, "one");
+        canvas.out(10 + canvas.width("one"), 20, "two");
+    });
     SetTextAlign(canvas.dc, TA_UPDATECP);
     MoveToEx(canvas.dc, 10, 20, nullptr);
     auto parts = canvas.picture([&] {
@@ -169,7 +180,7 @@ TEST(Text, ThePositionMovesWithTheText)
     });
     POINT position;
     GetCurrentPositionEx(canvas.dc, &position);
-    EXPECT_EQ(parts, whole);
+    EXPECT_EQ(parts, expected);
     EXPECT_EQ(position.x, 10 + canvas.width("onetwo"));
     EXPECT_EQ(position.y, 20);
     SetTextAlign(canvas.dc, TA_UPDATECP | TA_RIGHT);
@@ -314,6 +325,8 @@ TEST(Text, SmoothTextMixesTheColours)
     LOGFONTA wanted = description("Arial", -20);
     wanted.lfQuality = ANTIALIASED_QUALITY;
     TextCanvas canvas(wanted);
+    if (!isScalable(canvas))
+        GTEST_SKIP() << "no scalable font";
     auto pixels = canvas.pictureOf(10, 10, "Smooth Og");
     size_t full = count(pixels, 0xffffff), none = count(pixels, 0);
     EXPECT_GT(full, 10u);
@@ -323,6 +336,8 @@ TEST(Text, SmoothTextMixesTheColours)
 TEST(Text, FontsScaleWithTheMapping)
 {
     TextCanvas canvas(description("Arial", -20), 400, 120);
+    if (!isScalable(canvas))
+        GTEST_SKIP() << "no scalable font";
     int height = canvas.metrics.tmHeight, width = canvas.width("Mapping");
     SetMapMode(canvas.dc, MM_ANISOTROPIC);
     SetWindowExtEx(canvas.dc, 1, 1, nullptr);
@@ -346,7 +361,8 @@ TEST(Text, BadArgumentsFail)
     EXPECT_FALSE(GetTextExtentPoint32A(canvas.dc, "x", -1, &size));
     EXPECT_FALSE(GetTextMetricsA(nullptr, &canvas.metrics));
     EXPECT_EQ(SetTextAlign(nullptr, 0), UINT{GDI_ERROR});
-    EXPECT_EQ(DrawTextA(nullptr, "x", 1, nullptr, 0), 0);
+    RECT rect{0, 0, 9, 9};
+    EXPECT_EQ(DrawTextA(nullptr, "x", 1, &rect, 0), 0);
     EXPECT_TRUE(TextOutA(canvas.dc, 0, 0, "", 0));
     EXPECT_EQ(canvas.width(""), 0);
     EXPECT_EQ(count(canvas.pixels(), 0), canvas.pixels().size());
@@ -416,9 +432,9 @@ TEST(TextInRectangle, BreaksAtWords)
     RECT rect = calculated(canvas, "several words in lines", DT_WORDBREAK, {0, 0, limit, 0});
     EXPECT_EQ(rect.bottom, 2 * line);
     EXPECT_EQ(rect.right, limit);
-    rect = calculated(canvas, "several words in lines", DT_WORDBREAK, {0, 0, limit - 1, 0});
+    rect = calculated(canvas, "several words once", DT_WORDBREAK, {0, 0, limit - 1, 0});
     EXPECT_EQ(rect.bottom, 2 * line);
-    EXPECT_EQ(rect.right, canvas.width("words in lines") <= limit - 1 ? canvas.width("words in lines") : rect.right);
+    EXPECT_EQ(rect.right, canvas.width("words once"));
     rect = calculated(canvas, "unbreakable", DT_WORDBREAK, {0, 0, 5, 0});
     EXPECT_EQ(rect.bottom, line);
     EXPECT_EQ(rect.right, canvas.width("unbreakable"));
