@@ -57,7 +57,8 @@ Catalog &catalog()
 std::string textOf(FcPattern *pattern, const char *object, int index = 0)
 {
     FcChar8 *text = nullptr;
-    return FcPatternGetString(pattern, object, index, &text) == FcResultMatch ? reinterpret_cast<const char *>(text) : "";
+    return FcPatternGetString(pattern, object, index, &text) == FcResultMatch ? reinterpret_cast<const char *>(text)
+                                                                              : "";
 }
 
 int numberOf(FcPattern *pattern, const char *object, int otherwise)
@@ -69,7 +70,8 @@ int numberOf(FcPattern *pattern, const char *object, int otherwise)
 constexpr struct {
     const char *language;
     BYTE charSet;
-} doubleByteLanguages[] = {{"ja", SHIFTJIS_CHARSET}, {"ko", HANGUL_CHARSET}, {"zh-cn", GB2312_CHARSET}, {"zh-tw", CHINESEBIG5_CHARSET}};
+} doubleByteLanguages[] = {
+    {"ja", SHIFTJIS_CHARSET}, {"ko", HANGUL_CHARSET}, {"zh-cn", GB2312_CHARSET}, {"zh-tw", CHINESEBIG5_CHARSET}};
 
 std::vector<BYTE> charSetsOf(FcPattern *pattern)
 {
@@ -333,13 +335,15 @@ int addFontFile(const std::string &path)
 bool removeFontFile(const std::string &path)
 {
     Catalog &all = catalog();
-    auto known = std::find_if(all.added.begin(), all.added.end(), [&](const AddedFile &file) { return file.path == path; });
+    auto known =
+        std::find_if(all.added.begin(), all.added.end(), [&](const AddedFile &file) { return file.path == path; });
     if (known == all.added.end())
         return false;
     if (--known->uses > 0)
         return true;
     all.added.erase(known);
-    std::erase_if(all.faces, [&](const CatalogFace &face) { return face.location.bytes && face.location.path == path; });
+    std::erase_if(all.faces,
+                  [&](const CatalogFace &face) { return face.location.bytes && face.location.path == path; });
     ++catalogGeneration;
     return true;
 }

@@ -39,11 +39,10 @@ FontFace::FontFace(const FaceLocation &location) : location_(location)
     std::lock_guard lock(fontMutex());
     if (!library())
         return;
-    FT_Error error =
-        location.bytes
-            ? FT_New_Memory_Face(library(), location_.bytes->data(), static_cast<FT_Long>(location_.bytes->size()),
-                                 location.index, &face_)
-            : FT_New_Face(library(), location.path.c_str(), location.index, &face_);
+    FT_Error error = location.bytes
+                         ? FT_New_Memory_Face(library(), location_.bytes->data(),
+                                              static_cast<FT_Long>(location_.bytes->size()), location.index, &face_)
+                         : FT_New_Face(library(), location.path.c_str(), location.index, &face_);
     if (error != 0) {
         face_ = nullptr;
         return;
@@ -120,9 +119,7 @@ bool readFacts(const FaceLocation &location, FaceFacts &facts)
     facts.isScalable = face.isScalable();
     auto *os2 = static_cast<const TT_OS2 *>(FT_Get_Sfnt_Table(handle, FT_SFNT_OS2));
     bool hasWeight = os2 && os2->version != 0xffff && os2->usWeightClass >= 100 && os2->usWeightClass <= 1000;
-    facts.weight = hasWeight                                       ? os2->usWeightClass
-                   : handle->style_flags & FT_STYLE_FLAG_BOLD ? FW_BOLD
-                                                                   : FW_NORMAL;
+    facts.weight = hasWeight ? os2->usWeightClass : handle->style_flags & FT_STYLE_FLAG_BOLD ? FW_BOLD : FW_NORMAL;
     facts.faces = static_cast<int>(std::clamp<FT_Long>(handle->num_faces, 1, 256));
     return true;
 }

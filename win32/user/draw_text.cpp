@@ -264,8 +264,8 @@ void TextBlock::putLine(std::string_view text, int y)
         size_t tab = flags_ & DT_EXPANDTABS ? text.find('\t') : none;
         std::string_view piece = text.substr(0, tab);
         if (!piece.empty())
-            ExtTextOutA(context_, wrappingSum(start, x), y, options, &rect_, piece.data(), static_cast<UINT>(piece.size()),
-                        nullptr);
+            ExtTextOutA(context_, wrappingSum(start, x), y, options, &rect_, piece.data(),
+                        static_cast<UINT>(piece.size()), nullptr);
         if (tab == none)
             break;
         x = advanced(text.substr(0, tab + 1), x);
@@ -353,7 +353,8 @@ int drawText(HDC context, const char *text, int count, char *modified, RECT *rec
         if (params)
             params->uiLengthDrawn = static_cast<UINT>(std::min(block.drawnBytes(), whole.size()));
         if (modified && (flags & DT_MODIFYSTRING) && !block.shortened().empty())
-            memcpy(modified, block.shortened().c_str(), std::min(block.shortened().size(), whole.size() + ellipsis.size()) + 1);
+            memcpy(modified, block.shortened().c_str(),
+                   std::min(block.shortened().size(), whole.size() + ellipsis.size()) + 1);
         return height;
     });
 }

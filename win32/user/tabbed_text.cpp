@@ -12,7 +12,8 @@ namespace {
 
 class TabStops {
 public:
-    TabStops(HDC context, int count, const INT *positions) : count_(positions ? std::max(count, 0) : 0), positions_(positions)
+    TabStops(HDC context, int count, const INT *positions)
+        : count_(positions ? std::max(count, 0) : 0), positions_(positions)
     {
         TEXTMETRICA metrics{};
         GetTextMetricsA(context, &metrics);
@@ -93,6 +94,7 @@ LONG TabbedTextOutA(HDC context, int x, int y, LPCSTR text, int count, int stops
         return fail(ERROR_INVALID_PARAMETER, 0);
     return static_cast<LONG>(layOut(context, {text, static_cast<size_t>(count)}, TabStops(context, stops, positions),
                                     int64_t{x} - origin, [&](int offset, std::string_view piece) {
-                                        TextOutA(context, wrappingSum(x, offset), y, piece.data(), static_cast<int>(piece.size()));
+                                        TextOutA(context, wrappingSum(x, offset), y, piece.data(),
+                                                 static_cast<int>(piece.size()));
                                     }));
 }

@@ -85,7 +85,8 @@ size_t count(const std::vector<uint32_t> &pixels, uint32_t pixel)
     return static_cast<size_t>(std::count(pixels.begin(), pixels.end(), pixel));
 }
 
-RECT calculated(const TextCanvas &canvas, const std::string &text, UINT flags, RECT rect = {10, 5, 150, 6}, int *height = nullptr)
+RECT calculated(const TextCanvas &canvas, const std::string &text, UINT flags, RECT rect = {10, 5, 150, 6},
+                int *height = nullptr)
 {
     int result = DrawTextA(canvas.dc, text.data(), static_cast<int>(text.size()), &rect, flags | DT_CALCRECT);
     if (height)
@@ -240,7 +241,8 @@ TEST(Text, RectangleFillsAndClips)
     RECT rect{20, 10, 50, 20};
     ASSERT_TRUE(ExtTextOutA(canvas.dc, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr));
     EXPECT_EQ(count(canvas.pixels(), bluePixel), 300u);
-    auto pixels = canvas.picture([&] { ExtTextOutA(canvas.dc, 10, 6, ETO_OPAQUE | ETO_CLIPPED, &rect, "Clipped text", 12, nullptr); });
+    auto pixels = canvas.picture(
+        [&] { ExtTextOutA(canvas.dc, 10, 6, ETO_OPAQUE | ETO_CLIPPED, &rect, "Clipped text", 12, nullptr); });
     EXPECT_EQ(count(pixels, bluePixel) + count(pixels, redPixel), 300u);
     EXPECT_GT(count(pixels, redPixel), 10u);
 }
@@ -494,7 +496,8 @@ TEST(TextInRectangle, UnderlinesTheMarkedLetter)
     auto marked = canvas.pictureOf("Save &As", rect, DT_SINGLELINE);
     int y = 5 + canvas.metrics.tmAscent + 1, added = 0;
     for (int x = 0; x < canvas.width(); ++x)
-        added += marked[static_cast<size_t>(y * canvas.width() + x)] && !plain[static_cast<size_t>(y * canvas.width() + x)];
+        added +=
+            marked[static_cast<size_t>(y * canvas.width() + x)] && !plain[static_cast<size_t>(y * canvas.width() + x)];
     EXPECT_GE(added, canvas.width("A") - 1);
     EXPECT_LE(added, canvas.width("A") + 1);
 }
@@ -519,7 +522,8 @@ TEST(TextInRectangle, EndsWithDotsWhatIsTooLong)
     TextCanvas canvas;
     char text[32] = "A text that is long";
     RECT rect{10, 5, 10 + canvas.width("A text that"), 40};
-    auto drawn = canvas.picture([&] { DrawTextA(canvas.dc, text, -1, &rect, DT_SINGLELINE | DT_END_ELLIPSIS | DT_MODIFYSTRING); });
+    auto drawn = canvas.picture(
+        [&] { DrawTextA(canvas.dc, text, -1, &rect, DT_SINGLELINE | DT_END_ELLIPSIS | DT_MODIFYSTRING); });
     std::string shown = text;
     ASSERT_TRUE(shown.ends_with("...")) << shown;
     EXPECT_LE(canvas.width(shown), rect.right - rect.left);
