@@ -38,8 +38,15 @@ public:
     uint8_t rows[8]{};
     std::unique_ptr<PatternBits> pattern;
     ColorSource colorSource = ColorSource::Own;
-    // No two brushes ever have the same: what is made from a brush is kept by it.
-    const uint32_t stamp = nextStamp();
+    // No two looks of brushes ever have the same: what is made from a brush is kept by it.
+    uint32_t stamp = nextStamp();
+
+    // Only brushes of system colours change.
+    void recolor(COLORREF next)
+    {
+        color = next;
+        stamp = nextStamp();
+    }
 
 private:
     static uint32_t nextStamp();

@@ -1,8 +1,8 @@
 #include "region.h"
 
-#include "kernel/faults.h"
-
 #include <climits>
+#include <cstdlib>
+#include <utility>
 
 namespace win32::gdi {
 namespace {
@@ -16,6 +16,18 @@ public:
     Replacement &operator=(const Replacement &) = delete;
 
     pixman_region32_t *get() { return &pixels_; }
+
+    // Room for boxes at once: pixman by itself makes it in small steps. It does not free a size of 0.
+    bool reserve(size_t count)
+    {
+        auto *data = static_cast<pixman_region32_data_t *>(malloc(sizeof *pixels_.data + count * sizeof(Box)));
+        if (!data)
+            return false;
+        *data = {static_cast<long>(count), 0};
+        pixels_.data = data;
+        return true;
+    }
+
     bool takePlace(bool isComplete)
     {
         if (isComplete)
@@ -28,6 +40,11 @@ private:
     pixman_region32_t pixels_;
 };
 
+size_t boxCount(const pixman_region32_t &region)
+{
+    return region.data ? static_cast<size_t>(region.data->numRects) : 1;
+}
+
 bool exclusiveOr(pixman_region32_t *result, const pixman_region32_t &first, const pixman_region32_t &second)
 {
     pixman_region32_t onlySecond;
@@ -37,13 +54,6 @@ bool exclusiveOr(pixman_region32_t *result, const pixman_region32_t &first, cons
                   && pixman_region32_union(result, result, &onlySecond);
     pixman_region32_fini(&onlySecond);
     return isDone;
-}
-
-// What pixman allocates passes by the panel, so it is asked here.
-bool refusesBoxes(const pixman_region32_t &first, const pixman_region32_t &second)
-{
-    long count = (first.data ? first.data->numRects : 0) + (second.data ? second.data->numRects : 0);
-    return count > 0 && faults::refuses(WIN32_ALLOCATION_LAYER, static_cast<size_t>(count) * sizeof(Box));
 }
 
 } // namespace
@@ -63,9 +73,11 @@ int complexityOf(const pixman_region32_t &region)
 
 bool combine(pixman_region32_t &result, const pixman_region32_t &first, const pixman_region32_t &second, int mode)
 {
-    if (refusesBoxes(first, second))
-        return false;
     Replacement replacement(result);
+    size_t count = boxCount(first) + boxCount(second);
+    bool isComplex = first.data || second.data;
+    if (isComplex && count > 0 && !replacement.reserve(2 * count))
+        return false;
     pixman_region32_t *made = replacement.get();
     switch (mode) {
     case RGN_AND: return replacement.takePlace(pixman_region32_intersect(made, &first, &second));

@@ -1,9 +1,12 @@
-// A line sweeps downwards over the boxes. Which parts of it they cover stands in a tree over all the places
-// where boxes begin or end, so a box that begins or ends costs a path in the tree, and the line is read only
-// where what it covers has changed.
+// A line sweeps downwards over the boxes and stops where some begin or end. Usually the boxes on it are simply
+// read from left to right at each stop. Where that would cost out of proportion, since many lie over each other,
+// what they cover stands in a tree over all the places where boxes begin or end: then a box costs a path in the
+// tree, and the line is read only where what is covered has changed.
 #include "region_sweep.h"
 
 #include "bands.h"
+
+#include <climits>
 
 namespace win32::gdi {
 namespace {
@@ -104,15 +107,49 @@ std::vector<int> placesOf(std::span<const Box> boxes)
     return places;
 }
 
-} // namespace
+bool byLeft(const Box &a, const Box &b)
+{
+    return a.x1 < b.x1;
+}
 
-std::vector<Box> sweep(std::span<const Box> boxes)
+// False, with nothing of use in the result, when the reading grows out of proportion.
+bool sweepByReading(std::span<const Box> boxes, std::vector<Box> &result)
+{
+    BandWriter writer(result);
+    std::vector<Box> active; // from left to right
+    size_t next = 0, steps = 0, mostSteps = 256 * boxes.size();
+    int top = boxes.front().y1;
+    while (next < boxes.size() || !active.empty()) {
+        if (active.empty())
+            top = boxes[next].y1;
+        auto before = static_cast<ptrdiff_t>(active.size());
+        for (; next < boxes.size() && boxes[next].y1 == top; ++next)
+            active.push_back(boxes[next]);
+        if (static_cast<ptrdiff_t>(active.size()) > before)
+            std::inplace_merge(active.begin(), active.begin() + before, active.end(), byLeft);
+        int bottom = next < boxes.size() ? boxes[next].y1 : INT_MAX;
+        for (const Box &box : active)
+            bottom = std::min(bottom, box.y2);
+        writer.begin(top, bottom);
+        for (const Box &box : active)
+            writer.add(box.x1, box.x2);
+        steps += active.size();
+        if (steps > mostSteps + 8 * result.size())
+            return false;
+        std::erase_if(active, [bottom](const Box &box) { return box.y2 == bottom; });
+        top = bottom;
+    }
+    writer.finish();
+    return true;
+}
+
+void sweepByTree(std::span<const Box> boxes, std::vector<Box> &result)
 {
     std::vector<Box> ends(boxes.begin(), boxes.end());
     std::sort(ends.begin(), ends.end(), [](const Box &a, const Box &b) { return a.y2 < b.y2; });
     CoveredLine line(placesOf(boxes));
-    std::vector<Box> result, runs; // runs are those of the band that has begun
     BandWriter writer(result);
+    std::vector<Box> runs; // of the band that has begun
     int top = 0;
     auto beginning = boxes.begin();
     for (auto ending = ends.begin(); ending != ends.end();) {
@@ -134,6 +171,17 @@ std::vector<Box> sweep(std::span<const Box> boxes)
         top = y;
     }
     writer.finish();
+}
+
+} // namespace
+
+std::vector<Box> sweep(std::span<const Box> boxes)
+{
+    std::vector<Box> result;
+    if (!sweepByReading(boxes, result)) {
+        result.clear();
+        sweepByTree(boxes, result);
+    }
     return result;
 }
 

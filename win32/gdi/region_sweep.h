@@ -8,7 +8,8 @@
 
 namespace win32::gdi {
 
-// The boxes come by their upper sides and none is empty; the result is in the form of bands.h. Throws bad_alloc.
+// The boxes come by their upper sides, those with the same one from left to right, and none is empty; the result is in
+// the form of bands.h. Throws bad_alloc.
 std::vector<Box> sweep(std::span<const Box> boxes);
 
 } // namespace win32::gdi

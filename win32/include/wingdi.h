@@ -218,6 +218,7 @@ typedef struct tagLOGPALETTE {
 #define SYSPAL_NOSTATIC 2
 #define SYSPAL_NOSTATIC256 3
 
+#define GREEK_CHARSET 161
 #define LF_FACESIZE 32
 typedef struct tagLOGFONTA {
     LONG lfHeight;

@@ -1,89 +1,157 @@
-// Edges that look raised, sunken or etched.
-#include "gdi/box.h"
+#include "draw_edge.h"
 
+#include "kernel/kernel_internal.h"
+
+namespace win32::user {
 namespace {
 
-constexpr int none = -1;
+using gdi::Box;
 
-// The colours of one ring: of its left and top sides, and of its right and bottom sides.
-struct RingColors {
-    int topLeft = none;
-    int bottomRight = none;
+// A line along the box: the colours of its left and upper, and of its right and lower sides.
+struct Layer {
+    int leftTop;
+    int rightBottom;
 };
 
-RingColors outerColors(UINT edge, UINT flags)
+constexpr UINT raised = 1, sunken = 2; // of the two bits that an edge has for each layer
+
+// By whether the layer is the inner one, is sunken, is soft.
+constexpr Layer layers[2][2][2] = {
+    {{{COLOR_3DLIGHT, COLOR_3DDKSHADOW}, {COLOR_BTNHIGHLIGHT, COLOR_3DDKSHADOW}},
+     {{COLOR_BTNSHADOW, COLOR_BTNHIGHLIGHT}, {COLOR_3DDKSHADOW, COLOR_BTNHIGHLIGHT}}},
+    {{{COLOR_BTNHIGHLIGHT, COLOR_BTNSHADOW}, {COLOR_3DLIGHT, COLOR_BTNSHADOW}},
+     {{COLOR_3DDKSHADOW, COLOR_3DLIGHT}, {COLOR_BTNSHADOW, COLOR_3DLIGHT}}},
+};
+
+Layer layerOf(UINT part, bool isInner, UINT flags)
 {
-    if (flags & (BF_FLAT | BF_MONO)) {
-        int color = flags & BF_MONO ? int{COLOR_WINDOWFRAME} : int{COLOR_3DSHADOW};
-        return edge & BDR_OUTER ? RingColors{color, color} : RingColors{};
-    }
-    switch (edge & BDR_OUTER) {
-    case BDR_RAISEDOUTER:
-        return {flags & BF_SOFT ? int{COLOR_3DHILIGHT} : int{COLOR_3DLIGHT}, COLOR_3DDKSHADOW};
-    case BDR_SUNKENOUTER:
-        return {flags & BF_SOFT ? int{COLOR_3DDKSHADOW} : int{COLOR_3DSHADOW}, COLOR_3DHILIGHT};
-    default:
-        return {};
-    }
+    if (flags & BF_MONO)
+        return isInner ? Layer{COLOR_WINDOW, COLOR_WINDOW} : Layer{COLOR_WINDOWFRAME, COLOR_WINDOWFRAME};
+    if (flags & BF_FLAT)
+        return isInner ? Layer{COLOR_BTNFACE, COLOR_BTNFACE} : Layer{COLOR_BTNSHADOW, COLOR_BTNSHADOW};
+    return layers[isInner][part == sunken][(flags & BF_SOFT) != 0];
 }
 
-RingColors innerColors(UINT edge, UINT flags)
+int middleColor(UINT flags)
 {
-    if (flags & (BF_FLAT | BF_MONO)) {
-        int color = flags & BF_MONO ? int{COLOR_WINDOW} : int{COLOR_3DFACE};
-        return edge & BDR_INNER ? RingColors{color, color} : RingColors{};
-    }
-    switch (edge & BDR_INNER) {
-    case BDR_RAISEDINNER:
-        return {flags & BF_SOFT ? int{COLOR_3DLIGHT} : int{COLOR_3DHILIGHT}, COLOR_3DSHADOW};
-    case BDR_SUNKENINNER:
-        return {flags & BF_SOFT ? int{COLOR_3DSHADOW} : int{COLOR_3DDKSHADOW}, COLOR_3DLIGHT};
-    default:
-        return {};
-    }
+    return flags & BF_MONO ? COLOR_WINDOW : COLOR_BTNFACE;
 }
 
-void fillSide(HDC context, int left, int top, int right, int bottom, int color)
+// The layers of an edge from the outside to the inside. A part that is to be raised and sunken at once has no
+// colours: it and what is inside of it is not drawn.
+struct Layers {
+    Layers(UINT edge, UINT flags)
+    {
+        add(edge & BDR_OUTER, false, flags);
+        add((edge & BDR_INNER) >> 2, true, flags);
+    }
+
+    Layer layer[2];
+    int drawn = 0;
+    int count = 0;
+
+    bool isContradictory() const { return drawn < count; }
+
+private:
+    void add(UINT part, bool isInner, UINT flags)
+    {
+        if (part == 0)
+            return;
+        bool hasColors = part != (raised | sunken) || (flags & (BF_MONO | BF_FLAT));
+        if (hasColors && !isContradictory())
+            layer[drawn++] = layerOf(part, isInner, flags);
+        ++count;
+    }
+};
+
+void drawSides(SystemPainter &painter, const Box &box, const Layer &layer, UINT flags)
 {
-    RECT side{left, top, right, bottom};
-    FillRect(context, &side, GetSysColorBrush(color));
+    if (flags & BF_LEFT)
+        painter.fill(Box{box.x1, box.y1, box.x1 + 1, box.y2}, layer.leftTop);
+    if (flags & BF_TOP)
+        painter.fill(Box{box.x1, box.y1, box.x2, box.y1 + 1}, layer.leftTop);
+    if (flags & BF_RIGHT)
+        painter.fill(Box{box.x2 - 1, box.y1, box.x2, box.y2}, layer.rightBottom);
+    if (flags & BF_BOTTOM)
+        painter.fill(Box{box.x1, box.y2 - 1, box.x2, box.y2}, layer.rightBottom);
 }
 
-// Draws the sides that are asked for and takes them off the rectangle. The right and bottom sides end at the
-// corners of the others.
-void drawRing(HDC context, RECT &rect, const RingColors &colors, UINT sides)
+void shrink(Box &box, UINT flags, int by)
 {
-    if (colors.topLeft == none)
-        return;
-    RECT inner = rect;
-    inner.left += sides & BF_LEFT ? 1 : 0;
-    inner.top += sides & BF_TOP ? 1 : 0;
-    inner.right -= sides & BF_RIGHT ? 1 : 0;
-    inner.bottom -= sides & BF_BOTTOM ? 1 : 0;
-    if (sides & BF_LEFT)
-        fillSide(context, rect.left, rect.top, inner.left, inner.bottom, colors.topLeft);
-    if (sides & BF_TOP)
-        fillSide(context, rect.left, rect.top, inner.right, inner.top, colors.topLeft);
-    if (sides & BF_RIGHT)
-        fillSide(context, inner.right, rect.top, rect.right, rect.bottom, colors.bottomRight);
-    if (sides & BF_BOTTOM)
-        fillSide(context, rect.left, inner.bottom, rect.right, rect.bottom, colors.bottomRight);
-    rect = inner;
+    box.x1 += flags & BF_LEFT ? by : 0;
+    box.y1 += flags & BF_TOP ? by : 0;
+    box.x2 -= flags & BF_RIGHT ? by : 0;
+    box.y2 -= flags & BF_BOTTOM ? by : 0;
+}
+
+void drawStraight(SystemPainter &painter, Box box, const Layers &all, UINT flags)
+{
+    for (int i = 0; i < all.drawn && !gdi::isEmpty(box); ++i) {
+        drawSides(painter, box, all.layer[i], flags);
+        shrink(box, flags, 1);
+    }
+    if ((flags & BF_MIDDLE) && !all.isContradictory())
+        painter.fill(box, middleColor(flags));
+}
+
+// Falling lines join the corners of the upper left and lower right, rising ones the others. The inner line and
+// the middle lie to the left of the outer line or to its right.
+void drawDiagonal(SystemPainter &painter, const Box &box, const Layers &all, UINT flags)
+{
+    UINT sides = flags & BF_RECT;
+    bool isFalling = sides == BF_TOPLEFT || sides == BF_BOTTOMRIGHT;
+    bool isInnerRight = isFalling ? sides == BF_TOPLEFT : (sides & BF_RIGHT) != 0;
+    int length = std::min(box.x2 - box.x1, box.y2 - box.y1);
+    for (int i = 0; i < length; ++i) {
+        int x = box.x1 + i, y = isFalling ? box.y1 + i : box.y2 - 1 - i;
+        for (int layer = 0; layer < all.drawn; ++layer) {
+            int place = isInnerRight ? x + layer : x - layer;
+            int color = flags & BF_BOTTOM ? all.layer[layer].rightBottom : all.layer[layer].leftTop;
+            bool isShort = layer > 0 && i == (isInnerRight ? length - 1 : 0);
+            if (!isShort)
+                painter.fill(Box{place, y, place + 1, y + 1}, color);
+        }
+        bool hasMiddle = (flags & BF_MIDDLE) && !all.isContradictory() && (!isInnerRight || i < length - all.count);
+        if (hasMiddle) {
+            Box middle = isInnerRight ? Box{x + all.count, y, box.x2, y + 1} : Box{box.x1, y, x + 1 - all.count, y + 1};
+            painter.fill(middle, middleColor(flags));
+        }
+    }
 }
 
 } // namespace
 
+bool drawEdge(SystemPainter &painter, Box &box, UINT edge, UINT flags)
+{
+    Layers all(edge, flags);
+    if (flags & BF_DIAGONAL)
+        drawDiagonal(painter, box, all, flags);
+    else
+        drawStraight(painter, box, all, flags);
+    shrink(box, flags, all.count);
+    return !all.isContradictory();
+}
+
+} // namespace win32::user
+
+using namespace win32;
+using namespace win32::user;
+
 BOOL DrawEdge(HDC context, LPRECT rect, UINT edge, UINT flags)
 {
-    constexpr UINT diagonal = 0x0010;
-    if (!rect || (flags & diagonal) || !GetObjectType(context))
+    SystemPainter painter(context);
+    if (!painter || !rect)
         return FALSE;
-    RECT inner = *rect;
-    drawRing(context, inner, outerColors(edge, flags), flags & BF_RECT);
-    drawRing(context, inner, innerColors(edge, flags), flags & BF_RECT);
-    if (flags & BF_MIDDLE)
-        FillRect(context, &inner, GetSysColorBrush(flags & BF_MONO ? COLOR_WINDOW : COLOR_3DFACE));
-    if (flags & BF_ADJUST)
-        *rect = inner;
-    return TRUE;
+    return guarded(FALSE, [&] {
+        gdi::Box box = painter.boxOf(*rect);
+        bool isDrawn = drawEdge(painter, box, edge, flags);
+        if (flags & BF_ADJUST) {
+            int layers = !!(edge & BDR_OUTER) + !!(edge & BDR_INNER);
+            rect->left += flags & BF_LEFT ? layers : 0;
+            rect->top += flags & BF_TOP ? layers : 0;
+            rect->right -= flags & BF_RIGHT ? layers : 0;
+            rect->bottom -= flags & BF_BOTTOM ? layers : 0;
+        }
+        return isDrawn ? TRUE : FALSE;
+    });
 }

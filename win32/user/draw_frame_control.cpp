@@ -1,232 +1,235 @@
-// The signs on the system's buttons: captions, scroll bars, check boxes.
-#include "gdi/box.h"
+// Buttons, boxes and signs of the desktop's controls.
+#include "draw_edge.h"
+#include "frame_glyphs.h"
 
-#include <algorithm>
+#include "gdi/scan.h"
+
+#include "kernel/kernel_internal.h"
+
+using namespace win32;
+using namespace win32::gdi;
+using namespace win32::user;
 
 namespace {
 
-void fill(HDC context, int left, int top, int right, int bottom, int color)
+constexpr int edgeWidth = 2;
+
+void move(Glyph &glyph, int by)
 {
-    RECT rect{left, top, right, bottom};
-    FillRect(context, &rect, GetSysColorBrush(color));
+    for (Box &box : glyph)
+        box = translated(box, by, by);
 }
 
-// A sign is drawn in a colour; one that is not available has a light shadow at its lower right.
-template <class Draw> void drawSign(UINT state, Draw draw)
+// A sign on a button: it moves with a pushed one and is engraved on one that cannot be used.
+void drawSign(SystemPainter &painter, Glyph glyph, UINT state)
 {
+    if (state & DFCS_PUSHED)
+        move(glyph, 1);
     if (state & DFCS_INACTIVE) {
-        draw(1, COLOR_3DHILIGHT);
-        draw(0, COLOR_3DSHADOW);
-    } else {
-        draw(0, COLOR_BTNTEXT);
+        Glyph light = glyph;
+        move(light, 1);
+        painter.fill(light, COLOR_BTNHIGHLIGHT);
+    }
+    painter.fill(glyph, state & DFCS_INACTIVE ? COLOR_BTNSHADOW : COLOR_BTNTEXT);
+}
+
+// The edge of a button and its face; gives the face.
+Box drawButton(SystemPainter &painter, Box box, UINT state, UINT softness)
+{
+    bool isDown = (state & (DFCS_PUSHED | DFCS_CHECKED)) != 0;
+    UINT flags = BF_RECT | softness | (state & (DFCS_FLAT | DFCS_MONO));
+    drawEdge(painter, box, isDown ? EDGE_SUNKEN : EDGE_RAISED, flags | (isDown ? UINT{BF_SOFT} : 0u));
+    if (state & DFCS_CHECKED)
+        painter.fillMixed(box, COLOR_BTNHIGHLIGHT, COLOR_BTNFACE);
+    else
+        painter.fill(box, COLOR_BTNFACE);
+    return box;
+}
+
+bool drawCaptionButton(SystemPainter &painter, const Box &box, UINT state)
+{
+    constexpr Glyph (*glyphs[])(const Box &) = {closeGlyph, minimizeGlyph, maximizeGlyph, restoreGlyph, helpGlyph};
+    UINT kind = state & 0xff;
+    if (kind >= std::size(glyphs))
+        return false;
+    drawButton(painter, box, state & ~UINT{DFCS_CHECKED}, BF_SOFT);
+    drawSign(painter, glyphs[kind](box), state);
+    return true;
+}
+
+// Lines that rise to the right, or to the left, in a corner of the box.
+void drawSizeGrip(SystemPainter &painter, const Box &box, bool isOnRight)
+{
+    constexpr int step = 4, lines = 3;
+    painter.fill(box, COLOR_BTNFACE);
+    Box square = middleSquare(box);
+    int side = square.x2 - square.x1, unit = std::max(1, side / 16);
+    for (int i = 0; i < side; ++i) {
+        int line = i / unit / step, part = i / unit % step; // 0 is the gap, 1 and 2 are shadow, 3 is light
+        if (line >= lines || part == 0)
+            continue;
+        int color = part == step - 1 ? COLOR_BTNHIGHLIGHT : COLOR_BTNSHADOW;
+        for (int j = 0; j <= i; ++j) {
+            int x = isOnRight ? box.x2 - 1 - i + j : box.x1 + i - j, y = box.y2 - 1 - j;
+            painter.fill(pixelBox(x, y), color);
+        }
     }
 }
 
-void drawButtonFace(HDC context, RECT &rect, UINT state)
+bool drawScrollControl(SystemPainter &painter, const Box &box, UINT state)
 {
-    UINT edge = state & DFCS_PUSHED ? UINT{EDGE_SUNKEN} : UINT{EDGE_RAISED};
-    if (state & DFCS_FLAT) {
-        FillRect(context, &rect, GetSysColorBrush(COLOR_3DFACE));
-        FrameRect(context, &rect, GetSysColorBrush(COLOR_3DSHADOW));
-        InflateRect(&rect, -1, -1);
+    if (state & (DFCS_SCROLLSIZEGRIP | DFCS_SCROLLSIZEGRIPRIGHT)) {
+        drawSizeGrip(painter, box, state & DFCS_SCROLLSIZEGRIP);
+        return true;
+    }
+    constexpr Direction directions[] = {Direction::Up,    Direction::Down, Direction::Left,
+                                        Direction::Right, Direction::Down, Direction::Down};
+    static_assert(std::size(directions) == DFCS_SCROLLCOMBOBOX + 1);
+    UINT kind = state & 0xff;
+    if (kind >= std::size(directions))
+        return false;
+    drawButton(painter, box, state & ~UINT{DFCS_CHECKED}, 0);
+    drawSign(painter, arrowGlyph(box, directions[kind]), state);
+    return true;
+}
+
+// Black signs on white.
+bool drawMenuSign(SystemPainter &painter, const Box &box, UINT state)
+{
+    constexpr COLORREF black = RGB(0, 0, 0), white = RGB(255, 255, 255);
+    painter.fillPlain(box, white);
+    switch (state & 0xff) {
+    case DFCS_MENUARROW: painter.fillPlain(arrowGlyph(box, Direction::Right), black); return true;
+    case DFCS_MENUARROWRIGHT: painter.fillPlain(arrowGlyph(box, Direction::Left), black); return true;
+    case DFCS_MENUCHECK: painter.fillPlain(checkGlyph(box), black); return true;
+    case DFCS_MENUBULLET:
+        painter.fillPlain(discGlyph(box, std::max(2, (box.x2 - box.x1) * 4 / 13)), black);
+        return true;
+    default: return false;
+    }
+}
+
+void fillInterior(SystemPainter &painter, const Box &box, UINT state)
+{
+    bool isMixed = (state & 0xff) == DFCS_BUTTON3STATE && (state & DFCS_CHECKED);
+    if (isMixed)
+        painter.fillMixed(box, COLOR_BTNHIGHLIGHT, COLOR_BTNFACE);
+    else
+        painter.fill(box, state & (DFCS_PUSHED | DFCS_INACTIVE) ? COLOR_BTNFACE : COLOR_WINDOW);
+}
+
+int markColor(UINT state)
+{
+    bool isMixed = (state & 0xff) == DFCS_BUTTON3STATE;
+    return state & DFCS_INACTIVE || isMixed ? COLOR_BTNSHADOW : COLOR_WINDOWTEXT;
+}
+
+void drawCheckBox(SystemPainter &painter, const Box &box, UINT state)
+{
+    Box square = middleSquare(box), inside = square;
+    drawEdge(painter, inside, EDGE_SUNKEN, BF_RECT | (state & (DFCS_FLAT | DFCS_MONO)));
+    fillInterior(painter, inside, state);
+    if (state & DFCS_CHECKED)
+        painter.fill(checkGlyph(square), markColor(state));
+}
+
+// A disc whose upper left half has another colour than the lower right one.
+void drawTwoColoredDisc(SystemPainter &painter, const Box &square, int diameter, int upperLeft, int lowerRight)
+{
+    int middle = square.x1 + square.y1 + square.x2 - square.x1;
+    for (const Box &run : discGlyph(square, diameter)) {
+        for (int y = run.y1; y < run.y2; ++y) {
+            int turn = std::clamp(middle - y, run.x1, run.x2);
+            painter.fill(Box{run.x1, y, turn, y + 1}, upperLeft);
+            painter.fill(Box{turn, y, run.x2, y + 1}, lowerRight);
+        }
+    }
+}
+
+struct RadioColors {
+    int outerUpperLeft, outerLowerRight, innerUpperLeft, innerLowerRight;
+};
+
+constexpr RadioColors radioColors(UINT state)
+{
+    if (state & DFCS_MONO)
+        return {COLOR_WINDOWFRAME, COLOR_WINDOWFRAME, COLOR_WINDOW, COLOR_WINDOW};
+    if (state & DFCS_FLAT)
+        return {COLOR_BTNSHADOW, COLOR_BTNSHADOW, COLOR_BTNFACE, COLOR_BTNFACE};
+    return {COLOR_BTNSHADOW, COLOR_BTNHIGHLIGHT, COLOR_3DDKSHADOW, COLOR_3DLIGHT};
+}
+
+void drawRadioButton(SystemPainter &painter, const Box &box, UINT state)
+{
+    Box square = middleSquare(box);
+    int diameter = std::max(1, square.x2 - square.x1 - std::max(1, (square.x2 - square.x1) / 8));
+    RadioColors colors = radioColors(state);
+    drawTwoColoredDisc(painter, square, diameter, colors.outerUpperLeft, colors.outerLowerRight);
+    drawTwoColoredDisc(painter, square, diameter - 2, colors.innerUpperLeft, colors.innerLowerRight);
+    bool isPlain = state & (DFCS_PUSHED | DFCS_INACTIVE);
+    painter.fill(discGlyph(square, diameter - 4), isPlain ? COLOR_BTNFACE : COLOR_WINDOW);
+    int dot = (diameter + 1) / 3;
+    dot += (diameter - dot) % 2; // so that it stands in the middle
+    if (state & DFCS_CHECKED)
+        painter.fill(discGlyph(square, dot), markColor(state));
+}
+
+// An image on black, and the white mask with a black hole for it.
+void drawRadioParts(SystemPainter &painter, const Box &box, UINT state)
+{
+    constexpr COLORREF black = RGB(0, 0, 0), white = RGB(255, 255, 255);
+    if ((state & 0xff) == DFCS_BUTTONRADIOIMAGE) {
+        painter.fillPlain(box, black);
+        drawRadioButton(painter, box, state);
         return;
     }
-    DrawEdge(context, &rect, edge, BF_RECT | BF_MIDDLE | BF_ADJUST | BF_SOFT);
+    Box square = middleSquare(box);
+    int side = square.x2 - square.x1;
+    painter.fillPlain(box, white);
+    painter.fillPlain(discGlyph(square, side - std::max(1, side / 8)), black);
 }
 
-RECT signRect(const RECT &button, UINT state, int width, int height)
+bool drawButtonControl(SystemPainter &painter, const Box &box, UINT state)
 {
-    int x = (button.left + button.right - width) / 2, y = (button.top + button.bottom - height) / 2;
-    int shift = state & DFCS_PUSHED ? 1 : 0;
-    return {x + shift, y + shift, x + shift + width, y + shift + height};
-}
-
-// A cross of strokes that are two pixels wide.
-void drawCross(HDC context, const RECT &box, int shift, int color)
-{
-    int size = box.bottom - box.top;
-    for (int i = 0; i < size; ++i) {
-        int y = box.top + i + shift;
-        fill(context, box.left + i + shift, y, box.left + i + 2 + shift, y + 1, color);
-        fill(context, box.left + size - 1 - i + shift, y, box.left + size + 1 - i + shift, y + 1, color);
-    }
-}
-
-void drawWindow(HDC context, const RECT &box, int shift, int color)
-{
-    RECT frame = box;
-    OffsetRect(&frame, shift, shift);
-    FrameRect(context, &frame, GetSysColorBrush(color));
-    fill(context, frame.left, frame.top, frame.right, frame.top + 2, color);
-}
-
-BOOL drawCaptionButton(HDC context, RECT rect, UINT state)
-{
-    drawButtonFace(context, rect, state);
-    int size = std::max<int>(std::min(rect.right - rect.left, rect.bottom - rect.top) - 4, 3);
-    switch (state & 0xf) {
-    case DFCS_CAPTIONCLOSE: {
-        int height = std::max(size - 1, 3);
-        RECT box = signRect(rect, state, height + 1, height);
-        drawSign(state, [&](int shift, int color) { drawCross(context, box, shift, color); });
-        return TRUE;
-    }
-    case DFCS_CAPTIONMIN: {
-        RECT box = signRect(rect, state, size, size);
-        drawSign(state, [&](int shift, int color) {
-            fill(context, box.left + shift, box.bottom - 2 + shift, box.left + size * 2 / 3 + shift, box.bottom + shift, color);
-        });
-        return TRUE;
-    }
-    case DFCS_CAPTIONMAX: {
-        RECT box = signRect(rect, state, size, size);
-        drawSign(state, [&](int shift, int color) { drawWindow(context, box, shift, color); });
-        return TRUE;
-    }
-    case DFCS_CAPTIONRESTORE: {
-        RECT box = signRect(rect, state, size, size);
-        int part = size * 2 / 3;
-        drawSign(state, [&](int shift, int color) {
-            drawWindow(context, {box.right - part, box.top, box.right, box.top + part}, shift, color);
-            fill(context, box.left + shift, box.bottom - part + shift, box.left + part + shift, box.bottom + shift, COLOR_3DFACE);
-            drawWindow(context, {box.left, box.bottom - part, box.left + part, box.bottom}, shift, color);
-        });
-        return TRUE;
-    }
-    default:
-        return FALSE;
-    }
-}
-
-// A triangle of rows or columns, the tip first.
-void drawArrow(HDC context, const RECT &box, UINT direction, int shift, int color)
-{
-    int depth = direction == DFCS_SCROLLUP || direction == DFCS_SCROLLDOWN ? box.bottom - box.top : box.right - box.left;
-    int centerX = (box.left + box.right) / 2 + shift, centerY = (box.top + box.bottom) / 2 + shift;
-    for (int i = 0; i < depth; ++i) {
-        switch (direction) {
-        case DFCS_SCROLLUP:
-            fill(context, centerX - i, box.top + i + shift, centerX + i + 1, box.top + i + 1 + shift, color);
-            break;
-        case DFCS_SCROLLDOWN:
-            fill(context, centerX - i, box.bottom - i - 1 + shift, centerX + i + 1, box.bottom - i + shift, color);
-            break;
-        case DFCS_SCROLLLEFT:
-            fill(context, box.left + i + shift, centerY - i, box.left + i + 1 + shift, centerY + i + 1, color);
-            break;
-        default:
-            fill(context, box.right - i - 1 + shift, centerY - i, box.right - i + shift, centerY + i + 1, color);
-            break;
-        }
-    }
-}
-
-// Ridges that run to the lower right corner.
-void drawSizeGrip(HDC context, const RECT &rect)
-{
-    FillRect(context, &rect, GetSysColorBrush(COLOR_3DFACE));
-    int size = std::min(rect.right - rect.left, rect.bottom - rect.top);
-    int reach = std::min(size - 1, 13);
-    for (int i = 1; i <= reach; ++i) {
-        int color = i % 4 == 0 ? int{COLOR_3DHILIGHT} : i % 4 == 1 ? int{COLOR_3DFACE} : int{COLOR_3DSHADOW};
-        for (int k = 0; k < i; ++k) {
-            int x = rect.right - 1 - i + k, y = rect.bottom - 2 - k;
-            fill(context, x, y, x + 1, y + 1, color);
-        }
-    }
-}
-
-BOOL drawScrollButton(HDC context, RECT rect, UINT state)
-{
-    UINT direction = state & 0xf;
-    if (direction == DFCS_SCROLLSIZEGRIP) {
-        drawSizeGrip(context, rect);
-        return TRUE;
-    }
-    if (direction == DFCS_SCROLLCOMBOBOX)
-        direction = DFCS_SCROLLDOWN;
-    if (direction > DFCS_SCROLLRIGHT)
-        return FALSE;
-    if (state & DFCS_FLAT)
-        drawButtonFace(context, rect, state);
-    else
-        DrawEdge(context, &rect, state & DFCS_PUSHED ? EDGE_SUNKEN : EDGE_RAISED, BF_RECT | BF_MIDDLE | BF_ADJUST);
-    int depth = std::max<int>((std::min(rect.right - rect.left, rect.bottom - rect.top) + 1) / 3, 2);
-    bool isUpright = direction == DFCS_SCROLLUP || direction == DFCS_SCROLLDOWN;
-    RECT box = signRect(rect, state, isUpright ? 2 * depth - 1 : depth, isUpright ? depth : 2 * depth - 1);
-    drawSign(state, [&](int shift, int color) { drawArrow(context, box, direction, shift, color); });
-    return TRUE;
-}
-
-void drawCheckMark(HDC context, const RECT &box, int color)
-{
-    constexpr struct {
-        int x, y;
-    } columns[] = {{0, 2}, {1, 3}, {2, 4}, {3, 3}, {4, 2}, {5, 1}, {6, 0}};
-    int left = (box.left + box.right - 7) / 2, top = (box.top + box.bottom - 7) / 2;
-    for (auto [x, y] : columns)
-        fill(context, left + x, top + y, left + x + 1, top + y + 3, color);
-}
-
-void drawRound(HDC context, const RECT &rect, UINT state)
-{
-    auto ellipse = [&](int inset, int fillColor, int lineColor) {
-        HPEN pen = CreatePen(PS_SOLID, 1, GetSysColor(lineColor));
-        HGDIOBJ oldPen = SelectObject(context, pen);
-        HGDIOBJ oldBrush = SelectObject(context, GetSysColorBrush(fillColor));
-        Ellipse(context, rect.left + inset, rect.top + inset, rect.right - inset, rect.bottom - inset);
-        SelectObject(context, oldBrush);
-        SelectObject(context, oldPen);
-        DeleteObject(pen);
-    };
-    int field = state & (DFCS_PUSHED | DFCS_INACTIVE) ? COLOR_3DFACE : COLOR_WINDOW;
-    ellipse(0, field, COLOR_3DSHADOW);
-    ellipse(1, field, COLOR_3DDKSHADOW);
-    if (state & DFCS_CHECKED)
-        ellipse(4, state & DFCS_INACTIVE ? COLOR_3DSHADOW : COLOR_WINDOWTEXT,
-                state & DFCS_INACTIVE ? COLOR_3DSHADOW : COLOR_WINDOWTEXT);
-}
-
-BOOL drawButton(HDC context, RECT rect, UINT state)
-{
-    switch (state & 0x1f) {
-    case DFCS_BUTTONPUSH:
-        drawButtonFace(context, rect, state);
-        return TRUE;
+    switch (state & 0xff) {
+    case DFCS_BUTTONPUSH: drawButton(painter, box, state, BF_SOFT); return true;
     case DFCS_BUTTONCHECK:
-    case DFCS_BUTTON3STATE: {
-        DrawEdge(context, &rect, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
-        int field = state & (DFCS_PUSHED | DFCS_INACTIVE) ? COLOR_3DFACE : COLOR_WINDOW;
-        FillRect(context, &rect, GetSysColorBrush(field));
-        if (state & DFCS_CHECKED)
-            drawCheckMark(context, rect, state & DFCS_INACTIVE ? COLOR_3DSHADOW : COLOR_WINDOWTEXT);
-        return TRUE;
+    case DFCS_BUTTON3STATE: drawCheckBox(painter, box, state); return true;
+    case DFCS_BUTTONRADIO: drawRadioButton(painter, box, state); return true;
+    case DFCS_BUTTONRADIOIMAGE:
+    case DFCS_BUTTONRADIOMASK: drawRadioParts(painter, box, state); return true;
+    default: return false;
     }
-    case DFCS_BUTTONRADIO:
-        drawRound(context, rect, state);
-        return TRUE;
-    default:
-        return FALSE;
+}
+
+bool drawControl(SystemPainter &painter, const Box &box, UINT type, UINT state)
+{
+    switch (type) {
+    case DFC_CAPTION: return drawCaptionButton(painter, box, state);
+    case DFC_MENU: return drawMenuSign(painter, box, state);
+    case DFC_SCROLL: return drawScrollControl(painter, box, state);
+    case DFC_BUTTON: return drawButtonControl(painter, box, state);
+    default: return false;
     }
+}
+
+bool hasButtonEdge(UINT type, UINT state)
+{
+    return type == DFC_CAPTION || type == DFC_SCROLL || (type == DFC_BUTTON && (state & 0xff) == DFCS_BUTTONPUSH);
 }
 
 } // namespace
 
 BOOL DrawFrameControl(HDC context, LPRECT rect, UINT type, UINT state)
 {
-    if (!rect || !GetObjectType(context))
+    SystemPainter painter(context);
+    if (!painter || !rect)
         return FALSE;
-    RECT copy = *rect;
-    if (state & DFCS_ADJUSTRECT)
-        InflateRect(rect, -2, -2);
-    switch (type) {
-    case DFC_CAPTION:
-        return drawCaptionButton(context, copy, state);
-    case DFC_SCROLL:
-        return drawScrollButton(context, copy, state);
-    case DFC_BUTTON:
-        return drawButton(context, copy, state);
-    default:
-        return FALSE;
-    }
+    return guarded(FALSE, [&] {
+        Box box = painter.boxOf(*rect);
+        bool isKnown = isEmpty(box) || drawControl(painter, box, type, state);
+        if (isKnown && (state & DFCS_ADJUSTRECT) && hasButtonEdge(type, state))
+            InflateRect(rect, -edgeWidth, -edgeWidth);
+        return isKnown ? TRUE : FALSE;
+    });
 }

@@ -1,5 +1,9 @@
 // Filled, framed and inverted rectangles.
+#include "system_colors.h"
+
+#include "gdi/area.h"
 #include "gdi/drawing.h"
+
 #include "kernel/kernel_internal.h"
 
 using namespace win32;
@@ -7,14 +11,12 @@ using namespace win32::gdi;
 
 namespace {
 
-// A small number stands for the brush of a system colour.
-Brush *findBrush(HBRUSH handle)
+// The pixels that a fill of the rectangle covers; sides out of order count back from the first.
+Box areaOf(const DeviceContext &dc, const RECT &rect)
 {
-    auto number = reinterpret_cast<ULONG_PTR>(handle);
-    constexpr ULONG_PTR mostColors = 64;
-    if (number > 0 && number < mostColors)
-        handle = GetSysColorBrush(static_cast<int>(number) - 1);
-    return find<Brush>(handle);
+    return Area(dc, rect.left, rect.top, cutToInt(int64_t{rect.right} - rect.left),
+                cutToInt(int64_t{rect.bottom} - rect.top))
+        .box();
 }
 
 // Lends what the operation needs: the drawing and the brush's paint.
@@ -22,7 +24,7 @@ template <class Operation> int withBrush(HDC context, HBRUSH handle, Operation o
 {
     return guarded(0, [&] {
         Drawing drawing(context);
-        Brush *brush = drawing ? findBrush(handle) : nullptr;
+        const Brush *brush = drawing ? user::brushOrSystemColor(handle) : nullptr;
         if (!brush)
             return 0;
         Tile scratch;
@@ -38,7 +40,7 @@ int FillRect(HDC context, const RECT *rect, HBRUSH brush)
     if (!rect)
         return 0;
     return withBrush(context, brush, [&](Drawing &drawing, const Paint &paint) {
-        drawing.fill(drawing.dc().toSurface(rect->left, rect->top, rect->right, rect->bottom), paint, R2_COPYPEN);
+        drawing.fill(areaOf(drawing.dc(), *rect), paint, R2_COPYPEN);
     });
 }
 
@@ -49,7 +51,7 @@ int FrameRect(HDC context, const RECT *rect, HBRUSH brush)
         return 0;
     return withBrush(context, brush, [&](Drawing &drawing, const Paint &paint) {
         auto side = [&](int left, int top, int right, int bottom) {
-            drawing.fill(drawing.dc().toSurface(left, top, right, bottom), paint, R2_COPYPEN);
+            drawing.fill(areaOf(drawing.dc(), {left, top, right, bottom}), paint, R2_COPYPEN);
         };
         const RECT &r = *rect;
         side(r.left, r.top, r.right, wrappingSum(r.top, 1));
@@ -64,7 +66,7 @@ BOOL InvertRect(HDC context, const RECT *rect)
     Drawing drawing(context);
     if (!drawing || !rect)
         return FALSE;
-    drawing.fill(drawing.dc().toSurface(rect->left, rect->top, rect->right, rect->bottom), solidPaint(0), R2_NOT);
+    drawing.fill(areaOf(drawing.dc(), *rect), solidPaint(0), R2_NOT);
     return TRUE;
 }
 

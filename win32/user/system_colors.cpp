@@ -1,90 +1,104 @@
-// The colours of the system's own drawing: those of a plain classic desktop.
+#include "system_colors.h"
+
 #include "kernel/kernel_internal.h"
-#include "gdi/brush.h"
 
-#include <iterator>
-#include <mutex>
+#include <array>
 
+namespace win32::user {
 namespace {
 
-COLORREF colors[] = {
-    RGB(212, 208, 200), // COLOR_SCROLLBAR
-    RGB(58, 110, 165),  // COLOR_BACKGROUND
-    RGB(10, 36, 106),   // COLOR_ACTIVECAPTION
-    RGB(128, 128, 128), // COLOR_INACTIVECAPTION
-    RGB(212, 208, 200), // COLOR_MENU
-    RGB(255, 255, 255), // COLOR_WINDOW
-    RGB(0, 0, 0),       // COLOR_WINDOWFRAME
-    RGB(0, 0, 0),       // COLOR_MENUTEXT
-    RGB(0, 0, 0),       // COLOR_WINDOWTEXT
-    RGB(255, 255, 255), // COLOR_CAPTIONTEXT
-    RGB(212, 208, 200), // COLOR_ACTIVEBORDER
-    RGB(212, 208, 200), // COLOR_INACTIVEBORDER
-    RGB(128, 128, 128), // COLOR_APPWORKSPACE
-    RGB(10, 36, 106),   // COLOR_HIGHLIGHT
-    RGB(255, 255, 255), // COLOR_HIGHLIGHTTEXT
-    RGB(212, 208, 200), // COLOR_BTNFACE
-    RGB(128, 128, 128), // COLOR_BTNSHADOW
-    RGB(128, 128, 128), // COLOR_GRAYTEXT
-    RGB(0, 0, 0),       // COLOR_BTNTEXT
-    RGB(212, 208, 200), // COLOR_INACTIVECAPTIONTEXT
-    RGB(255, 255, 255), // COLOR_BTNHIGHLIGHT
-    RGB(64, 64, 64),    // COLOR_3DDKSHADOW
-    RGB(212, 208, 200), // COLOR_3DLIGHT
-    RGB(0, 0, 0),       // COLOR_INFOTEXT
-    RGB(255, 255, 225), // COLOR_INFOBK
-    RGB(181, 181, 181), // number 25 has no name
-    RGB(0, 0, 200),     // COLOR_HOTLIGHT
-    RGB(166, 202, 240), // COLOR_GRADIENTACTIVECAPTION
-    RGB(192, 192, 192), // COLOR_GRADIENTINACTIVECAPTION
+constexpr COLORREF face = RGB(212, 208, 200), darkBlue = RGB(10, 36, 106);
+
+constexpr COLORREF initialColors[] = {
+    face,               // scroll bar
+    RGB(58, 110, 165),  // desktop
+    darkBlue,           // active caption
+    RGB(128, 128, 128), // inactive caption
+    face,               // menu
+    RGB(255, 255, 255), // window
+    RGB(0, 0, 0),       // window frame
+    RGB(0, 0, 0),       // menu text
+    RGB(0, 0, 0),       // window text
+    RGB(255, 255, 255), // caption text
+    face,               // active border
+    face,               // inactive border
+    RGB(128, 128, 128), // workspace
+    darkBlue,           // highlight
+    RGB(255, 255, 255), // highlighted text
+    face,               // button face
+    RGB(128, 128, 128), // button shadow
+    RGB(128, 128, 128), // gray text
+    RGB(0, 0, 0),       // button text
+    face,               // inactive caption text
+    RGB(255, 255, 255), // button highlight
+    RGB(64, 64, 64),    // dark shadow
+    face,               // light
+    RGB(0, 0, 0),       // info text
+    RGB(255, 255, 225), // info
+    RGB(181, 181, 181), // alternate button face
+    RGB(0, 0, 128),     // hot items
+    RGB(166, 202, 240), // active caption's other end
+    RGB(192, 192, 192), // inactive caption's other end
+    darkBlue,           // highlighted menu item
+    face,               // menu bar
 };
-static_assert(std::size(colors) == COLOR_GRADIENTINACTIVECAPTION + 1);
+static_assert(std::size(initialColors) == systemColorCount);
 
-constexpr int colorCount = static_cast<int>(std::size(colors));
+using Brushes = std::array<gdi::Brush *, systemColorCount>;
 
-win32::gdi::Brush *brushes[colorCount];
-std::mutex brushMutex;
-
-bool isColor(int index)
+// Made once and never destroyed, as stock objects are.
+Brushes &brushes()
 {
-    return index >= 0 && index < colorCount;
+    static Brushes &made = *[] {
+        auto *all = new Brushes;
+        for (size_t i = 0; i < all->size(); ++i) {
+            (*all)[i] = new gdi::Brush(BS_SOLID, initialColors[i], 0);
+            gdi::enterStock((*all)[i]);
+        }
+        return all;
+    }();
+    return made;
 }
 
 } // namespace
 
+gdi::Brush *systemBrush(int index)
+{
+    return index >= 0 && index < systemColorCount ? brushes()[static_cast<size_t>(index)] : nullptr;
+}
+
+const gdi::Brush *brushOrSystemColor(HBRUSH brush)
+{
+    auto number = reinterpret_cast<uintptr_t>(brush);
+    if (number > 0 && number <= systemColorCount)
+        return systemBrush(static_cast<int>(number) - 1);
+    return gdi::find<gdi::Brush>(brush);
+}
+
+} // namespace win32::user
+
+using namespace win32;
+using namespace win32::user;
+
 DWORD GetSysColor(int index)
 {
-    return isColor(index) ? colors[index] : 0;
+    const gdi::Brush *brush = systemBrush(index);
+    return brush ? brush->color : 0;
 }
 
-// A brush for each colour lives as long as the process; it takes on a changed colour.
 HBRUSH GetSysColorBrush(int index)
 {
-    if (!isColor(index))
-        return nullptr;
-    std::lock_guard lock(brushMutex);
-    if (!brushes[index]) {
-        auto brush = new (std::nothrow) win32::gdi::Brush(BS_SOLID, colors[index], 0);
-        if (!brush || !win32::gdi::enterStock(brush)) {
-            delete brush;
-            return win32::fail(ERROR_NOT_ENOUGH_MEMORY, HBRUSH{});
-        }
-        brushes[index] = brush;
-    }
-    return static_cast<HBRUSH>(brushes[index]->handle());
+    const gdi::Brush *brush = systemBrush(index);
+    return brush ? static_cast<HBRUSH>(brush->handle()) : nullptr;
 }
 
-BOOL SetSysColors(int count, const INT *indices, const COLORREF *values)
+BOOL SetSysColors(int count, const INT *indices, const COLORREF *colors)
 {
-    if (count < 0 || (count && (!indices || !values)))
-        return win32::fail(ERROR_INVALID_PARAMETER, FALSE);
-    std::lock_guard lock(brushMutex);
+    if (count < 0 || (count > 0 && (!indices || !colors)))
+        return fail(ERROR_INVALID_PARAMETER, FALSE);
     for (int i = 0; i < count; ++i) {
-        if (!isColor(indices[i]))
-            continue;
-        colors[indices[i]] = values[i] & 0xffffff;
-        if (brushes[indices[i]])
-            brushes[indices[i]]->color = values[i] & 0xffffff;
+        if (gdi::Brush *brush = systemBrush(indices[i]))
+            brush->recolor(colors[i] & 0xffffff);
     }
     return TRUE;
 }

@@ -1,119 +1,106 @@
-// Sizes of the system's own parts: those of a plain classic desktop at 96 pixels an inch.
+// The sizes of the desktop's parts: those of the classic looks, at 96 pixels an inch.
+#include "kernel/code_page_table.h"
 #include "screen/screen.h"
 
-#include <windows.h>
+#include <array>
+
+using namespace win32;
 
 namespace {
 
-int screenMetric(int index)
-{
-    const win32::gdi::Box &primary = win32::screen::monitors().front().bounds;
-    const win32::gdi::Surface &all = win32::screen::surface();
-    int width = primary.x2 - primary.x1, height = primary.y2 - primary.y1;
-    int frame = GetSystemMetrics(SM_CXFRAME);
-    switch (index) {
-    case SM_CXSCREEN:
-    case SM_CXFULLSCREEN:
-        return width;
-    case SM_CYSCREEN:
-        return height;
-    case SM_CYFULLSCREEN:
-        return height - GetSystemMetrics(SM_CYCAPTION);
-    case SM_CXMAXIMIZED:
-        return width + 2 * frame;
-    case SM_CYMAXIMIZED:
-        return height + 2 * frame;
-    case SM_CXMAXTRACK:
-        return all.width + 2 * (frame + 2);
-    case SM_CYMAXTRACK:
-        return all.height + 2 * (frame + 2);
-    case SM_CXVIRTUALSCREEN:
-        return all.width;
-    case SM_CYVIRTUALSCREEN:
-        return all.height;
-    case SM_CMONITORS:
-        return static_cast<int>(win32::screen::monitors().size());
-    default:
-        return 0;
-    }
-}
+struct Metric {
+    int index;
+    int value;
+};
+
+constexpr int caption = 19, sizingFrame = 4, edge = 2;
+
+constexpr Metric fixedMetrics[] = {
+    {SM_CXVSCROLL, 16},
+    {SM_CYHSCROLL, 16},
+    {SM_CYCAPTION, caption},
+    {SM_CXBORDER, 1},
+    {SM_CYBORDER, 1},
+    {SM_CXDLGFRAME, 3},
+    {SM_CYDLGFRAME, 3},
+    {SM_CYVTHUMB, 16},
+    {SM_CXHTHUMB, 16},
+    {SM_CXICON, 32},
+    {SM_CYICON, 32},
+    {SM_CXCURSOR, 32},
+    {SM_CYCURSOR, 32},
+    {SM_CYMENU, 19},
+    {SM_MOUSEPRESENT, 1},
+    {SM_CYVSCROLL, 16},
+    {SM_CXHSCROLL, 16},
+    {SM_CXMIN, 112},
+    {SM_CYMIN, 27},
+    {SM_CXSIZE, 18},
+    {SM_CYSIZE, 18},
+    {SM_CXFRAME, sizingFrame},
+    {SM_CYFRAME, sizingFrame},
+    {SM_CXMINTRACK, 112},
+    {SM_CYMINTRACK, 27},
+    {SM_CXDOUBLECLK, 4},
+    {SM_CYDOUBLECLK, 4},
+    {SM_CXICONSPACING, 75},
+    {SM_CYICONSPACING, 75},
+    {SM_CMOUSEBUTTONS, 3},
+    {SM_CXEDGE, edge},
+    {SM_CYEDGE, edge},
+    {SM_CXMINSPACING, 160},
+    {SM_CYMINSPACING, 24},
+    {SM_CXSMICON, 16},
+    {SM_CYSMICON, 16},
+    {SM_CYSMCAPTION, 16},
+    {SM_CXSMSIZE, 12},
+    {SM_CYSMSIZE, 15},
+    {SM_CXMENUSIZE, 18},
+    {SM_CYMENUSIZE, 18},
+    {SM_ARRANGE, 8},
+    {SM_CXMINIMIZED, 160},
+    {SM_CYMINIMIZED, 24},
+    {SM_NETWORK, 1},
+    {SM_CXDRAG, 4},
+    {SM_CYDRAG, 4},
+    {SM_CXMENUCHECK, 13},
+    {SM_CYMENUCHECK, 13},
+    {SM_MOUSEWHEELPRESENT, 1},
+    {SM_SAMEDISPLAYFORMAT, 1},
+    {SM_CXFOCUSBORDER, 1},
+    {SM_CYFOCUSBORDER, 1},
+};
+
+constexpr auto valuesByIndex = [] {
+    std::array<int, SM_CYFOCUSBORDER + 1> values{};
+    for (const Metric &metric : fixedMetrics)
+        values[static_cast<size_t>(metric.index)] = metric.value;
+    return values;
+}();
 
 } // namespace
 
 int GetSystemMetrics(int index)
 {
+    const gdi::Box &primary = screen::monitors().front().bounds;
+    const gdi::Surface &all = screen::surface();
     switch (index) {
-    case SM_CXVSCROLL:
-    case SM_CYHSCROLL:
-    case SM_CYVTHUMB:
-    case SM_CXHTHUMB:
-    case SM_CYVSCROLL:
-    case SM_CXHSCROLL:
-    case SM_CYSMCAPTION:
-    case SM_CXSMICON:
-    case SM_CYSMICON:
-        return 16;
-    case SM_CYCAPTION:
-    case SM_CYMENU:
-        return 19;
-    case SM_CXBORDER:
-    case SM_CYBORDER:
-        return 1;
-    case SM_CXDLGFRAME:
-    case SM_CYDLGFRAME:
-        return 3;
-    case SM_CXFRAME:
-    case SM_CYFRAME:
-    case SM_CXDOUBLECLK:
-    case SM_CYDOUBLECLK:
-    case SM_CXDRAG:
-    case SM_CYDRAG:
-        return 4;
-    case SM_CXICON:
-    case SM_CYICON:
-    case SM_CXCURSOR:
-    case SM_CYCURSOR:
-        return 32;
-    case SM_MOUSEPRESENT:
-    case SM_MOUSEWHEELPRESENT:
-    case SM_SAMEDISPLAYFORMAT:
-        return 1;
-    case SM_CMOUSEBUTTONS:
-        return 3;
-    case SM_CXSIZE:
-    case SM_CYSIZE:
-    case SM_CXMENUSIZE:
-    case SM_CYMENUSIZE:
-        return 18;
-    case SM_CXSMSIZE:
-    case SM_CYSMSIZE:
-        return 15;
-    case SM_CXMIN:
-    case SM_CXMINTRACK:
-        return 112;
-    case SM_CYMIN:
-    case SM_CYMINTRACK:
-        return 27;
-    case SM_CXICONSPACING:
-    case SM_CYICONSPACING:
-        return 75;
-    case SM_CXEDGE:
-    case SM_CYEDGE:
-        return 2;
-    case SM_CXMINSPACING:
-    case SM_CXMINIMIZED:
-        return 160;
-    case SM_CYMINSPACING:
-    case SM_CYMINIMIZED:
-        return 25;
-    case SM_CXMENUCHECK:
-    case SM_CYMENUCHECK:
-        return 13;
-    case SM_DBCSENABLED:
-        return GetACP() == 932 || GetACP() == 936 || GetACP() == 949 || GetACP() == 950;
-    case SM_SWAPBUTTON:
-        return win32::screen::areButtonsSwapped() ? 1 : 0;
+    case SM_CXSCREEN:
+    case SM_CXFULLSCREEN: return primary.x2 - primary.x1;
+    case SM_CYSCREEN: return primary.y2 - primary.y1;
+    case SM_CYFULLSCREEN: return primary.y2 - primary.y1 - caption;
+    case SM_CXMAXIMIZED: return primary.x2 - primary.x1 + 2 * sizingFrame;
+    case SM_CYMAXIMIZED: return primary.y2 - primary.y1 + 2 * sizingFrame;
+    case SM_CXMAXTRACK: return all.width + 2 * (sizingFrame + edge);
+    case SM_CYMAXTRACK: return all.height + 2 * (sizingFrame + edge);
+    case SM_CXVIRTUALSCREEN: return all.width;
+    case SM_CYVIRTUALSCREEN: return all.height;
+    case SM_CMONITORS: return static_cast<int>(screen::monitors().size());
+    case SM_DBCSENABLED: return activeCodePage().isDoubleByte();
+    case SM_SWAPBUTTON: return screen::areButtonsSwapped();
     default:
-        return screenMetric(index);
+        return index >= 0 && static_cast<size_t>(index) < valuesByIndex.size()
+                   ? valuesByIndex[static_cast<size_t>(index)]
+                   : 0;
     }
 }

@@ -48,7 +48,8 @@ std::vector<RECT> boxesOf(HRGN region)
     EXPECT_EQ(data->rdh.iType, RDH_RECTANGLES);
     EXPECT_EQ(buffer.size(), sizeof(RGNDATAHEADER) + data->rdh.nCount * sizeof(RECT));
     std::vector<RECT> boxes(data->rdh.nCount);
-    memcpy(boxes.data(), data->Buffer, boxes.size() * sizeof(RECT));
+    if (!boxes.empty())
+        memcpy(boxes.data(), data->Buffer, boxes.size() * sizeof(RECT));
     return boxes;
 }
 
