@@ -57,18 +57,20 @@ Report reportOf(const FaceToReport &face)
     TEXTMETRICA metrics = textMetricsOf(*realized);
     memcpy(&report.metrics, &metrics, offsetof(NEWTEXTMETRICA, ntmFlags));
     bool isBold = face.weight > 550;
-    report.metrics.ntmFlags = (face.isItalic ? NTM_ITALIC : 0u) | (isBold ? NTM_BOLD : 0u)
-                              | (!face.isItalic && !isBold ? NTM_REGULAR : 0u);
+    report.metrics.ntmFlags =
+        (face.isItalic ? NTM_ITALIC : 0u) | (isBold ? NTM_BOLD : 0u) | (!face.isItalic && !isBold ? NTM_REGULAR : 0u);
     report.metrics.ntmSizeEM = static_cast<UINT>(realized->metrics().unitsPerEm);
     int em = std::max<int>(metrics.tmHeight - metrics.tmInternalLeading, 1);
-    report.metrics.ntmCellHeight = report.metrics.ntmSizeEM * static_cast<UINT>(metrics.tmHeight) / static_cast<UINT>(em);
-    report.metrics.ntmAvgWidth = report.metrics.ntmSizeEM * static_cast<UINT>(metrics.tmAveCharWidth) / static_cast<UINT>(em);
+    report.metrics.ntmCellHeight =
+        report.metrics.ntmSizeEM * static_cast<UINT>(metrics.tmHeight) / static_cast<UINT>(em);
+    report.metrics.ntmAvgWidth =
+        report.metrics.ntmSizeEM * static_cast<UINT>(metrics.tmAveCharWidth) / static_cast<UINT>(em);
     report.type = realized->metrics().isScalable ? TRUETYPE_FONTTYPE : RASTER_FONTTYPE;
     font.lfHeight = metrics.tmHeight;
     font.lfWidth = metrics.tmAveCharWidth;
     font.lfQuality = PROOF_QUALITY;
-    font.lfPitchAndFamily =
-        static_cast<BYTE>((metrics.tmPitchAndFamily & 0xf0) | (realized->metrics().isFixedPitch ? FIXED_PITCH : VARIABLE_PITCH));
+    font.lfPitchAndFamily = static_cast<BYTE>((metrics.tmPitchAndFamily & 0xf0)
+                                              | (realized->metrics().isFixedPitch ? FIXED_PITCH : VARIABLE_PITCH));
     bool isPlain = face.style.empty() || equalsIgnoringCase(face.style, "Regular");
     copyName(report.font.elfFullName, isPlain ? name : name + " " + ansiName(face.style));
     copyName(report.font.elfStyle, face.style.empty() ? "Regular" : ansiName(face.style));

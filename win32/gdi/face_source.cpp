@@ -59,7 +59,7 @@ FaceSource::FaceSource(std::shared_ptr<FontFace> face, const LOGFONTA &descripti
     : face_(std::move(face)), description_(description), made_(made), isSmooth_(wantsSmooth(description.lfQuality))
 {
     FT_Face handle = face_->handle();
-    metrics_.isScalable = FT_IS_SCALABLE(handle) && handle->units_per_EM > 0;
+    metrics_.isScalable = face_->isScalable();
     if (metrics_.isScalable)
         setScalableMetrics();
     else
@@ -112,8 +112,8 @@ void FaceSource::setScalableMetrics()
     height_ = static_cast<int>(std::clamp<int64_t>(size, 1, largestSize));
     width_ = height_;
     if (description_.lfWidth && average > 0)
-        width_ = static_cast<int>(
-            std::clamp<int64_t>((std::abs(int64_t{description_.lfWidth}) * units + average / 2) / average, 1, largestSize));
+        width_ = static_cast<int>(std::clamp<int64_t>(
+            (std::abs(int64_t{description_.lfWidth}) * units + average / 2) / average, 1, largestSize));
 
     metrics_.unitsPerEm = units;
     metrics_.ascent = scaled(ascent, height_, units);
@@ -124,9 +124,8 @@ void FaceSource::setScalableMetrics()
     metrics_.averageWidth = scaled(average, width_, units);
     metrics_.maximalWidth = scaled(handle->max_advance_width, width_, units) + (made_.isBold ? 1 : 0);
     metrics_.lineThickness = scaled(handle->underline_thickness, height_, units);
-    metrics_.underlineTop = std::max(scaled(-int64_t{handle->underline_position}, height_, units)
-                                         - metrics_.lineThickness / 2,
-                                     1);
+    metrics_.underlineTop =
+        std::max(scaled(-int64_t{handle->underline_position}, height_, units) - metrics_.lineThickness / 2, 1);
     bool hasStrikeout = os2 && os2->version != 0xffff && os2->yStrikeoutPosition > 0;
     metrics_.strikeoutTop = -scaled(hasStrikeout ? os2->yStrikeoutPosition : ascent / 3, height_, units);
 }
@@ -157,7 +156,9 @@ void FaceSource::setStrikeMetrics()
     width_ = -1; // so that a strike is never taken for a size in pixels
     face_->setSize(width_, height_);
     const FT_Size_Metrics &size = handle->size->metrics;
-    auto cut = [](FT_Pos length) { return static_cast<int>(std::clamp<FT_Pos>(length >> 6, -largestPicture, largestPicture)); };
+    auto cut = [](FT_Pos length) {
+        return static_cast<int>(std::clamp<FT_Pos>(length >> 6, -largestPicture, largestPicture));
+    };
     metrics_.ascent = std::max(cut(size.ascender), 0);
     metrics_.descent = std::max(-cut(size.descender), 0);
     metrics_.internalLeading = std::max(metrics_.ascent + metrics_.descent - int{size.y_ppem}, 0);
@@ -197,7 +198,7 @@ GlyphImage FaceSource::render(FontFace &face, unsigned index)
     GlyphImage image;
     image.isSmooth = isSmooth_;
     image.advance = metrics_.averageWidth;
-    face.setSize(width_, height_);
+    face.setSize(width_, height_); // a substitute is scalable as the face itself is
     FT_Face handle = face.handle();
     FT_Int32 flags = isSmooth_ ? FT_LOAD_TARGET_NORMAL : FT_LOAD_TARGET_MONO;
     if (FT_Load_Glyph(handle, index, flags) != 0)

@@ -29,6 +29,13 @@ FcConfig *systemFonts()
     return made;
 }
 
+struct FontconfigDeleter {
+    void operator()(FcPattern *pattern) const { FcPatternDestroy(pattern); }
+    void operator()(FcObjectSet *objects) const { FcObjectSetDestroy(objects); }
+    void operator()(FcFontSet *set) const { FcFontSetDestroy(set); }
+};
+template <class T> using Owned = std::unique_ptr<T, FontconfigDeleter>;
+
 struct AddedFile {
     std::string path;
     int uses;
@@ -50,7 +57,8 @@ Catalog &catalog()
 std::string textOf(FcPattern *pattern, const char *object, int index = 0)
 {
     FcChar8 *text = nullptr;
-    return FcPatternGetString(pattern, object, index, &text) == FcResultMatch ? reinterpret_cast<const char *>(text) : "";
+    return FcPatternGetString(pattern, object, index, &text) == FcResultMatch ? reinterpret_cast<const char *>(text)
+                                                                              : "";
 }
 
 int numberOf(FcPattern *pattern, const char *object, int otherwise)
@@ -62,7 +70,8 @@ int numberOf(FcPattern *pattern, const char *object, int otherwise)
 constexpr struct {
     const char *language;
     BYTE charSet;
-} doubleByteLanguages[] = {{"ja", SHIFTJIS_CHARSET}, {"ko", HANGUL_CHARSET}, {"zh-cn", GB2312_CHARSET}, {"zh-tw", CHINESEBIG5_CHARSET}};
+} doubleByteLanguages[] = {
+    {"ja", SHIFTJIS_CHARSET}, {"ko", HANGUL_CHARSET}, {"zh-cn", GB2312_CHARSET}, {"zh-tw", CHINESEBIG5_CHARSET}};
 
 std::vector<BYTE> charSetsOf(FcPattern *pattern)
 {
@@ -104,20 +113,14 @@ std::optional<CatalogFace> faceOf(FcPattern *pattern)
 Catalog::Catalog()
 {
     FcConfig *config = systemFonts();
-    FcPattern *all = config ? FcPatternCreate() : nullptr;
-    FcObjectSet *objects = FcObjectSetBuild(FC_FAMILY, FC_STYLE, FC_FILE, FC_INDEX, FC_WEIGHT, FC_WIDTH, FC_SLANT,
-                                            FC_SPACING, FC_SCALABLE, FC_LANG, nullptr);
-    FcFontSet *set = all && objects ? FcFontList(config, all, objects) : nullptr;
+    Owned<FcPattern> all(config ? FcPatternCreate() : nullptr);
+    Owned<FcObjectSet> objects(FcObjectSetBuild(FC_FAMILY, FC_STYLE, FC_FILE, FC_INDEX, FC_WEIGHT, FC_WIDTH, FC_SLANT,
+                                                FC_SPACING, FC_SCALABLE, FC_LANG, nullptr));
+    Owned<FcFontSet> set(all && objects ? FcFontList(config, all.get(), objects.get()) : nullptr);
     for (int i = 0; set && i < set->nfont; ++i) {
         if (auto face = faceOf(set->fonts[i]))
             faces.push_back(std::move(*face));
     }
-    if (set)
-        FcFontSetDestroy(set);
-    if (objects)
-        FcObjectSetDestroy(objects);
-    if (all)
-        FcPatternDestroy(all);
     // The same choice whatever order the folders were read in.
     std::stable_sort(faces.begin(), faces.end(), [](const CatalogFace &a, const CatalogFace &b) {
         return std::tie(a.families.front(), a.location.path, a.location.index)
@@ -196,13 +199,14 @@ const char *genericFamily(const LOGFONTA &description)
 }
 
 // What fontconfig puts in the place of a family, or of any that has a character.
-FcPattern *match(const std::string &family, const LOGFONTA &description, char32_t character)
+Owned<FcPattern> match(const std::string &family, const LOGFONTA &description, char32_t character)
 {
     FcConfig *config = systemFonts();
-    FcPattern *pattern = config ? FcPatternCreate() : nullptr;
+    Owned<FcPattern> owned(config ? FcPatternCreate() : nullptr);
+    FcPattern *pattern = owned.get();
     if (!pattern)
         return nullptr;
-    auto addText = [&](const char *object, const char *text) {
+    auto addText = [pattern](const char *object, const char *text) {
         FcPatternAddString(pattern, object, reinterpret_cast<const FcChar8 *>(text));
     };
     if (!family.empty())
@@ -222,19 +226,13 @@ FcPattern *match(const std::string &family, const LOGFONTA &description, char32_
     FcConfigSubstitute(config, pattern, FcMatchPattern);
     FcDefaultSubstitute(pattern);
     FcResult result;
-    FcPattern *found = FcFontMatch(config, pattern, &result);
-    FcPatternDestroy(pattern);
-    return found;
+    return Owned<FcPattern>(FcFontMatch(config, pattern, &result));
 }
 
 std::optional<CatalogFace> matchedFace(const std::string &family, const LOGFONTA &description, char32_t character)
 {
-    FcPattern *found = match(family, description, character);
-    if (!found)
-        return std::nullopt;
-    auto face = faceOf(found);
-    FcPatternDestroy(found);
-    return face;
+    Owned<FcPattern> found = match(family, description, character);
+    return found ? faceOf(found.get()) : std::nullopt;
 }
 
 std::string utf8Name(const LOGFONTA &description)
@@ -310,7 +308,7 @@ std::shared_ptr<FontFace> openFaceWith(char32_t character, const LOGFONTA &descr
 {
     auto found = matchedFace(utf8Name(description), description, character);
     std::shared_ptr<FontFace> face = found ? openFace(found->location) : nullptr;
-    return face && face->glyphIndex(character) != 0 ? face : nullptr;
+    return face && face->isScalable() && face->glyphIndex(character) != 0 ? face : nullptr;
 }
 
 int addFontFile(const std::string &path)
@@ -337,13 +335,15 @@ int addFontFile(const std::string &path)
 bool removeFontFile(const std::string &path)
 {
     Catalog &all = catalog();
-    auto known = std::find_if(all.added.begin(), all.added.end(), [&](const AddedFile &file) { return file.path == path; });
+    auto known =
+        std::find_if(all.added.begin(), all.added.end(), [&](const AddedFile &file) { return file.path == path; });
     if (known == all.added.end())
         return false;
     if (--known->uses > 0)
         return true;
     all.added.erase(known);
-    std::erase_if(all.faces, [&](const CatalogFace &face) { return face.location.bytes && face.location.path == path; });
+    std::erase_if(all.faces,
+                  [&](const CatalogFace &face) { return face.location.bytes && face.location.path == path; });
     ++catalogGeneration;
     return true;
 }

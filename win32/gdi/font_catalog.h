@@ -13,8 +13,8 @@ struct CatalogFace {
     std::vector<std::string> families; // the first is the one to show; UTF-8
     std::string style;
     FaceLocation location;
-    int weight = 400;  // FW_
-    int width = 100;   // per cent of the usual
+    int weight = 400; // FW_
+    int width = 100;  // per cent of the usual
     bool isItalic = false;
     bool isFixedPitch = false;
     bool isScalable = false;
@@ -46,8 +46,8 @@ extern std::atomic<uint32_t> catalogGeneration;
 // Families that Windows programs ask for, and what stands for each: the first of the candidates that is there.
 struct FamilyName {
     const char *name;
-    bool isListed;              // shown among the families when a candidate is there
-    const char *candidates[5];  // null after the last; empty for the built-in font
+    bool isListed;             // shown among the families when a candidate is there
+    const char *candidates[5]; // null after the last; empty for the built-in font
 };
 const FamilyName *findFamilyName(std::string_view name);
 const std::vector<FamilyName> &familyNames();

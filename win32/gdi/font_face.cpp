@@ -39,12 +39,16 @@ FontFace::FontFace(const FaceLocation &location) : location_(location)
     std::lock_guard lock(fontMutex());
     if (!library())
         return;
-    FT_Error error =
-        location.bytes
-            ? FT_New_Memory_Face(library(), location_.bytes->data(), static_cast<FT_Long>(location_.bytes->size()),
-                                 location.index, &face_)
-            : FT_New_Face(library(), location.path.c_str(), location.index, &face_);
+    FT_Error error = location.bytes
+                         ? FT_New_Memory_Face(library(), location_.bytes->data(),
+                                              static_cast<FT_Long>(location_.bytes->size()), location.index, &face_)
+                         : FT_New_Face(library(), location.path.c_str(), location.index, &face_);
     if (error != 0) {
+        face_ = nullptr;
+        return;
+    }
+    if (face_->num_glyphs <= 0 || (!isScalable() && face_->num_fixed_sizes <= 0)) {
+        FT_Done_Face(face_);
         face_ = nullptr;
         return;
     }
@@ -57,6 +61,11 @@ FontFace::~FontFace()
     std::lock_guard lock(fontMutex());
     if (face_)
         FT_Done_Face(face_);
+}
+
+bool FontFace::isScalable() const
+{
+    return FT_IS_SCALABLE(face_) && face_->units_per_EM > 0;
 }
 
 // Symbol fonts have their characters in a private area; old ones know bytes only.
@@ -73,7 +82,7 @@ void FontFace::setSize(int width, int height)
 {
     if (width_ == width && height_ == height)
         return;
-    if (FT_IS_SCALABLE(face_))
+    if (isScalable())
         FT_Set_Pixel_Sizes(face_, static_cast<FT_UInt>(width), static_cast<FT_UInt>(height));
     else
         FT_Select_Size(face_, height);
@@ -107,14 +116,12 @@ bool readFacts(const FaceLocation &location, FaceFacts &facts)
     facts.style = textOf(handle->style_name);
     facts.isItalic = (handle->style_flags & FT_STYLE_FLAG_ITALIC) != 0;
     facts.isFixedPitch = FT_IS_FIXED_WIDTH(handle);
-    facts.isScalable = FT_IS_SCALABLE(handle);
+    facts.isScalable = face.isScalable();
     auto *os2 = static_cast<const TT_OS2 *>(FT_Get_Sfnt_Table(handle, FT_SFNT_OS2));
     bool hasWeight = os2 && os2->version != 0xffff && os2->usWeightClass >= 100 && os2->usWeightClass <= 1000;
-    facts.weight = hasWeight                                       ? os2->usWeightClass
-                   : handle->style_flags & FT_STYLE_FLAG_BOLD ? FW_BOLD
-                                                                   : FW_NORMAL;
+    facts.weight = hasWeight ? os2->usWeightClass : handle->style_flags & FT_STYLE_FLAG_BOLD ? FW_BOLD : FW_NORMAL;
     facts.faces = static_cast<int>(std::clamp<FT_Long>(handle->num_faces, 1, 256));
-    return handle->num_glyphs > 0 && (facts.isScalable || handle->num_fixed_sizes > 0);
+    return true;
 }
 
 } // namespace win32::gdi

@@ -32,6 +32,7 @@ public:
     FontFace &operator=(const FontFace &) = delete;
 
     explicit operator bool() const { return face_ != nullptr; }
+    bool isScalable() const;
     FT_FaceRec_ *handle() const { return face_; }
     // 0 when the face lacks the character.
     unsigned glyphIndex(char32_t character) const;

@@ -17,10 +17,10 @@ constexpr struct {
     BYTE charSet;
     UINT codePage;
 } charSetPages[] = {
-    {ANSI_CHARSET, 1252},     {SHIFTJIS_CHARSET, 932},   {HANGUL_CHARSET, 949},      {GB2312_CHARSET, 936},
-    {CHINESEBIG5_CHARSET, 950}, {GREEK_CHARSET, 1253},   {TURKISH_CHARSET, 1254},    {VIETNAMESE_CHARSET, 1258},
-    {HEBREW_CHARSET, 1255},   {ARABIC_CHARSET, 1256},    {BALTIC_CHARSET, 1257},     {RUSSIAN_CHARSET, 1251},
-    {THAI_CHARSET, 874},      {EASTEUROPE_CHARSET, 1250},
+    {ANSI_CHARSET, 1252},       {SHIFTJIS_CHARSET, 932},    {HANGUL_CHARSET, 949},   {GB2312_CHARSET, 936},
+    {CHINESEBIG5_CHARSET, 950}, {GREEK_CHARSET, 1253},      {TURKISH_CHARSET, 1254}, {VIETNAMESE_CHARSET, 1258},
+    {HEBREW_CHARSET, 1255},     {ARABIC_CHARSET, 1256},     {BALTIC_CHARSET, 1257},  {RUSSIAN_CHARSET, 1251},
+    {THAI_CHARSET, 874},        {EASTEUROPE_CHARSET, 1250},
 };
 
 // Character sets without a page of their own are read in the active one.
@@ -96,9 +96,8 @@ void FontCache::makeRoom()
 {
     if (fonts_.size() < most)
         return;
-    fonts_.erase(std::min_element(fonts_.begin(), fonts_.end(), [](const auto &a, const auto &b) {
-        return a.second.lastUse < b.second.lastUse;
-    }));
+    fonts_.erase(std::min_element(fonts_.begin(), fonts_.end(),
+                                  [](const auto &a, const auto &b) { return a.second.lastUse < b.second.lastUse; }));
 }
 
 // The same description in the same bytes.
@@ -180,7 +179,11 @@ uint16_t RealizedFont::takeLong(const uint8_t *&text, const uint8_t *end) const
     }
     // UTF-8; what is malformed or beyond 16 bits is shown as the character for the unknown.
     constexpr uint16_t unknown = 0xfffd;
-    int following = first < 0x80 ? 0 : first >= 0xc2 && first < 0xe0 ? 1 : first >= 0xe0 && first < 0xf0 ? 2 : first >= 0xf0 && first < 0xf5 ? 3 : -1;
+    int following = first < 0x80                    ? 0
+                    : first >= 0xc2 && first < 0xe0 ? 1
+                    : first >= 0xe0 && first < 0xf0 ? 2
+                    : first >= 0xf0 && first < 0xf5 ? 3
+                                                    : -1;
     if (following < 0 || end - text < following)
         return unknown;
     unsigned character = following == 0 ? first : first & (0x3fu >> following);

@@ -22,12 +22,14 @@ int cutToInt(int64_t value)
 
 int logicalWidth(const DeviceContext &dc, int64_t pixels)
 {
-    return dc.isTranslation() ? cutToInt(pixels) : scaledBack(pixels, dc.state.windowExtent.cx, dc.state.viewportExtent.cx);
+    return dc.isTranslation() ? cutToInt(pixels)
+                              : scaledBack(pixels, dc.state.windowExtent.cx, dc.state.viewportExtent.cx);
 }
 
 int logicalHeight(const DeviceContext &dc, int64_t pixels)
 {
-    return dc.isTranslation() ? cutToInt(pixels) : scaledBack(pixels, dc.state.windowExtent.cy, dc.state.viewportExtent.cy);
+    return dc.isTranslation() ? cutToInt(pixels)
+                              : scaledBack(pixels, dc.state.windowExtent.cy, dc.state.viewportExtent.cy);
 }
 
 } // namespace win32::gdi
@@ -59,7 +61,8 @@ BOOL GetTextMetricsA(HDC context, LPTEXTMETRICA metrics)
         *metrics = textMetricsOf(dc.realizedFont());
         if (dc.isTranslation())
             return;
-        for (LONG *height : {&metrics->tmAscent, &metrics->tmDescent, &metrics->tmInternalLeading, &metrics->tmExternalLeading})
+        for (LONG *height :
+             {&metrics->tmAscent, &metrics->tmDescent, &metrics->tmInternalLeading, &metrics->tmExternalLeading})
             *height = logicalHeight(dc, *height);
         metrics->tmHeight = metrics->tmAscent + metrics->tmDescent;
         for (LONG *width : {&metrics->tmAveCharWidth, &metrics->tmMaxCharWidth, &metrics->tmOverhang})
@@ -83,7 +86,8 @@ BOOL GetTextExtentPointA(HDC context, LPCSTR text, int count, LPSIZE extent)
 }
 
 // Both bytes of a two-byte character have the position behind it.
-BOOL GetTextExtentExPointA(HDC context, LPCSTR text, int count, int maxExtent, LPINT fit, LPINT positions, LPSIZE extent)
+BOOL GetTextExtentExPointA(HDC context, LPCSTR text, int count, int maxExtent, LPINT fit, LPINT positions,
+                           LPSIZE extent)
 {
     if (count < 0 || (count > 0 && !text) || !extent || maxExtent < -1)
         return fail(ERROR_INVALID_PARAMETER, FALSE);

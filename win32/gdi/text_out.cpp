@@ -41,20 +41,12 @@ Placement place(const DeviceContext &dc, const TextCall &call, const TextRun &ru
     POINT reference = dc.toSurface(state.textAlign & TA_UPDATECP ? state.position : POINT{call.x, call.y});
     Placement placement{reference.x, run.width(), reference.y};
     switch (state.textAlign & TA_CENTER) {
-    case TA_RIGHT:
-        placement.left -= placement.width;
-        break;
-    case TA_CENTER:
-        placement.left -= placement.width / 2;
-        break;
+    case TA_RIGHT: placement.left -= placement.width; break;
+    case TA_CENTER: placement.left -= placement.width / 2; break;
     }
     switch (state.textAlign & TA_BASELINE) {
-    case TA_TOP:
-        placement.baseline += run.font().metrics().ascent;
-        break;
-    case TA_BOTTOM:
-        placement.baseline -= run.font().metrics().descent;
-        break;
+    case TA_TOP: placement.baseline += run.font().metrics().ascent; break;
+    case TA_BOTTOM: placement.baseline -= run.font().metrics().descent; break;
     }
     return placement;
 }
@@ -72,7 +64,8 @@ public:
 
     void add(const Glyph &glyph, int64_t x, int64_t y)
     {
-        if (glyph.right == glyph.left || x < -farthestGlyph || x > farthestGlyph || y < -farthestGlyph || y > farthestGlyph)
+        if (glyph.right == glyph.left || x < -farthestGlyph || x > farthestGlyph || y < -farthestGlyph
+            || y > farthestGlyph)
             return;
         if (count_ == glyphs_.size())
             flush();

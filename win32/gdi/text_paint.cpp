@@ -188,17 +188,13 @@ void paintPiece(const Surface &surface, const Box &piece, std::span<const Placed
                 COLORREF color)
 {
     switch (surface.format.layout) {
-    case PixelLayout::Index1:
-        return paintIndexed<Index1Writer>(surface, piece, glyphs, pixel);
-    case PixelLayout::Index4:
-        return paintIndexed<Index4Writer>(surface, piece, glyphs, pixel);
-    case PixelLayout::Index8:
-        return paintIndexed<WordWriter<uint8_t>>(surface, piece, glyphs, pixel);
+    case PixelLayout::Index1: return paintIndexed<Index1Writer>(surface, piece, glyphs, pixel);
+    case PixelLayout::Index4: return paintIndexed<Index4Writer>(surface, piece, glyphs, pixel);
+    case PixelLayout::Index8: return paintIndexed<WordWriter<uint8_t>>(surface, piece, glyphs, pixel);
     case PixelLayout::Direct16:
         return paintPiece(surface, piece, glyphs, WordWriter<uint16_t>(pixel),
                           ChannelBlender<uint16_t>{ColorCodec(surface.format), spread(color)});
-    case PixelLayout::Bgr24:
-        return paintPiece(surface, piece, glyphs, Bgr24Writer(pixel), Bgr24Blender{spread(pixel)});
+    case PixelLayout::Bgr24: return paintPiece(surface, piece, glyphs, Bgr24Writer(pixel), Bgr24Blender{spread(pixel)});
     case PixelLayout::Direct32:
         if (surface.format.isXrgb32())
             return paintPiece(surface, piece, glyphs, WordWriter<uint32_t>(pixel), XrgbBlender{spread(pixel)});

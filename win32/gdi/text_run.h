@@ -4,7 +4,7 @@
 #include "device_context.h"
 #include "realized_font.h"
 
-#include <climits>
+#include <type_traits>
 
 namespace win32::gdi {
 
@@ -12,10 +12,12 @@ class TextRun {
 public:
     // The widths, when there are some, are logical ones, one for each byte.
     TextRun(DeviceContext &dc, const char *text, size_t count, const INT *widths = nullptr)
-        : font_(dc.realizedFont()), dc_(dc), text_(reinterpret_cast<const uint8_t *>(text)), count_(count), widths_(widths)
+        : font_(dc.realizedFont()), dc_(dc), text_(reinterpret_cast<const uint8_t *>(text)), count_(count),
+          widths_(widths)
     {
         const ContextState &state = dc.state;
-        characterExtra_ = state.characterExtra >= 0 ? dc.deviceWidth(state.characterExtra) : -dc.deviceWidth(-int64_t{state.characterExtra} > INT_MAX ? INT_MAX : -state.characterExtra);
+        characterExtra_ =
+            dc.isTranslation() ? state.characterExtra : static_cast<int>(scaledWidth(state.characterExtra));
         if (state.breakCount > 0 && state.breakExtra != 0) {
             breakExtra_ = dc.deviceWidth(state.breakExtra) / state.breakCount;
             widerBreaks_ = dc.deviceWidth(state.breakExtra) % state.breakCount;
@@ -73,7 +75,8 @@ private:
     int64_t scaledWidth(int64_t logical) const
     {
         const ContextState &state = dc_.state;
-        return llround(static_cast<double>(logical) * std::abs(state.viewportExtent.cx) / std::abs(state.windowExtent.cx));
+        double scale = std::fabs(double{1} * state.viewportExtent.cx / state.windowExtent.cx);
+        return roundedToInt(static_cast<double>(logical) * scale);
     }
 
     RealizedFont &font_;

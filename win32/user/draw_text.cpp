@@ -60,12 +60,11 @@ public:
         }
         buffer().clear();
         while (!text.empty()) {
+            // A last one marks nothing and is shown.
             if (text[0] == '&' && text.size() > 1) {
                 text.remove_prefix(1);
                 if (text[0] != '&')
                     underlined.push_back(buffer().size());
-            } else if (text[0] == '&') {
-                break; // a last one marks nothing
             }
             size_t length = characterLength(text);
             buffer().append(text.substr(0, length));
@@ -105,7 +104,6 @@ public:
 
     explicit operator bool() const { return isValid_; }
     bool hasPrefixes() const { return !(flags_ & DT_NOPREFIX); }
-    int lineHeight() const { return lineHeight_; }
     int draw(const PlainText &text);
     // The text as an ellipsis has shortened it; nothing when it was not.
     const std::string &shortened() const { return shortened_; }
@@ -266,8 +264,8 @@ void TextBlock::putLine(std::string_view text, int y)
         size_t tab = flags_ & DT_EXPANDTABS ? text.find('\t') : none;
         std::string_view piece = text.substr(0, tab);
         if (!piece.empty())
-            ExtTextOutA(context_, wrappingSum(start, x), y, options, &rect_, piece.data(), static_cast<UINT>(piece.size()),
-                        nullptr);
+            ExtTextOutA(context_, wrappingSum(start, x), y, options, &rect_, piece.data(),
+                        static_cast<UINT>(piece.size()), nullptr);
         if (tab == none)
             break;
         x = advanced(text.substr(0, tab + 1), x);
@@ -304,17 +302,17 @@ int TextBlock::draw(const PlainText &text)
 {
     bool isMeasured = (flags_ & DT_CALCRECT) != 0;
     int y = rect_.top;
-    if ((flags_ & DT_SINGLELINE) && !isMeasured) {
+    if (flags_ & DT_SINGLELINE) {
         if (flags_ & DT_BOTTOM)
             y = wrappingDifference(rect_.bottom, lineHeight_);
         else if (flags_ & DT_VCENTER)
-            y = wrappingSum(rect_.top, static_cast<int>((int64_t{rect_.bottom} - rect_.top - lineHeight_) / 2));
+            y = wrappingSum(rect_.top, wrappingDifference(rect_.bottom, rect_.top) / 2 - lineHeight_ / 2);
     }
     int widest = 0;
     auto mark = text.underlined.begin();
     for (size_t start = 0; start < text.plain.size();) {
         bool isCut = !isMeasured && !(flags_ & DT_NOCLIP)
-                     && (flags_ & DT_EDITCONTROL ? wrappingSum(y, lineHeight_) : y + 1) > rect_.bottom;
+                     && (flags_ & DT_EDITCONTROL ? wrappingSum(y, lineHeight_) : y) > rect_.bottom;
         if (isCut && !(flags_ & DT_SINGLELINE))
             break;
         Line line = lineFrom(text.plain, start);
@@ -344,23 +342,19 @@ int drawText(HDC context, const char *text, int count, char *modified, RECT *rec
     if (!text || !rect || count < -1 || (params && params->cbSize != sizeof *params))
         return fail(ERROR_INVALID_PARAMETER, 0);
     std::string_view whole(text, count < 0 ? strlen(text) : static_cast<size_t>(count));
+    if (whole.empty())
+        return 0;
     return guarded(0, [&] {
         TextBlock block(context, *rect, flags, params);
         if (!block)
             return 0;
-        if (whole.empty()) {
-            if (flags & DT_CALCRECT) {
-                rect->right = rect->left;
-                rect->bottom = wrappingSum(rect->top, flags & DT_SINGLELINE ? block.lineHeight() : 0);
-            }
-            return block.lineHeight();
-        }
         PlainText plain(whole, block.hasPrefixes());
         int height = block.draw(plain);
         if (params)
             params->uiLengthDrawn = static_cast<UINT>(std::min(block.drawnBytes(), whole.size()));
         if (modified && (flags & DT_MODIFYSTRING) && !block.shortened().empty())
-            memcpy(modified, block.shortened().c_str(), std::min(block.shortened().size(), whole.size() + ellipsis.size()) + 1);
+            memcpy(modified, block.shortened().c_str(),
+                   std::min(block.shortened().size(), whole.size() + ellipsis.size()) + 1);
         return height;
     });
 }

@@ -143,6 +143,27 @@ TEST(BuiltinFont, SitsAtAnyPixel)
     }
 }
 
+TEST(BuiltinFont, WrapsWithoutTheBlanksAtTheBreak)
+{
+    BuiltinCanvas canvas(90, 40);
+    RECT rect{0, 0, 13 * 8, 0};
+    EXPECT_EQ(DrawTextA(canvas.dc, "several words   in lines", -1, &rect, DT_WORDBREAK | DT_CALCRECT), 26);
+    EXPECT_EQ(rect.right, 13 * 8);
+    rect.right = 12 * 8;
+    EXPECT_EQ(DrawTextA(canvas.dc, "several words   in lines", -1, &rect, DT_WORDBREAK | DT_CALCRECT), 39);
+    EXPECT_EQ(rect.right, 10 * 8); // "words   in"
+    auto drawn = [&](const char *text, UINT flags) {
+        canvas.clear();
+        rect = {0, 0, 90, 40};
+        DrawTextA(canvas.dc, text, -1, &rect, flags);
+        return canvas.rows();
+    };
+    EXPECT_EQ(drawn("&Save", DT_HIDEPREFIX), drawn("Save", 0));
+    Rows line(40, std::string(90, '.'));
+    line[11].replace(16, 8, "########");
+    EXPECT_EQ(drawn("Sa&ve", DT_PREFIXONLY), line);
+}
+
 TEST(Fonts, TextSurvivesRefusedMemory)
 {
     LOGFONTA wanted{};
