@@ -220,11 +220,21 @@ const bool isRegistered = [] {
     addPair("SRCAND", 1 / 0.6, blitOurs<SRCAND>, copyFrame);
     addPair("SRCPAINT", 1 / 0.6, blitOurs<SRCPAINT>, copyFrame);
     addPair("SRCINVERT", 1 / 0.6, blitOurs<SRCINVERT>, copyFrame);
-    addPair("MERGECOPY", 1 / 0.4, [](auto &s) { SelectObject(target().dc, solidBrush()); blitOurs<MERGECOPY>(s); }, copyFrame);
-    addPair("PATINVERT", 1 / 0.7, [](auto &s) { fillOurs<PATINVERT>(s, patternBrush()); }, copyFrame);
-    addPair("DSTINVERT", 1 / 0.7, [](auto &s) { fillOurs<DSTINVERT>(s, solidBrush()); }, copyFrame);
-    addPair("PATCOPY solid", 1 / 0.9, [](auto &s) { fillOurs<PATCOPY>(s, solidBrush()); }, setFrame);
-    addPair("PATCOPY 8x8", 1 / 0.6, [](auto &s) { fillOurs<PATCOPY>(s, patternBrush()); }, setFrame);
+    addPair(
+        "MERGECOPY", 1 / 0.4,
+        [](auto &s) {
+            SelectObject(target().dc, solidBrush());
+            blitOurs<MERGECOPY>(s);
+        },
+        copyFrame);
+    addPair(
+        "PATINVERT", 1 / 0.7, [](auto &s) { fillOurs<PATINVERT>(s, patternBrush()); }, copyFrame);
+    addPair(
+        "DSTINVERT", 1 / 0.7, [](auto &s) { fillOurs<DSTINVERT>(s, solidBrush()); }, copyFrame);
+    addPair(
+        "PATCOPY solid", 1 / 0.9, [](auto &s) { fillOurs<PATCOPY>(s, solidBrush()); }, setFrame);
+    addPair(
+        "PATCOPY 8x8", 1 / 0.6, [](auto &s) { fillOurs<PATCOPY>(s, patternBrush()); }, setFrame);
     benchmark::RegisterBenchmark("PatBlt 10x2/ours", smallFillOurs);
     pairs::within("PatBlt 10x2", 60);
     addPair("SRCCOPY clipped by 200 rectangles", 1.3, clippedOurs<SRCCOPY>, unclippedReference<SRCCOPY>);

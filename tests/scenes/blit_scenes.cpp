@@ -16,7 +16,8 @@ void scribble(Canvas &canvas, uint32_t seed)
 
 class MonochromeBitmap {
 public:
-    MonochromeBitmap(int width, int height) : dc(CreateCompatibleDC(nullptr)), bitmap_(CreateBitmap(width, height, 1, 1, nullptr))
+    MonochromeBitmap(int width, int height)
+        : dc(CreateCompatibleDC(nullptr)), bitmap_(CreateBitmap(width, height, 1, 1, nullptr))
     {
         old_ = SelectObject(dc, bitmap_);
         PatBlt(dc, 0, 0, width, height, WHITENESS);

@@ -86,7 +86,8 @@ void dibPattern(Canvas &canvas)
     } dib{};
     dib.header = {sizeof(BITMAPINFOHEADER), 8, 8, 1, 4, BI_RGB, 0, 0, 0, 4, 0};
     for (int i = 0; i < 4; ++i)
-        dib.colors[i] = {static_cast<BYTE>(i * 80), static_cast<BYTE>(255 - i * 80), static_cast<BYTE>(i & 1 ? 255 : 0), 0};
+        dib.colors[i] = {static_cast<BYTE>(i * 80), static_cast<BYTE>(255 - i * 80), static_cast<BYTE>(i & 1 ? 255 : 0),
+                         0};
     for (int i = 0; i < 32; ++i)
         dib.bits[i] = static_cast<BYTE>((i * 7 & 3) | (i * 3 & 3) << 4);
     canvas.use(CreateDIBPatternBrushPt(&dib, DIB_RGB_COLORS));

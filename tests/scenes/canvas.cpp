@@ -20,7 +20,10 @@ struct DibDescription {
 // Black and white; the sixteen colours of old displays; a cube of six steps a side with greys behind it.
 RGBQUAD paletteColor(int depth, int index)
 {
-    auto gray = [](int value) { auto level = static_cast<BYTE>(value); return RGBQUAD{level, level, level, 0}; };
+    auto gray = [](int value) {
+        auto level = static_cast<BYTE>(value);
+        return RGBQUAD{level, level, level, 0};
+    };
     if (depth == 1)
         return gray(index * 255);
     if (depth == 4) {
@@ -53,7 +56,8 @@ Canvas::Canvas(int depth, int width, int height) : depth_(depth), width_(width),
         description.colors[i] = paletteColor(depth, i);
     dc_ = CreateCompatibleDC(nullptr);
     void *bits = nullptr;
-    bitmap_ = CreateDIBSection(dc_, reinterpret_cast<const BITMAPINFO *>(&description), DIB_RGB_COLORS, &bits, nullptr, 0);
+    bitmap_ =
+        CreateDIBSection(dc_, reinterpret_cast<const BITMAPINFO *>(&description), DIB_RGB_COLORS, &bits, nullptr, 0);
     bits_ = static_cast<uint8_t *>(bits);
     oldBitmap_ = SelectObject(dc_, bitmap_);
     memset(bits_, depth == 1 ? 0x33 : 0x55, strideOf(width, depth) * static_cast<size_t>(height));

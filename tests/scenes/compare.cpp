@@ -38,10 +38,8 @@ bool Picture::hasNear(uint32_t pixel, int x, int y) const
 uint32_t unpacked(const uint8_t *row, int x, int depth)
 {
     switch (depth) {
-    case 1:
-        return row[x / 8] >> (7 - x % 8) & 1;
-    case 4:
-        return row[x / 2] >> (x % 2 ? 0 : 4) & 15;
+    case 1: return row[x / 8] >> (7 - x % 8) & 1;
+    case 4: return row[x / 2] >> (x % 2 ? 0 : 4) & 15;
     default: {
         uint32_t pixel = 0;
         memcpy(&pixel, row + x * depth / 8, static_cast<size_t>(depth / 8));

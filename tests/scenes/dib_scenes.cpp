@@ -57,7 +57,8 @@ void setToDevice(Canvas &canvas)
         SetDIBitsToDevice(canvas.dc(), x + 3, 50, 20, 25, 5, 8, 0, 40, dib.bits.data(), dib.info(), DIB_RGB_COLORS);
         SetDIBitsToDevice(canvas.dc(), x, 80, 31, 40, 0, 0, 10, 20, dib.bits.data(), dib.info(), DIB_RGB_COLORS);
         Dib topDown(depth, 31, -30, 24);
-        SetDIBitsToDevice(canvas.dc(), x, 125, 31, 30, 0, 0, 0, 30, topDown.bits.data(), topDown.info(), DIB_RGB_COLORS);
+        SetDIBitsToDevice(canvas.dc(), x, 125, 31, 30, 0, 0, 0, 30, topDown.bits.data(), topDown.info(),
+                          DIB_RGB_COLORS);
         x += 35;
     }
 }

@@ -35,7 +35,7 @@ int main(int argc, char **argv)
     }
     bool isWhole = true;
     for (auto list : {lineScenes, shapeScenes, curveScenes, wideLineScenes, brushScenes, regionScenes, blitScenes,
-                      dibScenes, mappingScenes})
+                      dibScenes, mappingScenes, frameScenes})
         for (const Scene &scene : list())
             for (int depth : depths)
                 if (argc < 3 || strstr(scene.name, argv[2]))

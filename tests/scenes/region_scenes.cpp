@@ -48,7 +48,8 @@ void ellipses(Canvas &canvas)
 void frames(Canvas &canvas)
 {
     HBRUSH brush = CreateSolidBrush(RGB(255, 255, 0));
-    HRGN first = star(10, 10, WINDING), second = CreateEllipticRgn(90, 10, 190, 80), third = CreateRectRgn(20, 90, 90, 150);
+    HRGN first = star(10, 10, WINDING), second = CreateEllipticRgn(90, 10, 190, 80),
+         third = CreateRectRgn(20, 90, 90, 150);
     FrameRgn(canvas.dc(), first, brush, 3, 2);
     FrameRgn(canvas.dc(), second, brush, 1, 1);
     FrameRgn(canvas.dc(), second, brush, 5, 9);
@@ -115,12 +116,9 @@ void transformed(Canvas &canvas)
 
 std::vector<Scene> regionScenes()
 {
-    return {{"regions: shapes", Agreement::Exact, shapes},
-            {"regions: ellipses", Agreement::Exact, ellipses},
-            {"regions: frames", Agreement::Exact, frames},
-            {"regions: combinations", Agreement::Exact, combinations},
-            {"regions: clips", Agreement::Exact, clips},
-            {"regions: transformed", Agreement::Exact, transformed}};
+    return {{"regions: shapes", Agreement::Exact, shapes}, {"regions: ellipses", Agreement::Exact, ellipses},
+            {"regions: frames", Agreement::Exact, frames}, {"regions: combinations", Agreement::Exact, combinations},
+            {"regions: clips", Agreement::Exact, clips},   {"regions: transformed", Agreement::Exact, transformed}};
 }
 
 } // namespace scenes

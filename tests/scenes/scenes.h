@@ -87,5 +87,6 @@ std::vector<Scene> regionScenes();
 std::vector<Scene> blitScenes();
 std::vector<Scene> dibScenes();
 std::vector<Scene> mappingScenes();
+std::vector<Scene> frameScenes();
 
 } // namespace scenes

@@ -133,8 +133,8 @@ void randomPolygons(Canvas &canvas)
 
 void polyPolygons(Canvas &canvas)
 {
-    POINT points[] = {{10, 10}, {190, 10}, {190, 150}, {10, 150}, {40, 40}, {150, 30}, {100, 140},
-                      {60, 60}, {200, 80}, {20, 100}, {90, 155}};
+    POINT points[] = {{10, 10},   {190, 10}, {190, 150}, {10, 150}, {40, 40}, {150, 30},
+                      {100, 140}, {60, 60},  {200, 80},  {20, 100}, {90, 155}};
     INT counts[] = {4, 3, 4};
     canvas.brush(RGB(0, 255, 0));
     canvas.pen(PS_SOLID, 1, RGB(0, 0, 255));

@@ -145,7 +145,8 @@ inline void checkPatterns(const std::vector<CanvasFormat> &formats)
                         pixel = evaluatedBits(ternary, brush.at(px, py), 0, pixel, allBits(format));
                     }
             ASSERT_TRUE(PatBlt(canvas.dc, x, y, w, h, ternary));
-            ASSERT_EQ(canvas.pixels(), expected) << "code " << code << " at " << x << "," << y << " size " << w << "," << h;
+            ASSERT_EQ(canvas.pixels(), expected)
+                << "code " << code << " at " << x << "," << y << " size " << w << "," << h;
         }
     });
 }
@@ -213,7 +214,7 @@ inline void checkMovesOverItself(const std::vector<CanvasFormat> &formats)
 
 // What a source pixel becomes on the way to another format.
 inline uint32_t convertedPixel(const CanvasFormat &to, const CanvasFormat &from, uint32_t pixel, COLORREF text,
-                        COLORREF background, COLORREF sourceBackground)
+                               COLORREF background, COLORREF sourceBackground)
 {
     bool isSame = to.depth == from.depth && std::equal(to.masks, to.masks + 3, from.masks);
     if (isSame && to.isMonochromeBitmap == from.isMonochromeBitmap)
@@ -252,8 +253,9 @@ inline void checkConversions(const CanvasFormat &from, const std::vector<CanvasF
                     if (!clip.contains(x, y))
                         continue;
                     uint32_t &pixel = expected[static_cast<size_t>(y * width + x)];
-                    uint32_t converted = convertedPixel(to, from, pixels[static_cast<size_t>((y + sy) * width + x + sx)],
-                                                        text, background, sourceBackground);
+                    uint32_t converted =
+                        convertedPixel(to, from, pixels[static_cast<size_t>((y + sy) * width + x + sx)], text,
+                                       background, sourceBackground);
                     pixel = evaluatedBits(rop, 0, converted, pixel, allBits(to));
                 }
             ASSERT_TRUE(BitBlt(canvas.dc, 0, 0, width, height, source.dc, sx, sy, rop));

@@ -36,14 +36,15 @@ struct Stretch {
 
 inline std::ostream &operator<<(std::ostream &out, const Stretch &s)
 {
-    return out << s.sourceX << "," << s.sourceY << " size " << s.sourceWidth << "," << s.sourceHeight << " to " << s.x << ","
-               << s.y << " size " << s.width << "," << s.height;
+    return out << s.sourceX << "," << s.sourceY << " size " << s.sourceWidth << "," << s.sourceHeight << " to " << s.x
+               << "," << s.y << " size " << s.width << "," << s.height;
 }
 
 // The slow way: merges the source pixels of each destination pixel; of none of them that exist nothing comes.
 class SlowStretch {
 public:
-    SlowStretch(const Canvas &source, const Stretch &stretch, int mode) : source_(source), pixels_(source.pixels()), mode_(mode)
+    SlowStretch(const Canvas &source, const Stretch &stretch, int mode)
+        : source_(source), pixels_(source.pixels()), mode_(mode)
     {
         columns_ = sourcesAlong(std::abs(stretch.width), std::abs(stretch.sourceWidth));
         rows_ = sourcesAlong(std::abs(stretch.height), std::abs(stretch.sourceHeight));
@@ -66,7 +67,8 @@ public:
                 if (x < 0 || x >= source_.width() || y < 0 || y >= source_.height())
                     continue;
                 uint32_t pixel = pixels_[static_cast<size_t>(y * source_.width() + x)];
-                pixel = convertedPixel(to, source_.format(), pixel, RGB(1, 2, 3), RGB(250, 240, 230), RGB(255, 255, 255));
+                pixel =
+                    convertedPixel(to, source_.format(), pixel, RGB(1, 2, 3), RGB(250, 240, 230), RGB(255, 255, 255));
                 result = isFirst ? pixel : mode_ == BLACKONWHITE ? result & pixel : result | pixel;
                 isFirst = false;
             }
@@ -86,7 +88,9 @@ enum class Sources { Whole, PartlyMissing };
 inline Stretch randomStretch(const Canvas &source, std::mt19937 &random, Sources sources, int smallest)
 {
     Stretch s;
-    auto size = [&random](int low, int high) { return random() % 4 == 0 ? -between(random, low, high) : between(random, low, high); };
+    auto size = [&random](int low, int high) {
+        return random() % 4 == 0 ? -between(random, low, high) : between(random, low, high);
+    };
     s.width = size(smallest, 60);
     s.height = size(smallest, 20);
     s.x = between(random, -10, 50);

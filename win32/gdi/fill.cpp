@@ -143,7 +143,8 @@ void fillEachPattern(const Surface &surface, const Paint &paint, BinaryCode code
 {
     PatternRow pattern(surface.format, paint);
     int bits = surface.format.bitsPerPixel;
-    bool hasNarrowWay = paint.kind == Paint::Kind::Tiled && !pattern.hasHoles() && (bits == 8 || bits == 16 || bits == 32);
+    bool hasNarrowWay =
+        paint.kind == Paint::Kind::Tiled && !pattern.hasHoles() && (bits == 8 || bits == 16 || bits == 32);
     TileFill fill(code);
     eachBox([&](const Box &box) {
         if (!hasNarrowWay || !isSmall(box))
@@ -158,8 +159,7 @@ void fillEachPattern(const Surface &surface, const Paint &paint, BinaryCode code
 }
 
 // Calls fill(Box) with each box once the way of filling is chosen.
-template <class EachBox>
-void fillEach(const Surface &surface, const Paint &paint, int rop2, EachBox eachBox)
+template <class EachBox> void fillEach(const Surface &surface, const Paint &paint, int rop2, EachBox eachBox)
 {
     BinaryCode code = binaryCodeOf(rop2);
     if (paint.kind == Paint::Kind::Nothing || code == BinaryCode::KeepDestination)
@@ -172,14 +172,10 @@ void fillEach(const Surface &surface, const Paint &paint, int rop2, EachBox each
         return fillEachPattern(surface, paint, code, eachBox);
     SolidFill fill(surface.format, paint.pixel, code);
     switch (surface.format.bitsPerPixel) {
-    case 32:
-        return fillEachSolid<uint32_t>(surface, fill, eachBox);
-    case 16:
-        return fillEachSolid<uint16_t>(surface, fill, eachBox);
-    case 8:
-        return fillEachSolid<uint8_t>(surface, fill, eachBox);
-    default:
-        eachBox([&](const Box &box) { fillSolidBox(surface, box, fill); });
+    case 32: return fillEachSolid<uint32_t>(surface, fill, eachBox);
+    case 16: return fillEachSolid<uint16_t>(surface, fill, eachBox);
+    case 8: return fillEachSolid<uint8_t>(surface, fill, eachBox);
+    default: eachBox([&](const Box &box) { fillSolidBox(surface, box, fill); });
     }
 }
 

@@ -159,8 +159,13 @@ struct Coefficients {
     {
         // The factor of a product is the parity of the results for all inputs within the product.
         constexpr int source = 2, pattern = 4, destination = 1;
-        constexpr int order[8] = {0,           pattern,           source,           source | pattern,
-                                  destination, destination | pattern, destination | source,
+        constexpr int order[8] = {0,
+                                  pattern,
+                                  source,
+                                  source | pattern,
+                                  destination,
+                                  destination | pattern,
+                                  destination | source,
                                   destination | source | pattern};
         for (int i = 0; i < 8; ++i) {
             int parity = 0;
@@ -173,8 +178,7 @@ struct Coefficients {
 
     ALWAYS_INLINE uint32_t apply(uint32_t p, uint32_t s, uint32_t d) const
     {
-        return c[0] ^ (c[1] & p) ^ (s & (c[2] ^ (c[3] & p)))
-               ^ (d & (c[4] ^ (c[5] & p) ^ (s & (c[6] ^ (c[7] & p)))));
+        return c[0] ^ (c[1] & p) ^ (s & (c[2] ^ (c[3] & p))) ^ (d & (c[4] ^ (c[5] & p) ^ (s & (c[6] ^ (c[7] & p)))));
     }
 
     uint32_t c[8];

@@ -25,8 +25,8 @@ public:
     void apply(const Box &box, const uint8_t *source, ptrdiff_t sourceStride, RowOrder order = RowOrder::TopDown);
 
 private:
-    void applyBinary(const RowSpan &span, uint8_t *row, ptrdiff_t stride, const uint8_t *source,
-                     ptrdiff_t sourceStride, int count);
+    void applyBinary(const RowSpan &span, uint8_t *row, ptrdiff_t stride, const uint8_t *source, ptrdiff_t sourceStride,
+                     int count);
     void applyTernary(const Box &box, const uint8_t *source, ptrdiff_t sourceStride, RowOrder order);
     void applyTernaryRow(const RowSpan &span, uint8_t *row, const uint8_t *source) const;
 

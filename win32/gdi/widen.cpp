@@ -209,7 +209,8 @@ void Widener::finishDash(std::vector<Vector> &dash, Vector direction)
     dash.clear();
 }
 
-void Widener::addDashes(std::span<const FixedPoint> points, bool isClosed, const DashPattern &pattern, const Box &bounds)
+void Widener::addDashes(std::span<const FixedPoint> points, bool isClosed, const DashPattern &pattern,
+                        const Box &bounds)
 {
     take(points, isClosed);
     if (vertices_.size() == 1) {

@@ -25,22 +25,26 @@ Rows drawn(HBRUSH brush, int mode, DWORD rop = PATCOPY, POINT origin = {0, 0})
 
 TEST(Brushes, HatchesHaveTheirLinesOnTheBackgroundColor)
 {
-    EXPECT_EQ(drawn(CreateHatchBrush(HS_CROSS, ink), OPAQUE), (Rows{"----#----", "----#----", "----#----", "#########",
-                                                                    "----#----", "----#----", "----#----", "----#----"}));
-    EXPECT_EQ(drawn(CreateHatchBrush(HS_DIAGCROSS, ink), OPAQUE),
-              (Rows{"#------##", "-#----#--", "--#--#---", "---##----", "---##----", "--#--#---", "-#----#--", "#------##"}));
-    EXPECT_EQ(drawn(CreateHatchBrush(HS_FDIAGONAL, ink), OPAQUE),
-              (Rows{"#-------#", "-#-------", "--#------", "---#-----", "----#----", "-----#---", "------#--", "-------#-"}));
+    EXPECT_EQ(
+        drawn(CreateHatchBrush(HS_CROSS, ink), OPAQUE),
+        (Rows{"----#----", "----#----", "----#----", "#########", "----#----", "----#----", "----#----", "----#----"}));
+    EXPECT_EQ(
+        drawn(CreateHatchBrush(HS_DIAGCROSS, ink), OPAQUE),
+        (Rows{"#------##", "-#----#--", "--#--#---", "---##----", "---##----", "--#--#---", "-#----#--", "#------##"}));
+    EXPECT_EQ(
+        drawn(CreateHatchBrush(HS_FDIAGONAL, ink), OPAQUE),
+        (Rows{"#-------#", "-#-------", "--#------", "---#-----", "----#----", "-----#---", "------#--", "-------#-"}));
 }
 
 TEST(Brushes, TransparentHatchesLeaveWhatIsBetweenTheirLines)
 {
-    EXPECT_EQ(drawn(CreateHatchBrush(HS_HORIZONTAL, ink), TRANSPARENT),
-              (Rows{".........", ".........", ".........", "#########", ".........", ".........", ".........", "........."}));
-    EXPECT_EQ(drawn(CreateHatchBrush(HS_VERTICAL, ink), TRANSPARENT, PATINVERT),
-              Rows(8, "....#...."));
-    EXPECT_EQ(drawn(CreateHatchBrush(HS_BDIAGONAL, ink), TRANSPARENT, PATCOPY, {1, -1}),
-              (Rows{".......#.", "......#..", ".....#...", "....#....", "...#.....", "..#......", ".#.......", "#.......#"}));
+    EXPECT_EQ(
+        drawn(CreateHatchBrush(HS_HORIZONTAL, ink), TRANSPARENT),
+        (Rows{".........", ".........", ".........", "#########", ".........", ".........", ".........", "........."}));
+    EXPECT_EQ(drawn(CreateHatchBrush(HS_VERTICAL, ink), TRANSPARENT, PATINVERT), Rows(8, "....#...."));
+    EXPECT_EQ(
+        drawn(CreateHatchBrush(HS_BDIAGONAL, ink), TRANSPARENT, PATCOPY, {1, -1}),
+        (Rows{".......#.", "......#..", ".....#...", "....#....", "...#.....", "..#......", ".#.......", "#.......#"}));
 }
 
 TEST(Brushes, GrayOnAMonochromeBitmapIsMixed)

@@ -80,13 +80,8 @@ TEST(Lines, EndBeforeTheirLastPixelAndFallUpAndLeftOnTies)
     canvas.line(10, 5, 6, 3);
     canvas.line(1, 5, 1, 3);
     canvas.line(4, 5, 4, 5);
-    EXPECT_EQ(canvas.rows(), (Rows{"............",
-                                   ".##.........",
-                                   "...##.......",
-                                   ".......#....",
-                                   ".#......##..",
-                                   ".#........#.",
-                                   "............"}));
+    EXPECT_EQ(canvas.rows(), (Rows{"............", ".##.........", "...##.......", ".......#....", ".#......##..",
+                                   ".#........#.", "............"}));
 }
 
 TEST(Lines, OfAllDirectionsModesAndDepthsEqualASlowReference)
@@ -115,8 +110,8 @@ TEST(Lines, OfAllDirectionsModesAndDepthsEqualASlowReference)
                     uint32_t &pixel = expected[static_cast<size_t>(point.y * canvas.width() + point.x)];
                     pixel = slowMix(rop2, pen, pixel) & allBits(format);
                 }
-            ASSERT_EQ(canvas.pixels(), expected)
-                << format.depth << " bits, mode " << rop2 << ", " << from.x << "," << from.y << " to " << to.x << "," << to.y;
+            ASSERT_EQ(canvas.pixels(), expected) << format.depth << " bits, mode " << rop2 << ", " << from.x << ","
+                                                 << from.y << " to " << to.x << "," << to.y;
         }
     }
 }
@@ -194,8 +189,7 @@ TEST(Lines, KeepTheirStyleAlongAPolylineAndBeginItAnewWithEachCall)
     canvas.line(0, 1, 4, 1);
     ASSERT_TRUE(LineTo(canvas.dc, 9, 1));
     ASSERT_TRUE(LineTo(canvas.dc, 30, 1));
-    EXPECT_EQ(canvas.rows(), (Rows{"###...###...###...###...###...",
-                                   "###.###..###...###...###...###"}));
+    EXPECT_EQ(canvas.rows(), (Rows{"###...###...###...###...###...", "###.###..###...###...###...###"}));
 }
 
 TEST(Lines, OfAPolylineTouchEachOfTheirCornersOnce)

@@ -129,11 +129,7 @@ TEST(Paths, WidenToWhatAWidePenCovers)
     EndPath(canvas.dc);
     ASSERT_TRUE(WidenPath(canvas.dc));
     ASSERT_TRUE(FillPath(canvas.dc));
-    EXPECT_EQ(canvas.rows(), (Rows{"................",
-                                   "..###########...",
-                                   "..###########...",
-                                   "..###########...",
-                                   "..###########...",
-                                   "................"}));
+    EXPECT_EQ(canvas.rows(), (Rows{"................", "..###########...", "..###########...", "..###########...",
+                                   "..###########...", "................"}));
     DeleteObject(SelectObject(canvas.dc, old));
 }

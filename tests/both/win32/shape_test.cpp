@@ -66,12 +66,8 @@ TEST(Shapes, RectanglesHaveTheirFrameAndInsideApart)
     SetROP2(canvas.dc, R2_XORPEN);
     ASSERT_TRUE(Rectangle(canvas.dc, 1, 1, 7, 5));
     ASSERT_TRUE(Rectangle(canvas.dc, 11, 5, 8, 1));
-    EXPECT_EQ(canvas.marked(), (Rows{"............",
-                                     ".######.###.",
-                                     ".#rrrr#.#r#.",
-                                     ".#rrrr#.#r#.",
-                                     ".######.###.",
-                                     "............"}));
+    EXPECT_EQ(canvas.marked(),
+              (Rows{"............", ".######.###.", ".#rrrr#.#r#.", ".#rrrr#.#r#.", ".######.###.", "............"}));
 }
 
 TEST(Shapes, RectanglesWithoutAPenLeaveOutTheLastRowAndColumn)
@@ -81,12 +77,8 @@ TEST(Shapes, RectanglesWithoutAPenLeaveOutTheLastRowAndColumn)
     ASSERT_TRUE(Rectangle(canvas.dc, 1, 1, 7, 5));
     ASSERT_TRUE(Rectangle(canvas.dc, 8, 1, 9, 5));
     ASSERT_TRUE(Rectangle(canvas.dc, 9, 3, 9, 5));
-    EXPECT_EQ(canvas.marked(), (Rows{"............",
-                                     ".rrrrr......",
-                                     ".rrrrr......",
-                                     ".rrrrr......",
-                                     "............",
-                                     "............"}));
+    EXPECT_EQ(canvas.marked(),
+              (Rows{"............", ".rrrrr......", ".rrrrr......", ".rrrrr......", "............", "............"}));
 }
 
 TEST(Shapes, EllipsesAndRoundRectanglesLayTheirPenOnTheirInside)
@@ -95,15 +87,9 @@ TEST(Shapes, EllipsesAndRoundRectanglesLayTheirPenOnTheirInside)
     SetROP2(canvas.dc, R2_XORPEN);
     ASSERT_TRUE(Ellipse(canvas.dc, 1, 1, 10, 9));
     ASSERT_TRUE(RoundRect(canvas.dc, 11, 1, 23, 9, 6, 4));
-    EXPECT_EQ(canvas.marked(), (Rows{"........................",
-                                     "....xxx.....xxxxxxxxxx..",
-                                     "..xxrrrxx..xrrrrrrrrrrx.",
-                                     ".xrrrrrrrx.xrrrrrrrrrrx.",
-                                     ".xrrrrrrrx.xrrrrrrrrrrx.",
-                                     ".xrrrrrrrx.xrrrrrrrrrrx.",
-                                     ".xrrrrrrrx.xrrrrrrrrrrx.",
-                                     "..xxrrrxx..xrrrrrrrrrrx.",
-                                     "....xxx.....xxxxxxxxxx..",
+    EXPECT_EQ(canvas.marked(), (Rows{"........................", "....xxx.....xxxxxxxxxx..", "..xxrrrxx..xrrrrrrrrrrx.",
+                                     ".xrrrrrrrx.xrrrrrrrrrrx.", ".xrrrrrrrx.xrrrrrrrrrrx.", ".xrrrrrrrx.xrrrrrrrrrrx.",
+                                     ".xrrrrrrrx.xrrrrrrrrrrx.", "..xxrrrxx..xrrrrrrrrrrx.", "....xxx.....xxxxxxxxxx..",
                                      "........................"}));
 }
 
@@ -155,13 +141,8 @@ TEST(Shapes, PolygonsOfSeveralPartsAreFilledTogether)
     POINT points[] = {{0, 0}, {10, 0}, {10, 6}, {0, 6}, {3, 2}, {7, 2}, {7, 4}, {3, 4}};
     INT counts[] = {4, 4}, tooFew[] = {4, 1};
     ASSERT_TRUE(PolyPolygon(canvas.dc, points, counts, 2));
-    EXPECT_EQ(canvas.marked(), (Rows{"###########",
-                                     "#rrrrrrrrr#",
-                                     "#rr#####rr#",
-                                     "#rr#...#rr#",
-                                     "#rr#####rr#",
-                                     "#rrrrrrrrr#",
-                                     "###########"}));
+    EXPECT_EQ(canvas.marked(), (Rows{"###########", "#rrrrrrrrr#", "#rr#####rr#", "#rr#...#rr#", "#rr#####rr#",
+                                     "#rrrrrrrrr#", "###########"}));
     EXPECT_FALSE(PolyPolygon(canvas.dc, points, tooFew, 2));
     EXPECT_TRUE(PolyPolygon(canvas.dc, points, counts, 0));
     EXPECT_FALSE(Polygon(canvas.dc, points, 1));

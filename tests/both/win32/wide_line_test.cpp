@@ -51,16 +51,9 @@ TEST(WideLines, CoverWholePixelsWhenUpright)
     canvas.line(10, 1, 10, 4);
     canvas.geometric(PS_ENDCAP_SQUARE, 4);
     canvas.line(4, 7, 9, 7);
-    EXPECT_EQ(canvas.rows(), (Rows{"..............",
-                                   "..####...##...",
-                                   "..####...##...",
-                                   "..####...##...",
-                                   "..............",
-                                   "..#########...",
-                                   "..#########...",
-                                   "..#########...",
-                                   "..#########...",
-                                   ".............."}));
+    EXPECT_EQ(canvas.rows(),
+              (Rows{"..............", "..####...##...", "..####...##...", "..####...##...", "..............",
+                    "..#########...", "..#########...", "..#########...", "..#########...", ".............."}));
 }
 
 TEST(WideLines, EndRoundAndShowADotWhereTheyGoNowhere)
@@ -69,13 +62,8 @@ TEST(WideLines, EndRoundAndShowADotWhereTheyGoNowhere)
     canvas.pen(CreatePen(PS_SOLID, 5, RGB(255, 255, 255)));
     canvas.line(3, 3, 3, 3);
     canvas.line(9, 3, 12, 3);
-    EXPECT_EQ(canvas.rows(), (Rows{"................",
-                                   "..###...######..",
-                                   ".#####.########.",
-                                   ".#####.########.",
-                                   ".#####.########.",
-                                   "..###...######..",
-                                   "................"}));
+    EXPECT_EQ(canvas.rows(), (Rows{"................", "..###...######..", ".#####.########.", ".#####.########.",
+                                   ".#####.########.", "..###...######..", "................"}));
 }
 
 TEST(WideLines, CoverWhatLiesWithinHalfTheirWidth)
@@ -132,14 +120,8 @@ TEST(WideLines, JoinAsTheirPenSays)
         Polyline(canvas.dc, corner, 3);
         return canvas.rows();
     };
-    EXPECT_EQ(drawn(PS_JOIN_MITER), (Rows{".........",
-                                          "########.",
-                                          "########.",
-                                          "########.",
-                                          "########.",
-                                          "########.",
-                                          "...#####.",
-                                          "...#####."}));
+    EXPECT_EQ(drawn(PS_JOIN_MITER), (Rows{".........", "########.", "########.", "########.", "########.", "########.",
+                                          "...#####.", "...#####."}));
     EXPECT_EQ(drawn(PS_JOIN_BEVEL)[1].back(), '.');
     EXPECT_EQ(drawn(PS_JOIN_BEVEL)[1].substr(0, 5), "#####");
     EXPECT_EQ(drawn(PS_JOIN_BEVEL)[1].substr(7), "..");
@@ -186,13 +168,6 @@ TEST(WideLines, FrameShapesFromInsideWhenTheirPenSaysSo)
     SelectObject(canvas.dc, GetStockObject(NULL_BRUSH));
     canvas.pen(CreatePen(PS_INSIDEFRAME, 2, RGB(255, 255, 255)));
     ASSERT_TRUE(Rectangle(canvas.dc, 1, 1, 11, 8));
-    EXPECT_EQ(canvas.rows(), (Rows{"............",
-                                   ".##########.",
-                                   ".##########.",
-                                   ".##......##.",
-                                   ".##......##.",
-                                   ".##......##.",
-                                   ".##########.",
-                                   ".##########.",
-                                   "............"}));
+    EXPECT_EQ(canvas.rows(), (Rows{"............", ".##########.", ".##########.", ".##......##.", ".##......##.",
+                                   ".##......##.", ".##########.", ".##########.", "............"}));
 }

@@ -51,8 +51,9 @@ POINT bezierPoint(const POINT *p, double t)
 {
     double u = 1 - t;
     auto at = [&](auto field) {
-        return static_cast<LONG>(std::lround(16 * (u * u * u * field(p[0]) + 3 * u * u * t * field(p[1])
-                                                   + 3 * u * t * t * field(p[2]) + t * t * t * field(p[3]))));
+        return static_cast<LONG>(std::lround(16
+                                             * (u * u * u * field(p[0]) + 3 * u * u * t * field(p[1])
+                                                + 3 * u * t * t * field(p[2]) + t * t * t * field(p[3]))));
     };
     return {at([](POINT q) { return q.x; }), at([](POINT q) { return q.y; })};
 }
@@ -64,8 +65,7 @@ void drawAll(HDC dc)
     LOGBRUSH brush{BS_SOLID, white, 0};
     DWORD lengths[] = {7, 3};
     HPEN pens[] = {CreatePen(PS_SOLID, 1, white), CreatePen(PS_DOT, 1, white), CreatePen(PS_SOLID, 5, white),
-                   geometric(PS_JOIN_MITER, 4),
-                   ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE, 3, &brush, 2, lengths)};
+                   geometric(PS_JOIN_MITER, 4), ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE, 3, &brush, 2, lengths)};
     for (HPEN pen : pens) {
         if (!pen)
             continue;
@@ -274,13 +274,20 @@ TEST_F(DrawingLayer, PathCallsSayWhatIsMissing)
 TEST_F(DrawingLayer, AnyCoordinatesAreHarmless)
 {
     std::mt19937 random(34);
-    constexpr int edges[] = {INT_MIN, INT_MIN + 1, -(1 << 29), -(1 << 27) - 5, -70000, -1, 0, 1,
-                             33,      70000,       1 << 26,    (1 << 28) + 3,  INT_MAX - 1, INT_MAX};
-    auto any = [&] { return random() % 3 ? edges[random() % std::size(edges)] : static_cast<int>(random() % 100) - 20; };
+    constexpr int edges[] = {INT_MIN, INT_MIN + 1, -(1 << 29), -(1 << 27) - 5, -70000,        -1,          0,
+                             1,       33,          70000,      1 << 26,        (1 << 28) + 3, INT_MAX - 1, INT_MAX};
+    auto any = [&] {
+        return random() % 3 ? edges[random() % std::size(edges)] : static_cast<int>(random() % 100) - 20;
+    };
     Canvas canvas(40, 30, 32);
-    HPEN pens[] = {CreatePen(PS_SOLID, 1, white), CreatePen(PS_DASHDOT, 1, white), CreatePen(PS_SOLID, 6, white),
-                   CreatePen(PS_INSIDEFRAME, INT_MAX, white), geometric(PS_DASH | PS_JOIN_MITER, 9),
-                   geometric(PS_DOT, INT_MAX), geometric(PS_ENDCAP_FLAT, 3, BS_HATCHED), CreatePen(PS_NULL, 0, 0)};
+    HPEN pens[] = {CreatePen(PS_SOLID, 1, white),
+                   CreatePen(PS_DASHDOT, 1, white),
+                   CreatePen(PS_SOLID, 6, white),
+                   CreatePen(PS_INSIDEFRAME, INT_MAX, white),
+                   geometric(PS_DASH | PS_JOIN_MITER, 9),
+                   geometric(PS_DOT, INT_MAX),
+                   geometric(PS_ENDCAP_FLAT, 3, BS_HATCHED),
+                   CreatePen(PS_NULL, 0, 0)};
     for (int i = 0; i < 1200; ++i) {
         SelectObject(canvas.dc, pens[random() % std::size(pens)]);
         SetROP2(canvas.dc, 1 + static_cast<int>(random() % 16));
@@ -298,9 +305,7 @@ TEST_F(DrawingLayer, AnyCoordinatesAreHarmless)
         case 5: RoundRect(canvas.dc, any(), any(), any(), any(), any(), any()); break;
         case 6: Arc(canvas.dc, any(), any(), any(), any(), any(), any(), any(), any()); break;
         case 7: Pie(canvas.dc, any(), any(), any(), any(), any(), any(), any(), any()); break;
-        default:
-            MoveToEx(canvas.dc, any(), any(), nullptr);
-            LineTo(canvas.dc, any(), any());
+        default: MoveToEx(canvas.dc, any(), any(), nullptr); LineTo(canvas.dc, any(), any());
         }
         if (isPath) {
             EndPath(canvas.dc);

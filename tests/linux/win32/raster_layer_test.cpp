@@ -84,7 +84,8 @@ TEST(RasterLayer, BadHandlesFailWithTheirError)
     EXPECT_TRUE(failsWithInvalidHandle([&] { return StretchBlt(stale, 0, 0, 1, 1, canvas.dc, 0, 0, 1, 1, SRCCOPY); }));
     EXPECT_TRUE(failsWithInvalidHandle([&] { return SetPixelV(stale, 0, 0, 0); }));
     HRGN notARegion = reinterpret_cast<HRGN>(canvas.bitmap);
-    EXPECT_TRUE(failsWithInvalidHandle([&] { return ScrollDC(canvas.dc, 1, 0, nullptr, nullptr, notARegion, nullptr); }));
+    EXPECT_TRUE(
+        failsWithInvalidHandle([&] { return ScrollDC(canvas.dc, 1, 0, nullptr, nullptr, notARegion, nullptr); }));
     EXPECT_EQ(canvas.rows(), std::vector<std::string>{"...."});
 }
 
