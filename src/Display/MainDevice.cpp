@@ -6,6 +6,7 @@
 #include <mtbx/Displays.h>
 #include <mtbx/MTBXGlobals.h>
 #include <mtbx/MacMemory.h>
+#include <mtbx/Script.h>
 
 #include <algorithm>
 #include <iterator>
@@ -98,7 +99,7 @@ void makeMainDevice()
 Rect desktopBelowMenuBar()
 {
     Rect desktop = qd.screenBits.bounds;
-    desktop.top = static_cast<SInt16>(desktop.top + GetSystemMetrics(SM_CYMENU));
+    desktop.top = static_cast<SInt16>(desktop.top + GetMBarHeight());
     return desktop;
 }
 

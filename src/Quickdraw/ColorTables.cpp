@@ -14,18 +14,29 @@ UInt32 colorTableSeed = 1;
 
 constexpr ResType tableType = 0x636C7574; // 'clut'
 
-// The resource's entries follow a header of 8 bytes.
+constexpr Size resourceHeaderSize = 8;
+
+Size entriesIn(Handle resource)
+{
+    constexpr Size mostEntries = 32768;
+    Size entryCount = (GetHandleSize(resource) - resourceHeaderSize) / Size{sizeof(ColorSpec)};
+    return std::clamp(entryCount, Size{0}, mostEntries);
+}
+
 CTabHandle tableFromResource(Handle resource, SInt16 tableID)
 {
-    constexpr Size headerSize = 8, mostEntries = 32768;
-    Size entryCount = (GetHandleSize(resource) - headerSize) / Size{sizeof(ColorSpec)};
-    entryCount = std::clamp(entryCount, Size{0}, mostEntries);
+    Size entryCount = entriesIn(resource);
     CTabHandle table = newColorTable(entryCount, tableID);
     if (!table)
         return nullptr;
-    const char *source = *resource + headerSize;
-    for (Size i = 0; i < entryCount; ++i)
-        memcpy(&entriesOf(table)[i].rgb, source + i * Size{sizeof(ColorSpec)} + sizeof(UInt16), sizeof(RGBColor));
+    // The host may have released or changed the resource when it was asked for memory.
+    resource = GetResource(tableType, tableID);
+    if (!resource)
+        return table;
+    const char *source = *resource + resourceHeaderSize;
+    ColorSpec *entries = entriesOf(table), *end = entries + std::min(entryCount, entriesIn(resource));
+    for (; entries != end; ++entries, source += sizeof(ColorSpec))
+        memcpy(&entries->rgb, source + sizeof(UInt16), sizeof(RGBColor));
     return table;
 }
 
@@ -47,10 +58,7 @@ CTabHandle GetCTable(SInt16 tableID)
     Handle resource = GetResource(tableType, tableID);
     if (!resource)
         return tableByRule(tableID);
-    HNoPurge(resource);
-    CTabHandle table = tableFromResource(resource, tableID);
-    HPurge(resource);
-    return table;
+    return tableFromResource(resource, tableID);
 }
 
 void DisposeCTable(CTabHandle table)

@@ -46,7 +46,27 @@ public:
         made_.push_back(window);
         return window;
     }
-    HWND makePopup(const RECT &rect) { return make(WS_POPUP | WS_VISIBLE, rect); }
+    // A visible window without a frame, the same for every call.
+    HWND sharedPopup(const RECT &rect)
+    {
+        if (!shared_)
+            shared_ = make(WS_POPUP | WS_VISIBLE, rect);
+        SetWindowPos(shared_, HWND_TOP, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, 0);
+        noted.clear();
+        return shared_;
+    }
+    // Ends all windows but one, and forgets what was noted.
+    void forget(HWND kept)
+    {
+        handler = nullptr;
+        for (HWND window : made_) {
+            if (window != kept && IsWindow(window))
+                DestroyWindow(window);
+        }
+        made_.assign({kept});
+        drain();
+        noted.clear();
+    }
     HWND makeChild(HWND parent, const RECT &rect, DWORD style = WS_VISIBLE | WS_CLIPSIBLINGS)
     {
         return make(WS_CHILD | style, rect, parent);
@@ -99,4 +119,5 @@ private:
     }
 
     std::vector<HWND> made_;
+    HWND shared_ = nullptr;
 };

@@ -35,7 +35,6 @@ public:
 private:
     enum class Way : uint8_t { Identity, Table, ChangedChannels, AnyChannels, Nearest, IsBackground };
 
-    void convertRow(const uint8_t *row, int x, int count, uint32_t *pixels) const;
     void makeTable(const BlitColors &colors);
     void fillTable(const BlitColors &colors);
     Way directWay();

@@ -149,7 +149,10 @@ BOOL DestroyWindow(HWND window)
             return FALSE;
         notifyParent(window, WM_DESTROY);
         windowIsGoing(window);
-        if (IsWindowVisible(window) || (GetWindowLongA(window, GWL_STYLE) & WS_VISIBLE))
+        auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
+        if ((style & WS_VISIBLE) && (style & WS_CHILD))
+            ShowWindow(window, SW_HIDE);
+        else if (style & WS_VISIBLE)
             changePosition(window, nullptr, 0, 0, 0, 0,
                            SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
         for (HWND owned : ownedBy(window))

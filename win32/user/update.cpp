@@ -117,8 +117,6 @@ void invalidate(Window &window, RegionValue &area, UINT flags)
         require(pixman_region32_subtract(&frame.pixels, mutableRegion(area.pixels), &client.pixels));
         touchesFrame = isNotEmpty(frame);
     }
-    if (clipsChildren(window))
-        cutOutChildren(window, client);
     require(pixman_region32_union(&window.update.pixels, &window.update.pixels, &client.pixels));
     window.needsFramePaint |= touchesFrame;
     if (flags & RDW_ERASE)

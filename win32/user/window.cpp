@@ -52,6 +52,19 @@ Window *desktop()
     return made;
 }
 
+// Windows stay where they are; what they show is painted anew.
+void screenChanged()
+{
+    UserLock lock;
+    Window *root = desktop();
+    root->windowRect = root->clientRect = gdi::rectOf(screen::surface().box());
+    visibilityChanged();
+    changeUpdate(*root, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+    LPARAM size = MAKELPARAM(root->windowRect.right, root->windowRect.bottom);
+    for (Window *window = root->firstChild; window; window = window->next)
+        PostMessageA(window->hwnd(), WM_DISPLAYCHANGE, screen::surface().format.bitsPerPixel, size);
+}
+
 Window *messageRoot()
 {
     static Window *made = makeRoot("Message", {0, 0, 0, 0});

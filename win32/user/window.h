@@ -97,6 +97,8 @@ Window *findWindow(HWND handle);
 Window *findWindowQuietly(HWND handle);
 
 Window *desktop();
+// To be called when the screen has another mode.
+void screenChanged();
 // The parent of windows that only take messages.
 Window *messageRoot();
 
