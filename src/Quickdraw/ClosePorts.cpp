@@ -27,12 +27,6 @@ void disposeBrush(GrafPtr port)
     port->portBrush = nullptr;
 }
 
-void unselectFont(GrafPtr port)
-{
-    if (portFontCalls.unselect)
-        portFontCalls.unselect(port);
-}
-
 } // namespace
 
 void CloseCPort(CGrafPtr port)
@@ -44,7 +38,7 @@ void CloseCPort(CGrafPtr port)
     qdErrorValue = noErr;
     disposeRegions(port);
     disposeBrush(port);
-    unselectFont(port);
+    unselectPortFont(*port);
     if (port->portPixMap)
         disposePixMap(port->portPixMap);
     port->portPixMap = nullptr;
@@ -64,7 +58,7 @@ void ClosePort(GrafPtr port)
     qdErrorValue = noErr;
     disposeRegions(port);
     disposeBrush(port);
-    unselectFont(port);
+    unselectPortFont(*port);
     if (port->portDC)
         DeleteDC(port->portDC);
     port->portDC = nullptr;

@@ -11,18 +11,10 @@ PortFontCalls portFontCalls;
 
 namespace {
 
-enum { srcOrText = 1 };
-
 void selectFont(GrafPort &port)
 {
     if (portFontCalls.select)
         portFontCalls.select(&port);
-}
-
-void unselectFont(GrafPort &port)
-{
-    if (portFontCalls.unselect)
-        portFontCalls.unselect(&port);
 }
 
 // A window that has none of the host's updates under way; no window record lies behind other ports.
@@ -42,7 +34,7 @@ bool openWindowContext(GrafPort &port, PixMap &map)
         map.pmWindow = nullptr;
         return false;
     }
-    unselectFont(port);
+    unselectPortFont(port);
     if (gcurrent_palette)
         SelectPalette(map.pmDC, gcurrent_palette, TRUE);
     return map.pmDC;
@@ -82,7 +74,7 @@ void takeContext(GrafPort &port)
         selectBitmap(*map);
     SetBkColor(map->pmDC, port.bkColor);
     SetTextColor(map->pmDC, port.fgColor);
-    SetBkMode(map->pmDC, port.txMode == srcOrText ? TRANSPARENT : OPAQUE);
+    SetBkMode(map->pmDC, port.txMode == srcOr ? TRANSPARENT : OPAQUE);
 }
 
 } // namespace
@@ -95,7 +87,7 @@ void MTBX_GiveBackContext(GrafPort &port)
     if (port.portSavedBrush != nothingSaved)
         SelectObject(context, port.portSavedBrush);
     port.portSavedBrush = nothingSaved;
-    unselectFont(port);
+    unselectPortFont(port);
     PixMapPtr map = pixMapOf(port);
     if (map && map->pmWindow && !map->pmPersistentDC) {
         ReleaseDC(map->pmWindow, context);

@@ -54,6 +54,12 @@ struct PortFontCalls {
 };
 extern PortFontCalls portFontCalls;
 
+inline void unselectPortFont(GrafPort &port)
+{
+    if (portFontCalls.unselect)
+        portFontCalls.unselect(&port);
+}
+
 // The window that owns the library's dialogs. Until the Dialog Manager has put its function here, that is
 // hWndMain.
 extern HWND (*modalOwnerCall)();
