@@ -363,11 +363,6 @@ TEST(Text, BadArgumentsFail)
     EXPECT_FALSE(GetTextExtentPoint32A(canvas.dc, "x", -1, &size));
     EXPECT_FALSE(GetTextMetricsA(nullptr, &canvas.metrics));
     EXPECT_EQ(SetTextAlign(nullptr, 0), UINT{GDI_ERROR});
-<<<<<<< HEAD
-=======
-    RECT rect{0, 0, 9, 9};
-    EXPECT_EQ(DrawTextA(nullptr, "x", 1, &rect, 0), 0);
->>>>>>> text
     EXPECT_TRUE(TextOutA(canvas.dc, 0, 0, "", 0));
     EXPECT_EQ(canvas.width(""), 0);
     EXPECT_EQ(count(canvas.pixels(), 0), canvas.pixels().size());
