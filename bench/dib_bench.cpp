@@ -70,7 +70,8 @@ void deviceFrame(benchmark::State &state)
 {
     Info info(32, width, height);
     for (auto _ : state)
-        SetDIBitsToDevice(frame().dc, 0, 0, width, height, 0, 0, 0, height, frame().source.data(), info, DIB_RGB_COLORS);
+        SetDIBitsToDevice(frame().dc, 0, 0, width, height, 0, 0, 0, height, frame().source.data(), info,
+                          DIB_RGB_COLORS);
 }
 
 constexpr int iconSide = 16;
@@ -114,12 +115,9 @@ void createSmallSection(benchmark::State &state)
 constexpr double copyRatio = 1 / 0.9;
 
 [[maybe_unused]] const bool targets[] = {
-    pairs::ratio("StretchDIBits 1:1, 32 bits", copyRatio),
-    pairs::ratio("SetDIBitsToDevice, bottom-up", copyRatio),
-    pairs::ratio("StretchDIBits 1:1, 8 to 32 bits", 2),
-    pairs::within("StretchDIBits of 16x16x32", 150),
-    pairs::within("StretchDIBits of 16x16x8", 600),
-    pairs::within("CreateDIBSection of 16x16", 300),
+    pairs::ratio("StretchDIBits 1:1, 32 bits", copyRatio), pairs::ratio("SetDIBitsToDevice, bottom-up", copyRatio),
+    pairs::ratio("StretchDIBits 1:1, 8 to 32 bits", 2),    pairs::within("StretchDIBits of 16x16x32", 150),
+    pairs::within("StretchDIBits of 16x16x8", 600),        pairs::within("CreateDIBSection of 16x16", 300),
     pairs::beyond("CreateDIBSection of a frame", 60000),
 };
 

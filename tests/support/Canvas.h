@@ -11,9 +11,9 @@
 
 struct CanvasFormat {
     int depth = 32;
-    bool isMonochromeBitmap = false;      // a device bitmap of one bit in place of a DIB section
-    DWORD masks[3] = {0, 0, 0};           // for BI_BITFIELDS; the usual channels when they are 0
-    std::vector<RGBQUAD> colors = {};     // of a DIB section of 8 bits or less
+    bool isMonochromeBitmap = false;  // a device bitmap of one bit in place of a DIB section
+    DWORD masks[3] = {0, 0, 0};       // for BI_BITFIELDS; the usual channels when they are 0
+    std::vector<RGBQUAD> colors = {}; // of a DIB section of 8 bits or less
     bool isBottomUp = false;
 
     static CanvasFormat monochrome() { return {.depth = 1, .isMonochromeBitmap = true}; }
@@ -66,10 +66,7 @@ public:
                 pack(&bytes[rowOffset(y)], x, pixels[static_cast<size_t>(y * width_ + x)]);
         setBytes(bytes);
     }
-    void clear(uint32_t pixel = 0)
-    {
-        setPixels(std::vector<uint32_t>(static_cast<size_t>(width_ * height_), pixel));
-    }
+    void clear(uint32_t pixel = 0) { setPixels(std::vector<uint32_t>(static_cast<size_t>(width_ * height_), pixel)); }
     uint32_t pixel(int x, int y) const { return pixels()[static_cast<size_t>(y * width_ + x)]; }
 
     // The picture as text, to be held against expected rows. Pixels that have no mark become '?'.

@@ -39,7 +39,8 @@ struct DibInfo {
     size_t stride() const { return (static_cast<size_t>(header.biWidth) * header.biBitCount + 31) / 32 * 4; }
 
     BITMAPINFOHEADER header{};
-    RGBQUAD colors[256]{};
+    // With room for all colours behind a header of 124 bytes.
+    RGBQUAD colors[256 + 21]{};
 };
 
 inline HBITMAP createSection(DibInfo info, void **bits, UINT usage = DIB_RGB_COLORS, HDC context = nullptr)

@@ -106,7 +106,7 @@ inline uint32_t nearestPixel(const CanvasFormat &format, COLORREF color)
 inline uint32_t evaluatedBits(DWORD code, uint32_t pattern, uint32_t source, uint32_t destination, uint32_t bits)
 {
     uint32_t result = 0;
-    for (int bit = 0; bit < 32; ++bit) {
+    for (int bit = 0; bit < 32 && bits >> bit; ++bit) {
         auto of = [bit](uint32_t pixel) { return pixel >> bit & 1; };
         result |= (code >> 16 >> (of(pattern) * 4 + of(source) * 2 + of(destination)) & 1) << bit;
     }
@@ -122,7 +122,8 @@ public:
         HRGN region = CreateRectRgn(0, 0, 0, 0);
         for (int i = 0; i < rectangles; ++i) {
             int x = int(random() % width_), y = int(random() % canvas.height());
-            int right = std::min(width_, x + 1 + int(random() % 12)), bottom = std::min(canvas.height(), y + 1 + int(random() % 5));
+            int right = std::min(width_, x + 1 + int(random() % 12)),
+                bottom = std::min(canvas.height(), y + 1 + int(random() % 5));
             HRGN part = CreateRectRgn(x, y, right, bottom);
             CombineRgn(region, region, part, RGN_OR);
             DeleteObject(part);

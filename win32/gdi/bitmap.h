@@ -26,8 +26,10 @@ public:
     size_t size() const { return size_; }
 
 private:
-    uint8_t *data_ = nullptr;
+    uint8_t *block_ = nullptr;
+    uint8_t *data_ = nullptr; // within the block
     size_t size_ = 0;
+    size_t blockSize_ = 0;
 };
 
 class Bitmap final : public Object {
@@ -61,8 +63,9 @@ Bitmap *defaultBitmap();
 // New bitmaps with a handle; null with the last error when they cannot be. Pixels are 0.
 Bitmap *createDeviceBitmap(int64_t width, int64_t height, const PixelFormat &format);
 Bitmap *createDibSection(const Dib &dib);
-// A device bitmap with the picture of a DIB.
-HBITMAP createFromDib(const PixelFormat &format, const Dib &dib, const void *bits);
+// The picture of a packed DIB in a block of the given size: monochrome when it is black and white, otherwise
+// in the screen's format.
+HBITMAP createFromPackedDib(const void *packed, int64_t size);
 
 // The format of device bitmaps of a depth, and their colours when it is indexed.
 PixelFormat deviceFormat(int bitsPerPixel);

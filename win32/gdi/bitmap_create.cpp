@@ -5,6 +5,7 @@
 #include "dib_pixels.h"
 
 #include "kernel/kernel_internal.h"
+#include "screen/screen.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -78,6 +79,19 @@ bool readSize(const BITMAPINFOHEADER *header, int64_t &width, int64_t &height)
     return true;
 }
 
+bool hasGray(const ColorTable &table, int index, BYTE level)
+{
+    const RGBQUAD &color = table.colors[index];
+    return color.rgbRed == level && color.rgbGreen == level && color.rgbBlue == level;
+}
+
+bool isBlackAndWhite(const Dib &dib)
+{
+    constexpr BYTE black = 0, white = 0xff;
+    auto isEither = [&](int index) { return hasGray(dib.colors, index, black) || hasGray(dib.colors, index, white); };
+    return dib.format.bitsPerPixel == 1 && isEither(0) && isEither(1);
+}
+
 Bitmap *createInitialized(const PixelFormat &format, int64_t width, int64_t height, const Dib &dib, const void *bits)
 {
     Bitmap *bitmap = createDeviceBitmap(width, height, format);
@@ -90,8 +104,14 @@ Bitmap *createInitialized(const PixelFormat &format, int64_t width, int64_t heig
 
 } // namespace
 
-HBITMAP win32::gdi::createFromDib(const PixelFormat &format, const Dib &dib, const void *bits)
+HBITMAP win32::gdi::createFromPackedDib(const void *packed, int64_t size)
 {
+    Dib dib;
+    if (!readPackedDib(packed, size, DIB_RGB_COLORS, nullptr, dib))
+        return nullptr;
+    PixelFormat format =
+        isBlackAndWhite(dib) ? monochromeFormat() : deviceFormat(screen::surface().format.bitsPerPixel);
+    auto bits = static_cast<const uint8_t *>(packed) + dib.bitsOffset;
     return handleOf(createInitialized(format, dib.width, dib.height, dib, bits));
 }
 

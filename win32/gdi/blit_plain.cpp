@@ -99,6 +99,15 @@ public:
                   target.length);
     }
 
+    // Pixels of whole words can be made where they belong.
+    void convertInPlace(const Box &box) const
+    {
+        int sourceX = static_cast<int>(box.x1 - distanceX_);
+        for (int y = box.y1; y < box.y2; ++y)
+            converter_.convert(sourceRow(y), sourceX, box.x2 - box.x1,
+                               reinterpret_cast<uint32_t *>(job_.destination.row(y)) + box.x1);
+    }
+
     void convert(const uint8_t *row, const Box &strip, uint8_t *bytes) const
     {
         int count = strip.x2 - strip.x1;
@@ -134,13 +143,16 @@ void blitPlain(const BlitJob &job, bool isSameSurface)
     PlainBlit blit(job, converter);
     bool isDown = isSameSurface && distanceY > 0, isRight = isSameSurface && distanceX > 0;
     auto each = [&](auto visit) {
-        if (isDown || isRight)
+        if (isSameSurface)
             eachVisibleInOrder(job.clip, box, isDown, isRight, visit);
         else
-            eachVisible(job.clip, box, visit);
+            eachVisibleInAnyOrder(job.clip, box, visit);
     };
     bool isShifted = distanceX * job.source.format.bitsPerPixel % 8 != 0;
-    bool isWithinRows = isSameSurface && distanceY == 0 && !job.operation.isCopy();
+    bool isWithinRows = isSameSurface && distanceY == 0;
+    bool isMadeInPlace = job.operation.isCopy() && job.destination.format.layout == PixelLayout::Direct32;
+    if (!converter.isIdentity() && isMadeInPlace)
+        return each([&](const Box &piece) { blit.convertInPlace(piece); });
     if (!converter.isIdentity())
         return each([&](const Box &piece) { blit.throughBuffer(piece, isDown, isRight, &PlainBlit::convert); });
     if (isShifted || isWithinRows)

@@ -49,7 +49,8 @@ void applyToPieces(const BlitJob &job, const Box &box, const SourceRanges &rows,
             for (const Box *piece = first; piece != end; ++piece) {
                 Box visible{std::max(piece->x1, box.x1), y, std::min(piece->x2, box.x2), y + 1};
                 if (visible.x1 < visible.x2)
-                    job.operation.apply(visible, &bytes[RowSpan(job.destination.format, visible.x1, visible.x2).first - origin], 0);
+                    job.operation.apply(
+                        visible, &bytes[RowSpan(job.destination.format, visible.x1, visible.x2).first - origin], 0);
             }
         }
     });

@@ -41,8 +41,8 @@ BOOL moveArea(HDC context, int x, int y, int width, int height, HDC sourceContex
         BlitColors colors{dc.plainColor(dc.state.textColor), dc.plainColor(dc.state.backgroundColor),
                           source->plainColor(source->state.backgroundColor)};
         Paint paint = usesPattern(truthTableOf(rop)) ? dc.brushPaint() : Paint{};
-        return BOOL{blit(dc.surface, drawing.clip(), geometry, source->surface, colors, rop, paint,
-                         dc.state.stretchMode)};
+        return BOOL{
+            blit(dc.surface, drawing.clip(), geometry, source->surface, colors, rop, paint, dc.state.stretchMode)};
     });
 }
 

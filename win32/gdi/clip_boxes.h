@@ -3,12 +3,17 @@
 
 #include "box.h"
 
+#include <vector>
+
 namespace win32::gdi {
 
 struct ClipBoxes {
     const Box *boxes = nullptr;
     int count = 0;
     Box extents{}; // empty when there are none
+    // The same area in fewer boxes, for drawing that does not care for their order; null when there are none.
+    const Box *tallBoxes = nullptr;
+    int tallCount = 0;
 };
 
 // The boxes of a region, valid until it changes.
@@ -44,6 +49,20 @@ template <class Visit> void eachVisible(const ClipBoxes &clip, const Box &box, V
     }
 }
 
+// The same in any order, which is faster for many boxes.
+template <class Visit> void eachVisibleInAnyOrder(const ClipBoxes &clip, const Box &box, Visit visit)
+{
+    Box bounded = intersected(box, clip.extents);
+    // Tall boxes cannot be searched for the few that matter to a low box.
+    if (!clip.tallBoxes || (bounded.y2 - bounded.y1) * int64_t{2} < clip.extents.y2 - clip.extents.y1)
+        return eachVisible(clip, box, visit);
+    for (int i = 0; i < clip.tallCount; ++i) {
+        Box visible = intersected(clip.tallBoxes[i], bounded);
+        if (!isEmpty(visible))
+            visit(visible);
+    }
+}
+
 // Calls visit(first, end) for each band of boxes that crosses the rows of a box, from top to bottom.
 template <class Visit> void eachBand(const ClipBoxes &clip, const Box &box, Visit visit)
 {
@@ -69,5 +88,8 @@ template <class Visit> void eachBandUpwards(const ClipBoxes &clip, const Box &bo
             visit(first, last);
     }
 }
+
+// Joins boxes of a clip that stand on each other and have the same sides. May throw bad_alloc.
+void joinBoxes(const ClipBoxes &clip, std::vector<Box> &tallBoxes);
 
 } // namespace win32::gdi

@@ -1,7 +1,6 @@
 #include "convert.h"
 
 #include "pixel_codec.h"
-#include "pixel_loops.h"
 
 #include <cstring>
 
@@ -48,65 +47,6 @@ uint32_t channelBits(const PixelFormat &format)
     return isRgb888(format) ? 0xffffff : format.redMask | format.greenMask | format.blueMask;
 }
 
-// Bits that stand for a colour 0 or 1 each, from a bit position on.
-WIN32_FOR_EACH_PROCESSOR
-void spreadBits(const uint8_t *row, int x, int count, uint32_t clear, uint32_t set, uint32_t *pixels)
-{
-    int i = 0;
-    for (; i < count && ((x + i) & 7); ++i)
-        pixels[i] = row[(x + i) >> 3] & 0x80 >> ((x + i) & 7) ? set : clear;
-    for (; i + 8 <= count; i += 8) {
-        uint32_t byte = row[(x + i) >> 3];
-        for (uint32_t k = 0; k < 8; ++k)
-            pixels[i + k] = byte & 0x80u >> k ? set : clear;
-    }
-    for (; i < count; ++i)
-        pixels[i] = row[(x + i) >> 3] & 0x80 >> ((x + i) & 7) ? set : clear;
-}
-
-struct Fetch16 {
-    const uint8_t *bytes;
-    uint32_t operator()(int i) const
-    {
-        uint16_t pixel;
-        memcpy(&pixel, bytes + 2 * ptrdiff_t{i}, 2);
-        return pixel;
-    }
-};
-struct Fetch24 {
-    const uint8_t *bytes;
-    uint32_t operator()(int i) const
-    {
-        const uint8_t *pixel = bytes + 3 * ptrdiff_t{i};
-        return static_cast<uint32_t>(pixel[0] | pixel[1] << 8 | pixel[2] << 16);
-    }
-};
-struct Fetch32 {
-    const uint8_t *bytes;
-    uint32_t operator()(int i) const
-    {
-        uint32_t pixel;
-        memcpy(&pixel, bytes + 4 * ptrdiff_t{i}, 4);
-        return pixel;
-    }
-};
-
-template <class Fetch, class Change> inline void changeEach(Fetch fetch, int count, uint32_t *pixels, Change change)
-{
-    for (int i = 0; i < count; ++i)
-        pixels[i] = change(fetch(i));
-}
-
-// The highest bits of a channel of 5 or 6 bits are repeated below, as Channel::decode does.
-constexpr uint32_t spread5(uint32_t value)
-{
-    return value << 3 | value >> 2;
-}
-constexpr uint32_t spread6(uint32_t value)
-{
-    return value << 2 | value >> 4;
-}
-
 } // namespace
 
 PixelConverter::PixelConverter(const Surface &destination, const Surface &source, const BlitColors &colors)
@@ -124,7 +64,7 @@ PixelConverter::PixelConverter(const Surface &destination, const Surface &source
     }
 }
 
-PixelConverter::Way PixelConverter::directWay() const
+PixelConverter::Way PixelConverter::directWay()
 {
     const PixelFormat &from = source_.format;
     const PixelFormat &to = destination_.format;
@@ -133,18 +73,20 @@ PixelConverter::Way PixelConverter::directWay() const
     if (to.isIndexed())
         return Way::Nearest;
     if (isRgb888(from) && isRgb888(to))
-        return Way::Plain;
-    if (to.isXrgb32() && isXrgb1555(from))
-        return Way::Xrgb1555ToXrgb32;
-    if (to.isXrgb32() && isRgb565(from))
-        return Way::Rgb565ToXrgb32;
-    if (isRgb888(from) && isXrgb1555(to))
-        return Way::Xrgb32ToXrgb1555;
-    if (isRgb888(from) && isRgb565(to))
-        return Way::Xrgb32ToRgb565;
-    if ((isRgb888(from) && isXbgr32(to)) || (isXbgr32(from) && isRgb888(to)))
-        return Way::SwapRedAndBlue;
-    return Way::Channels;
+        change_ = ChannelChange::None;
+    else if (to.isXrgb32() && isXrgb1555(from))
+        change_ = ChannelChange::Xrgb1555ToXrgb32;
+    else if (to.isXrgb32() && isRgb565(from))
+        change_ = ChannelChange::Rgb565ToXrgb32;
+    else if (isRgb888(from) && isXrgb1555(to))
+        change_ = ChannelChange::Xrgb32ToXrgb1555;
+    else if (isRgb888(from) && isRgb565(to))
+        change_ = ChannelChange::Xrgb32ToRgb565;
+    else if ((isRgb888(from) && isXbgr32(to)) || (isXbgr32(from) && isRgb888(to)))
+        change_ = ChannelChange::SwapRedAndBlue;
+    else
+        return Way::AnyChannels;
+    return Way::ChangedChannels;
 }
 
 void PixelConverter::fillTable(const BlitColors &colors)
@@ -191,73 +133,44 @@ void PixelConverter::makeTable(const BlitColors &colors)
     memcpy(table_, lastTable, sizeof table_);
 }
 
-uint32_t PixelConverter::throughChannels(uint32_t pixel) const
-{
-    return pixelFor(destination_, colorOf(source_, pixel));
-}
-
-void PixelConverter::nearest(uint32_t *pixels, int count) const
+// Pictures have many equal pixels beside each other.
+void PixelConverter::convertRemembering(uint32_t *pixels, int count) const
 {
     uint32_t last = count > 0 ? ~pixels[0] : 0;
     uint32_t lastResult = 0;
     for (int i = 0; i < count; ++i) {
         if (pixels[i] != last) {
             last = pixels[i];
-            lastResult = throughChannels(last);
+            lastResult = pixelFor(destination_, colorOf(source_, last));
         }
         pixels[i] = lastResult;
     }
 }
 
-template <class Fetch> void PixelConverter::convertDirect(Fetch fetch, int count, uint32_t *pixels) const
+void PixelConverter::convertIndexed(const uint8_t *row, int x, int count, uint32_t *pixels) const
 {
-    switch (way_) {
-    case Way::Plain: return changeEach(fetch, count, pixels, [](uint32_t p) { return p & 0xffffff; });
-    case Way::Xrgb1555ToXrgb32:
-        return changeEach(fetch, count, pixels, [](uint32_t p) {
-            return spread5(p >> 10 & 31) << 16 | spread5(p >> 5 & 31) << 8 | spread5(p & 31);
-        });
-    case Way::Rgb565ToXrgb32:
-        return changeEach(fetch, count, pixels, [](uint32_t p) {
-            return spread5(p >> 11 & 31) << 16 | spread6(p >> 5 & 63) << 8 | spread5(p & 31);
-        });
-    case Way::Xrgb32ToXrgb1555:
-        return changeEach(fetch, count, pixels,
-                          [](uint32_t p) { return (p >> 9 & 0x7c00) | (p >> 6 & 0x03e0) | (p >> 3 & 0x001f); });
-    case Way::Xrgb32ToRgb565:
-        return changeEach(fetch, count, pixels,
-                          [](uint32_t p) { return (p >> 8 & 0xf800) | (p >> 5 & 0x07e0) | (p >> 3 & 0x001f); });
-    case Way::SwapRedAndBlue: return changeEach(fetch, count, pixels, withRedAndBlueSwapped);
-    case Way::IsBackground:
-        return changeEach(fetch, count, pixels, [background = background_, channels = channels_](uint32_t p) {
-            return uint32_t{(p & channels) == background};
-        });
-    case Way::Channels: return changeEach(fetch, count, pixels, [this](uint32_t p) { return throughChannels(p); });
-    case Way::Nearest: changeEach(fetch, count, pixels, [](uint32_t p) { return p; }); return nearest(pixels, count);
-    case Way::Identity: return changeEach(fetch, count, pixels, [](uint32_t p) { return p; });
-    case Way::Table: return;
+    switch (source_.format.layout) {
+    case PixelLayout::Index1: return spreadBits(row, x, count, table_[0], table_[1], pixels);
+    case PixelLayout::Index4: return lookUpNibbles(row, x, count, table_, pixels);
+    default: return lookUpBytes(row + x, count, table_, pixels);
     }
 }
 
-WIN32_FOR_EACH_PROCESSOR
 void PixelConverter::convert(const uint8_t *row, int x, int count, uint32_t *pixels) const
 {
-    const uint8_t *bytes = row + (int64_t{x} * source_.format.bitsPerPixel >> 3);
-    switch (source_.format.layout) {
-    case PixelLayout::Index1:
-        return way_ == Way::Identity ? unpackPixels(source_.format, row, x, count, pixels)
-                                     : spreadBits(row, x, count, table_[0], table_[1], pixels);
-    case PixelLayout::Index4:
-    case PixelLayout::Index8:
-        unpackPixels(source_.format, row, x, count, pixels);
-        if (way_ == Way::Table)
-            for (int i = 0; i < count; ++i)
-                pixels[i] = table_[pixels[i]];
-        return;
-    case PixelLayout::Direct16: return convertDirect(Fetch16{bytes}, count, pixels);
-    case PixelLayout::Bgr24: return convertDirect(Fetch24{bytes}, count, pixels);
-    case PixelLayout::Direct32: return convertDirect(Fetch32{bytes}, count, pixels);
+    const PixelFormat &format = source_.format;
+    switch (way_) {
+    case Way::Table: return convertIndexed(row, x, count, pixels);
+    case Way::ChangedChannels:
+        return changeChannels(change_, format.layout, row + (int64_t{x} * format.bitsPerPixel >> 3), count, pixels);
+    default: break;
     }
+    unpackPixels(format, row, x, count, pixels);
+    if (way_ == Way::IsBackground)
+        for (int i = 0; i < count; ++i)
+            pixels[i] = (pixels[i] & channels_) == background_;
+    else if (way_ != Way::Identity)
+        convertRemembering(pixels, count);
 }
 
 } // namespace win32::gdi

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "blit.h"
+#include "convert_loops.h"
 
 namespace win32::gdi {
 
@@ -32,30 +33,18 @@ public:
     void convert(const uint8_t *row, int x, int count, uint32_t *pixels) const;
 
 private:
-    enum class Way : uint8_t {
-        Identity,
-        Table,
-        Plain, // the same channels in pixels of another size
-        Xrgb1555ToXrgb32,
-        Rgb565ToXrgb32,
-        Xrgb32ToXrgb1555,
-        Xrgb32ToRgb565,
-        SwapRedAndBlue,
-        Channels,
-        Nearest,
-        IsBackground,
-    };
+    enum class Way : uint8_t { Identity, Table, ChangedChannels, AnyChannels, Nearest, IsBackground };
 
     void makeTable(const BlitColors &colors);
     void fillTable(const BlitColors &colors);
-    Way directWay() const;
-    uint32_t throughChannels(uint32_t pixel) const;
-    void nearest(uint32_t *pixels, int count) const;
-    template <class Fetch> void convertDirect(Fetch fetch, int count, uint32_t *pixels) const;
+    Way directWay();
+    void convertIndexed(const uint8_t *row, int x, int count, uint32_t *pixels) const;
+    void convertRemembering(uint32_t *pixels, int count) const;
 
     const Surface &destination_;
     const Surface &source_;
     Way way_;
+    ChannelChange change_ = ChannelChange::None;
     uint32_t background_ = 0; // pixel of the source that becomes 1 in a monochrome destination
     uint32_t channels_ = 0;   // bits of a source pixel that mean something
     uint32_t table_[256];

@@ -81,8 +81,8 @@ EllipseArc wholeEllipse(const Box &box)
 {
     double width = double{1} * box.x2 - 1 - box.x1;
     double height = double{1} * box.y2 - 1 - box.y1;
-    return {box.x1 + width / 2,  box.y1 + height / 2, std::fabs(width) / 2,
-            std::fabs(height) / 2, 0,                   2 * std::numbers::pi};
+    return {box.x1 + width / 2,  box.y1 + height / 2, std::fabs(width) / 2, std::fabs(height) / 2, 0,
+            2 * std::numbers::pi};
 }
 
 EllipseArc arcBetween(const Box &box, POINT start, POINT end)

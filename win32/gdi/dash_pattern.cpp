@@ -35,14 +35,11 @@ DashPattern::DashPattern(const Pen &pen, double width)
         set(lengths.lengths, lengths.count, pen.isGeometric() ? width : 1);
         break;
     }
-    case PS_ALTERNATE:
-        set(alternatePixels, 2, 1);
-        break;
+    case PS_ALTERNATE: set(alternatePixels, 2, 1); break;
     case PS_USERSTYLE:
         set(pen.lengths.data(), static_cast<int>(pen.lengths.size()), pen.isGeometric() ? 1 : styleUnit);
         break;
-    default:
-        return;
+    default: return;
     }
     if (pen.isGeometric() && width > 1 && (pen.style & PS_ENDCAP_MASK) != PS_ENDCAP_FLAT)
         makeRoomForCaps(width);

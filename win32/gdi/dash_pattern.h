@@ -20,7 +20,7 @@ public:
 
     // A place in the pattern.
     struct Place {
-        int index; // even within a dash
+        int index;   // even within a dash
         double left; // until the next one
         bool isDash() const { return index % 2 == 0; }
     };

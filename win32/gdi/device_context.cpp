@@ -1,5 +1,8 @@
 #include "device_context.h"
 
+#include "font_catalog.h"
+#include "realized_font.h"
+
 #include "stock_objects.h"
 
 #include <cmath>
@@ -20,12 +23,22 @@ void RegionValue::copyFrom(const pixman_region32_t &region)
         throw std::bad_alloc();
 }
 
-DeviceContext::DeviceContext() : Object(objectType)
+ContextState::ContextState()
+    : pen(stock::pen(BLACK_PEN)), brush(stock::brush(WHITE_BRUSH)), font(stock::font(SYSTEM_FONT)),
+      palette(stock::defaultPalette())
 {
-    state.pen.set(stock::pen(BLACK_PEN));
-    state.brush.set(stock::brush(WHITE_BRUSH));
-    state.font.set(stock::font(SYSTEM_FONT));
-    state.palette.set(stock::defaultPalette());
+}
+
+DeviceContext::DeviceContext() : Object(objectType) {}
+
+void DeviceContext::reset()
+{
+    ContextState fresh;
+    std::swap(state, fresh);
+    saved.clear();
+    path = {};
+    mappingChanged();
+    clipChanged();
 }
 
 DeviceContext::~DeviceContext()
@@ -60,19 +73,31 @@ void DeviceContext::letGo(Bitmap &old)
 void DeviceContext::mappingChanged()
 {
     const ContextState &s = state;
+    bool wasTranslation = isTranslation_;
     isTranslation_ = s.mapMode == MM_TEXT
                      || (s.windowExtent.cx == s.viewportExtent.cx && s.windowExtent.cy == s.viewportExtent.cy);
     offset_ = {wrappingDifference(s.viewportOrigin.x, s.windowOrigin.x),
                wrappingDifference(s.viewportOrigin.y, s.windowOrigin.y)};
+    if (!wasTranslation || !isTranslation_)
+        realizedStamp_ = 0;
+}
+
+// The factors are single-precision numbers, as in the published transform records: halves fall by them.
+double DeviceContext::scaleX() const
+{
+    return static_cast<float>(double{1} * state.viewportExtent.cx / state.windowExtent.cx);
+}
+
+double DeviceContext::scaleY() const
+{
+    return static_cast<float>(double{1} * state.viewportExtent.cy / state.windowExtent.cy);
 }
 
 POINT DeviceContext::scaled(POINT logical) const
 {
     const ContextState &s = state;
-    return {roundedToInt((double{1} * logical.x - s.windowOrigin.x) * s.viewportExtent.cx / s.windowExtent.cx
-                         + s.viewportOrigin.x),
-            roundedToInt((double{1} * logical.y - s.windowOrigin.y) * s.viewportExtent.cy / s.windowExtent.cy
-                         + s.viewportOrigin.y)};
+    return {roundedToInt((double{1} * logical.x - s.windowOrigin.x) * scaleX() + s.viewportOrigin.x),
+            roundedToInt((double{1} * logical.y - s.windowOrigin.y) * scaleY() + s.viewportOrigin.y)};
 }
 
 POINT DeviceContext::toLogical(POINT device) const
@@ -80,10 +105,8 @@ POINT DeviceContext::toLogical(POINT device) const
     const ContextState &s = state;
     if (isTranslation_)
         return {wrappingDifference(device.x, offset_.x), wrappingDifference(device.y, offset_.y)};
-    return {roundedToInt((double{1} * device.x - s.viewportOrigin.x) * s.windowExtent.cx / s.viewportExtent.cx
-                         + s.windowOrigin.x),
-            roundedToInt((double{1} * device.y - s.viewportOrigin.y) * s.windowExtent.cy / s.viewportExtent.cy
-                         + s.windowOrigin.y)};
+    return {roundedToInt((double{1} * device.x - s.viewportOrigin.x) / scaleX() + s.windowOrigin.x),
+            roundedToInt((double{1} * device.y - s.viewportOrigin.y) / scaleY() + s.windowOrigin.y)};
 }
 
 Box DeviceContext::toSurface(int left, int top, int right, int bottom) const
@@ -95,13 +118,13 @@ Box DeviceContext::toSurface(int left, int top, int right, int bottom) const
 
 int DeviceContext::deviceWidth(int logical) const
 {
-    double scale = isTranslation_ ? 1.0 : double{1} * state.viewportExtent.cx / state.windowExtent.cx;
+    double scale = isTranslation_ ? 1.0 : scaleX();
     return roundedToInt(std::fabs(logical * scale));
 }
 
 int DeviceContext::deviceHeight(int logical) const
 {
-    double scale = isTranslation_ ? 1.0 : double{1} * state.viewportExtent.cy / state.windowExtent.cy;
+    double scale = isTranslation_ ? 1.0 : scaleY();
     return roundedToInt(std::fabs(logical * scale));
 }
 
@@ -109,14 +132,28 @@ int DeviceContext::deviceHeight(int logical) const
 void DeviceContext::updateClip()
 {
     isClipCurrent_ = true;
-    if (!state.isClipped) {
+    if (state.isClipped) {
+        pixman_region32_t &clip = clipOnSurface_.pixels;
+        bool isMade = pixman_region32_copy(&clip, &state.clip.pixels) && translate(clip, origin.x, origin.y)
+                      && pixman_region32_intersect(&clip, &clip, &visible.pixels);
+        clipBoxes_ = isMade ? clipBoxesOf(clip) : ClipBoxes{};
+    } else {
         clipBoxes_ = clipBoxesOf(visible.pixels);
-        return;
     }
-    pixman_region32_t &clip = clipOnSurface_.pixels;
-    bool isMade = pixman_region32_copy(&clip, &state.clip.pixels) && translate(clip, origin.x, origin.y)
-                  && pixman_region32_intersect(&clip, &clip, &visible.pixels);
-    clipBoxes_ = isMade ? clipBoxesOf(clip) : ClipBoxes{};
+    constexpr int worthJoining = 16;
+    if (clipBoxes_.count >= worthJoining)
+        joinClipBoxes();
+}
+
+void DeviceContext::joinClipBoxes()
+{
+    try {
+        joinBoxes(clipBoxes_, tallBoxes_);
+        clipBoxes_.tallBoxes = tallBoxes_.data();
+        clipBoxes_.tallCount = static_cast<int>(tallBoxes_.size());
+    } catch (const std::bad_alloc &) {
+        // Drawing goes on with the boxes as they are.
+    }
 }
 
 COLORREF DeviceContext::plainColor(COLORREF color) const
@@ -140,9 +177,22 @@ COLORREF DeviceContext::plainColor(COLORREF color) const
     }
 }
 
-BrushColors DeviceContext::brushColors() const
+BrushColors DeviceContext::brushColors(const Brush &brush) const
 {
-    return {plainColor(state.textColor), plainColor(state.backgroundColor), state.backgroundMode == OPAQUE};
+    return {plainColor(state.textColor), plainColor(state.backgroundColor), state.backgroundMode == OPAQUE,
+            ownColorOf(brush)};
+}
+
+COLORREF DeviceContext::ownColorOf(const Brush &brush) const
+{
+    switch (brush.colorSource) {
+    case ColorSource::ContextBrush:
+        return plainColor(state.dcBrushColor);
+    case ColorSource::ContextPen:
+        return plainColor(state.dcPenColor);
+    default:
+        return plainColor(brush.color);
+    }
 }
 
 bool DeviceContext::solidPaintOf(const Brush &brush, Paint &paint) const
@@ -153,11 +203,19 @@ bool DeviceContext::solidPaintOf(const Brush &brush, Paint &paint) const
     }
     if (brush.style != BS_SOLID)
         return false;
-    COLORREF color = brush.colorSource == ColorSource::Own            ? brush.color
-                     : brush.colorSource == ColorSource::ContextBrush ? state.dcBrushColor
-                                                                      : state.dcPenColor;
-    paint = solidPaint(pixelFor(surface, plainColor(color)));
+    COLORREF color = ownColorOf(brush);
+    if (isDithered(surface, color))
+        return false;
+    paint = solidPaint(linePixelFor(surface, color, plainColor(state.backgroundColor)));
     return true;
+}
+
+Paint DeviceContext::penPaint()
+{
+    const Brush &brush = state.pen->brush;
+    if (brush.style == BS_SOLID)
+        return solidPaint(linePixelFor(surface, ownColorOf(brush), plainColor(state.backgroundColor)));
+    return paintOf(brush, penTile_);
 }
 
 Paint DeviceContext::paintOf(const Brush &brush, Tile &scratch) const
@@ -165,7 +223,7 @@ Paint DeviceContext::paintOf(const Brush &brush, Tile &scratch) const
     Paint paint;
     if (solidPaintOf(brush, paint))
         return paint;
-    makeTile(brush, surface, brushColors(), scratch);
+    makeTile(brush, surface, brushColors(brush), scratch);
     return {Paint::Kind::Tiled, 0, &scratch, wrappingSum(origin.x, state.brushOrigin.x),
             wrappingSum(origin.y, state.brushOrigin.y)};
 }
@@ -175,7 +233,7 @@ Paint DeviceContext::paintOf(const Brush &brush, CachedTile &cached)
     Paint paint;
     if (solidPaintOf(brush, paint))
         return paint;
-    BrushColors colors = brushColors();
+    BrushColors colors = brushColors(brush);
     bool isCurrent = cached.brushStamp == brush.stamp && cached.tableStamp == stampOf(surface) && cached.colors == colors
                      && cached.format == surface.format;
     if (!isCurrent) {
@@ -188,6 +246,27 @@ Paint DeviceContext::paintOf(const Brush &brush, CachedTile &cached)
     }
     return {Paint::Kind::Tiled, 0, &cached.tile, wrappingSum(origin.x, state.brushOrigin.x),
             wrappingSum(origin.y, state.brushOrigin.y)};
+}
+
+uint32_t DeviceContext::fontGeneration()
+{
+    return catalogGeneration.load(std::memory_order_relaxed);
+}
+
+void DeviceContext::realizeFont()
+{
+    uint32_t generation = fontGeneration();
+    LOGFONTA description = state.font->description;
+    if (!isTranslation_) {
+        int height = deviceHeight(std::max<LONG>(description.lfHeight, -INT_MAX));
+        if (description.lfHeight != 0)
+            description.lfHeight = std::max(height, 1) * (description.lfHeight < 0 ? -1 : 1);
+        if (description.lfWidth != 0)
+            description.lfWidth = std::max(deviceWidth(std::max<LONG>(description.lfWidth, -INT_MAX)), 1);
+    }
+    realized_ = realize(description);
+    realizedStamp_ = state.font->stamp;
+    realizedGeneration_ = generation;
 }
 
 } // namespace win32::gdi

@@ -108,9 +108,7 @@ bool readFormat(const Description &description, const HeaderKind &kind, const Su
         dib.format = rgbFormat(depth);
         return depth == 1 || depth == 4 || depth == 8 || depth == 16 || depth == 24 || depth == 32;
     case BI_RLE8:
-    case BI_RLE4:
-        dib.format = rgbFormat(depth);
-        return depth == (dib.header.biCompression == BI_RLE8 ? 8 : 4);
+    case BI_RLE4: dib.format = rgbFormat(depth); return depth == (dib.header.biCompression == BI_RLE8 ? 8 : 4);
     case BI_BITFIELDS: {
         if ((depth != 16 && depth != 32) || kind.size == osHeaderSize)
             return false;
@@ -124,22 +122,24 @@ bool readFormat(const Description &description, const HeaderKind &kind, const Su
         dib.format = bitfieldsFormat(depth, masks[0], masks[1], masks[2]);
         return true;
     }
-    default:
-        return false;
+    default: return false;
     }
 }
 
 bool readDimensions(Dib &dib)
 {
     BITMAPINFOHEADER &header = dib.header;
-    if (header.biPlanes == 0 || header.biWidth <= 0 || header.biHeight == 0 || header.biHeight == std::numeric_limits<LONG>::min())
+    if (header.biPlanes == 0 || header.biWidth <= 0 || header.biHeight == 0
+        || header.biHeight == std::numeric_limits<LONG>::min())
         return false;
     dib.width = header.biWidth;
     dib.isTopDown = header.biHeight < 0;
     dib.height = dib.isTopDown ? -header.biHeight : header.biHeight;
     dib.stride = dibStride(dib.width, header.biBitCount);
+    if (dib.stride > std::numeric_limits<LONG>::max())
+        return false;
     dib.bitsSize = dib.stride * dib.height;
-    if (dib.stride > std::numeric_limits<LONG>::max() || dib.bitsSize > std::numeric_limits<DWORD>::max())
+    if (dib.bitsSize > std::numeric_limits<DWORD>::max())
         return false;
     if (!dib.isCompressed()) {
         header.biSizeImage = static_cast<DWORD>(dib.bitsSize);
@@ -258,14 +258,15 @@ bool readWantedDib(const BITMAPINFO *info, const Surface &model, Dib &dib)
 {
     HeaderKind kind;
     Description description(info, unknownSize);
-    bool isUnderstood = info && readHeader(description, kind, dib.header)
-                        && readFormat(description, kind, &model, dib) && readDimensions(dib) && !dib.isCompressed();
+    bool isUnderstood = info && readHeader(description, kind, dib.header) && readFormat(description, kind, &model, dib)
+                        && readDimensions(dib) && !dib.isCompressed();
     if (!isUnderstood)
         return fail(ERROR_INVALID_PARAMETER, false);
     dib.header.biClrUsed = 0;
     dib.colors.count = 0;
     if (dib.format.isIndexed())
-        dib.colors = model.format == dib.format && model.colors ? *model.colors : *defaultColors(dib.format.bitsPerPixel);
+        dib.colors =
+            model.format == dib.format && model.colors ? *model.colors : *defaultColors(dib.format.bitsPerPixel);
     return true;
 }
 

@@ -21,8 +21,8 @@ struct SourceRect {
 // unstretched, from the position (0, 0) of a top-down DIB takes the rows at the top.
 int firstRow(const Dib &dib, const SourceRect &from, int width, int height, DWORD rop)
 {
-    bool isFromTop = dib.isTopDown && rop == SRCCOPY && from.x == 0 && from.y == 0 && width == from.width
-                     && height == from.height;
+    bool isFromTop =
+        dib.isTopDown && rop == SRCCOPY && from.x == 0 && from.y == 0 && width == from.width && height == from.height;
     return isFromTop ? 0 : cutToInt(int64_t{dib.height} - from.y - from.height);
 }
 
@@ -78,15 +78,21 @@ int StretchDIBits(HDC context, int x, int y, int width, int height, int sourceX,
         return fail(ERROR_INVALID_PARAMETER, 0);
     SourceRect from{sourceX, sourceY, sourceWidth, sourceHeight};
     Area to(drawing.dc(), x, y, width, height);
-    BlitGeometry geometry{to.x, to.y, to.width, to.height, from.x, firstRow(dib, from, width, height, rop),
-                          cutToInt(from.width), cutToInt(from.height)};
+    BlitGeometry geometry{to.x,
+                          to.y,
+                          to.width,
+                          to.height,
+                          from.x,
+                          firstRow(dib, from, width, height, rop),
+                          cutToInt(from.width),
+                          cutToInt(from.height)};
     if (!meets(geometry, dib))
         return 0;
     if (!drawing.touch(to.box()))
         return dib.height;
     DibPixels pixels;
-    bool isDrawn = pixels.open(dib, bits, 0, static_cast<UINT>(dib.height))
-                   && drawPicture(drawing, geometry, pixels, rop);
+    bool isDrawn =
+        pixels.open(dib, bits, 0, static_cast<UINT>(dib.height)) && drawPicture(drawing, geometry, pixels, rop);
     return isDrawn ? dib.height : 0;
 }
 
@@ -103,7 +109,7 @@ int SetDIBitsToDevice(HDC context, int x, int y, DWORD width, DWORD height, int 
     if (!pixels.open(dib, bits, start, lines))
         return 0;
     int shown = linesShown(dib, pixels, sourceY, height, dib.isCompressed() ? 0 : start);
-    if (shown == 0 || width == 0)
+    if (shown == 0 || sourceX >= dib.width || int64_t{sourceX} + width <= 0 || width == 0)
         return 0;
     // The part that is asked for, in rows of the lines given, and where the position puts it.
     POINT position = drawing.dc().toSurface(POINT{x, y});
@@ -111,7 +117,8 @@ int SetDIBitsToDevice(HDC context, int x, int y, DWORD width, DWORD height, int 
     Box part{sourceX, cutToInt(firstRow), cutToInt(int64_t{sourceX} + width), cutToInt(firstRow + height)};
     int64_t left = int64_t{position.x} - sourceX, top = position.y - firstRow;
     Box whole = intersected(part, pixels.surface().box());
-    Box touched{cutToInt(left + whole.x1), cutToInt(top + whole.y1), cutToInt(left + whole.x2), cutToInt(top + whole.y2)};
+    Box touched{cutToInt(left + whole.x1), cutToInt(top + whole.y1), cutToInt(left + whole.x2),
+                cutToInt(top + whole.y2)};
     if (isEmpty(whole) || !drawing.touch(touched))
         return shown;
     return pixels.copyTo(coloredSurface(drawing.surface()), drawing.clip(), left, top, part) ? shown : 0;

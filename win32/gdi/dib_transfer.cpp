@@ -33,6 +33,7 @@ int commonLines(const DibPixels &pixels, const Surface &bitmap)
     return static_cast<int>(std::max<int64_t>(behind - first, 0));
 }
 
+// What the bitmap does not cover becomes 0.
 int getLines(const Bitmap &bitmap, const Dib &dib, const DibPixels &pixels)
 {
     const Surface &target = pixels.surface();

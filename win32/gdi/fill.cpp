@@ -52,6 +52,11 @@ void fillSolidBox(const Surface &surface, const Box &box, const SolidFill &fill)
 // long rows would be longer than the work.
 constexpr int narrow = 16;
 
+bool isSmall(const Box &box)
+{
+    return box.x2 - box.x1 <= narrow && box.y2 - box.y1 <= narrow;
+}
+
 template <class Pixel> void fillNarrowBox(const Surface &surface, const Box &box, const SolidFill &fill)
 {
     auto keep = static_cast<Pixel>(fill.keep);
@@ -69,11 +74,48 @@ template <class Pixel> void fillNarrowBox(const Surface &surface, const Box &box
 template <class Pixel, class EachBox> void fillEachSolid(const Surface &surface, const SolidFill &fill, EachBox eachBox)
 {
     eachBox([&](const Box &box) {
-        if (box.x2 - box.x1 <= narrow)
+        if (isSmall(box))
             fillNarrowBox<Pixel>(surface, box, fill);
         else
             fillSolidBox(surface, box, fill);
     });
+}
+
+// A binary code as sums of products: D = (D & (a P ^ b)) ^ (c P ^ d).
+struct TileFill {
+    explicit TileFill(BinaryCode code)
+    {
+        auto bit = [code](int index) { return -(static_cast<uint32_t>(code) >> index & 1); };
+        flip = bit(0);
+        flipByPen = bit(0) ^ bit(2);
+        keep = bit(0) ^ bit(1);
+        keepByPen = keep ^ bit(2) ^ bit(3);
+    }
+
+    uint32_t apply(uint32_t pen, uint32_t pixel) const
+    {
+        return (pixel & ((pen & keepByPen) ^ keep)) ^ (pen & flipByPen) ^ flip;
+    }
+
+    uint32_t keep, keepByPen, flip, flipByPen;
+};
+
+template <class Pixel>
+void fillNarrowTile(const Surface &surface, const Box &box, const Paint &paint, const TileFill &fill)
+{
+    const Tile &tile = *paint.tile;
+    int start = floorModulo(int64_t{box.x1} - paint.originX, tile.width);
+    int tileRow = floorModulo(int64_t{box.y1} - paint.originY, tile.height);
+    uint8_t *row = surface.row(box.y1);
+    for (int y = box.y1; y < box.y2; ++y, row += surface.stride) {
+        const uint32_t *pens = &tile.pixels[static_cast<size_t>(tileRow) * static_cast<size_t>(tile.width)];
+        auto *pixels = reinterpret_cast<Pixel *>(row);
+        for (int x = box.x1, column = start; x < box.x2; ++x) {
+            pixels[x] = static_cast<Pixel>(fill.apply(pens[column], pixels[x]));
+            column = column + 1 == tile.width ? 0 : column + 1;
+        }
+        tileRow = tileRow + 1 == tile.height ? 0 : tileRow + 1;
+    }
 }
 
 void fillPatternBox(const Surface &surface, const Box &box, PatternRow &pattern, BinaryCode code)
@@ -96,9 +138,28 @@ void fillStrips(const Surface &surface, Box box, PatternRow &pattern, BinaryCode
     }
 }
 
-// Calls fill(Box) with each box once the way of filling is chosen.
 template <class EachBox>
-void fillEach(const Surface &surface, const Paint &paint, int rop2, EachBox eachBox)
+void fillEachPattern(const Surface &surface, const Paint &paint, BinaryCode code, EachBox eachBox)
+{
+    PatternRow pattern(surface.format, paint);
+    int bits = surface.format.bitsPerPixel;
+    bool hasNarrowWay =
+        paint.kind == Paint::Kind::Tiled && !pattern.hasHoles() && (bits == 8 || bits == 16 || bits == 32);
+    TileFill fill(code);
+    eachBox([&](const Box &box) {
+        if (!hasNarrowWay || !isSmall(box))
+            fillStrips(surface, box, pattern, code);
+        else if (bits == 32)
+            fillNarrowTile<uint32_t>(surface, box, paint, fill);
+        else if (bits == 16)
+            fillNarrowTile<uint16_t>(surface, box, paint, fill);
+        else
+            fillNarrowTile<uint8_t>(surface, box, paint, fill);
+    });
+}
+
+// Calls fill(Box) with each box once the way of filling is chosen.
+template <class EachBox> void fillEach(const Surface &surface, const Paint &paint, int rop2, EachBox eachBox)
 {
     BinaryCode code = binaryCodeOf(rop2);
     if (paint.kind == Paint::Kind::Nothing || code == BinaryCode::KeepDestination)
@@ -107,21 +168,14 @@ void fillEach(const Surface &surface, const Paint &paint, int rop2, EachBox each
     // A code that takes no notice of the paint needs no pattern but for its holes.
     if (isTiled && paint.tile->coverage.empty() && !usesSource(static_cast<uint8_t>(code)))
         isTiled = false;
-    if (isTiled || (surface.format.layout == PixelLayout::Bgr24 && !isGray(paint.pixel))) {
-        PatternRow pattern(surface.format, paint);
-        eachBox([&](const Box &box) { fillStrips(surface, box, pattern, code); });
-        return;
-    }
+    if (isTiled || (surface.format.layout == PixelLayout::Bgr24 && !isGray(paint.pixel)))
+        return fillEachPattern(surface, paint, code, eachBox);
     SolidFill fill(surface.format, paint.pixel, code);
     switch (surface.format.bitsPerPixel) {
-    case 32:
-        return fillEachSolid<uint32_t>(surface, fill, eachBox);
-    case 16:
-        return fillEachSolid<uint16_t>(surface, fill, eachBox);
-    case 8:
-        return fillEachSolid<uint8_t>(surface, fill, eachBox);
-    default:
-        eachBox([&](const Box &box) { fillSolidBox(surface, box, fill); });
+    case 32: return fillEachSolid<uint32_t>(surface, fill, eachBox);
+    case 16: return fillEachSolid<uint16_t>(surface, fill, eachBox);
+    case 8: return fillEachSolid<uint8_t>(surface, fill, eachBox);
+    default: eachBox([&](const Box &box) { fillSolidBox(surface, box, fill); });
     }
 }
 
@@ -137,7 +191,7 @@ void fillBoxes(const Surface &surface, const Box *boxes, size_t count, const Pai
 
 void fillClipped(const Surface &surface, const ClipBoxes &clip, const Box &box, const Paint &paint, int rop2)
 {
-    fillEach(surface, paint, rop2, [&clip, &box](auto fill) { eachVisible(clip, box, fill); });
+    fillEach(surface, paint, rop2, [&clip, &box](auto fill) { eachVisibleInAnyOrder(clip, box, fill); });
 }
 
 void fillManyClipped(const Surface &surface, const ClipBoxes &clip, std::span<const Box> boxes, const Paint &paint,

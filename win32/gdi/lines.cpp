@@ -50,7 +50,10 @@ BOOL MoveToEx(HDC context, int x, int y, LPPOINT old)
 BOOL LineTo(HDC context, int x, int y)
 {
     BOOL isDone = recordOrDraw(
-        context, [x, y](PathRecorder &path) { path.lineTo({x, y}); },
+        context,
+        [x, y](PathRecorder &path) {
+            path.lineTo({x, y});
+        },
         [x, y](Drawing &drawing) {
             const DeviceContext &dc = drawing.dc();
             Stroker(drawing).line(dc.toSurface(dc.state.position), dc.toSurface(POINT{x, y}));

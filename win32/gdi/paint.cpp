@@ -45,7 +45,7 @@ void makeHatch(const Brush &brush, const Surface &surface, const BrushColors &co
 {
     const uint8_t *rows = hatchRows[std::min<ULONG_PTR>(brush.hatch, HS_DIAGCROSS)];
     fillBitmapTile(tile, rows, linePixelFor(surface, colors.background, colors.background),
-                   linePixelFor(surface, brush.color, colors.background));
+                   linePixelFor(surface, colors.brush, colors.background));
     if (colors.isBackgroundOpaque)
         return;
     tile.coverage.resize(64);
@@ -73,10 +73,11 @@ void makePattern(const Surface &pattern, const Surface &surface, const BrushColo
 
 uint32_t linePixelFor(const Surface &surface, COLORREF color, COLORREF background)
 {
-    constexpr COLORREF black = RGB(0, 0, 0), white = RGB(255, 255, 255);
-    if (!surface.format.isMonochrome || color == black || color == white)
-        return pixelFor(surface, color);
-    return (color == background) == (background != black);
+    uint32_t pixel = pixelFor(surface, color);
+    if (surface.format.bitsPerPixel != 1 || colorOf(surface, pixel) == color)
+        return pixel;
+    uint32_t backgroundPixel = pixelFor(surface, background);
+    return color == background ? backgroundPixel : backgroundPixel ^ 1;
 }
 
 bool isDithered(const Surface &surface, COLORREF color)
@@ -89,7 +90,7 @@ void makeTile(const Brush &brush, const Surface &surface, const BrushColors &col
     if (brush.style == BS_HATCHED)
         return makeHatch(brush, surface, colors, tile);
     if (brush.style == BS_SOLID)
-        return makeDither(brush.color, tile);
+        return makeDither(colors.brush, tile);
     if (!brush.isSmallPattern)
         return makePattern(brush.pattern->surface, surface, colors, tile);
     bool areBitsPixels = surface.format.isMonochrome;

@@ -37,6 +37,7 @@ struct BrushColors {
     COLORREF text = 0; // plain RGB values
     COLORREF background = 0;
     bool isBackgroundOpaque = true; // of hatched brushes
+    COLORREF brush = 0;             // a solid or hatched brush's own
 
     bool operator==(const BrushColors &) const = default;
 };
@@ -48,7 +49,7 @@ uint32_t linePixelFor(const Surface &surface, COLORREF color, COLORREF backgroun
 // Whether a solid brush of the colour needs a tile, because it is mixed from black and white.
 bool isDithered(const Surface &surface, COLORREF color);
 
-// The tile of a hatched or pattern brush for a surface, or of a solid one that is dithered.
+// The tile of a hatched or pattern brush for a surface, or of a solid one that is dithered. May throw bad_alloc.
 void makeTile(const Brush &brush, const Surface &surface, const BrushColors &colors, Tile &tile);
 
 } // namespace win32::gdi

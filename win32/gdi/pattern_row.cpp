@@ -7,16 +7,6 @@
 
 namespace win32::gdi {
 
-namespace {
-
-int floorModulo(int64_t value, int modulus)
-{
-    auto rest = static_cast<int>(value % modulus);
-    return rest < 0 ? rest + modulus : rest;
-}
-
-} // namespace
-
 PatternRow::PatternRow(const PixelFormat &format, const Paint &paint) : format_(format), paint_(paint)
 {
     if (paint.kind != Paint::Kind::Tiled)

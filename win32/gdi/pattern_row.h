@@ -7,6 +7,12 @@
 
 namespace win32::gdi {
 
+inline int floorModulo(int64_t value, int modulus)
+{
+    auto rest = static_cast<int>(value % modulus);
+    return rest < 0 ? rest + modulus : rest;
+}
+
 // One row of a paint, built in place for a span of pixels. A paint that repeats soon is built for a part of
 // the span and repeats from there; for one that does not, boxes are cut into strips of stripWidth().
 class PatternRow {

@@ -4,6 +4,9 @@
 
 #include "kernel/kernel_internal.h"
 
+#include <climits>
+#include <cstdlib>
+
 using namespace win32;
 using namespace win32::gdi;
 
@@ -85,7 +88,7 @@ HPEN CreatePen(int style, int width, COLORREF color)
     return createPen([&](Pen &pen) {
         bool isKnown = style >= PS_SOLID && style <= PS_INSIDEFRAME;
         pen.style = isKnown ? static_cast<DWORD>(style) : DWORD{PS_SOLID};
-        pen.width = width < 0 ? -width : width;
+        pen.width = width == INT_MIN ? INT_MAX : std::abs(width);
         if (pen.style == PS_NULL) {
             pen.width = 1;
             pen.brush.style = BS_NULL;

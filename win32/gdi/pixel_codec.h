@@ -9,10 +9,7 @@ namespace win32::gdi {
 struct Channel {
     explicit Channel(uint32_t mask);
 
-    uint32_t encode(uint32_t value) const
-    {
-        return (bits <= 8 ? value >> (8 - bits) : value << (bits - 8)) << shift;
-    }
+    uint32_t encode(uint32_t value) const { return (bits <= 8 ? value >> (8 - bits) : value << (bits - 8)) << shift; }
 
     // All bits of the channel set give 255: its highest bits are repeated below.
     uint32_t decode(uint32_t pixel) const

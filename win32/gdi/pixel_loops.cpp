@@ -1,48 +1,156 @@
 // Plain loops over words, which the compiler turns into the processor's vector operations.
+//
+// Rows of many lengths come one after another when a clip has many boxes; so a row's end is not made of ever
+// smaller pieces, whose branches cannot be predicted, but is a whole piece that overlaps the one before. Its
+// result is formed before the row changes.
 #include "pixel_loops.h"
 
+#include <bit>
 #include <cstring>
+#include <cwchar>
+#include <iterator>
+#include <type_traits>
+#include <utility>
 
 namespace win32::gdi {
 
 namespace {
 
-// A word at any address, of whatever the bytes are.
-using Word [[gnu::may_alias, gnu::aligned(1)]] = uint32_t;
+using Word = uint32_t;
+using Vector [[gnu::vector_size(16)]] = uint32_t;
 
 #define ALWAYS_INLINE inline __attribute__((always_inline))
 
-// Calls change(uint32_t) or change(uint8_t) for each word and the last bytes of a row.
-template <class Change> ALWAYS_INLINE void changeEach(uint8_t *__restrict row, size_t length, Change change)
+constexpr size_t blockSize = 64;
+
+template <class Piece> ALWAYS_INLINE Piece load(const uint8_t *bytes)
 {
-    auto *words = reinterpret_cast<Word *>(row);
-    for (size_t i = 0; i < length / 4; ++i)
-        words[i] = change(words[i], 0);
-    for (size_t i = length & ~size_t{3}; i < length; ++i)
-        row[i] = static_cast<uint8_t>(change(row[i], (i & 3) * 8));
+    Piece piece;
+    memcpy(&piece, bytes, sizeof piece);
+    return piece;
 }
 
-template <class Combine>
-ALWAYS_INLINE void combineEach(uint8_t *__restrict row, const uint8_t *__restrict source, size_t length, Combine combine)
+template <class Piece> ALWAYS_INLINE void store(uint8_t *bytes, Piece piece)
 {
-    auto *words = reinterpret_cast<Word *>(row);
-    auto *sourceWords = reinterpret_cast<const Word *>(source);
-    for (size_t i = 0; i < length / 4; ++i)
-        words[i] = combine(sourceWords[i], words[i]);
-    for (size_t i = length & ~size_t{3}; i < length; ++i)
-        row[i] = static_cast<uint8_t>(combine(source[i], row[i]));
+    memcpy(bytes, &piece, sizeof piece);
+}
+
+// What a piece holds at an offset of a row in which a word is repeated from offset 0 on.
+template <class Piece> ALWAYS_INLINE Piece repeated(Word word, size_t offset)
+{
+    word = std::rotr(word, static_cast<int>(offset & 3) * 8);
+    if constexpr (std::is_same_v<Piece, Vector>)
+        return Vector{word, word, word, word};
+    else if constexpr (sizeof(Piece) == 8)
+        return Piece{word} << 32 | word;
+    else
+        return static_cast<Piece>(word);
+}
+
+// Each of these tells what becomes of a piece of a row at an offset; pieces at multiples of 4 by atWord.
+struct Fill {
+    Word word;
+
+    template <class Piece> ALWAYS_INLINE Piece at(size_t offset) const { return repeated<Piece>(word, offset); }
+    ALWAYS_INLINE Word atWord(size_t) const { return word; }
+};
+
+struct AndXor {
+    const uint8_t *row;
+    Word keep;
+    Word flip;
+
+    template <class Piece> ALWAYS_INLINE Piece at(size_t offset) const
+    {
+        return static_cast<Piece>((load<Piece>(row + offset) & repeated<Piece>(keep, offset))
+                                  ^ repeated<Piece>(flip, offset));
+    }
+    ALWAYS_INLINE Word atWord(size_t offset) const { return (load<Word>(row + offset) & keep) ^ flip; }
+};
+
+template <int code> struct Combine {
+    const uint8_t *row;
+    const uint8_t *source;
+
+    template <class Piece> ALWAYS_INLINE Piece at(size_t offset) const
+    {
+        Piece s = load<Piece>(source + offset), d = load<Piece>(row + offset);
+        Piece result{};
+        if constexpr (code & 1)
+            result |= ~s & ~d;
+        if constexpr (code & 2)
+            result |= ~s & d;
+        if constexpr (code & 4)
+            result |= s & ~d;
+        if constexpr (code & 8)
+            result |= s & d;
+        return result;
+    }
+    ALWAYS_INLINE Word atWord(size_t offset) const { return at<Word>(offset); }
+};
+
+template <class Piece, class Change> ALWAYS_INLINE void changeInPieces(uint8_t *row, size_t length, Change change)
+{
+    size_t end = length - sizeof(Piece);
+    Piece last = change.template at<Piece>(end);
+    for (size_t i = 0; i < end; i += sizeof(Piece))
+        store(row + i, change.template at<Piece>(i));
+    store(row + end, last);
+}
+
+// The end first: its cache line is on its way while the rest is written.
+ALWAYS_INLINE void changeInBlocks(uint8_t *row, size_t length, Fill fill)
+{
+    size_t end = length - blockSize;
+    Fill last{repeated<Word>(fill.word, end)};
+    for (size_t k = 0; k < blockSize; k += sizeof(Word))
+        store(row + end + k, last.word);
+    for (size_t i = 0; i < end; i += blockSize)
+        for (size_t k = 0; k < blockSize; k += sizeof(Word))
+            store(row + i + k, fill.word);
+}
+
+template <class Change> ALWAYS_INLINE void changeInBlocks(uint8_t *row, size_t length, Change change)
+{
+    size_t end = length - blockSize;
+    Vector last[blockSize / sizeof(Vector)];
+    for (size_t k = 0; k < std::size(last); ++k)
+        last[k] = change.template at<Vector>(end + k * sizeof(Vector));
+    for (size_t i = 0; i < end; i += blockSize)
+        for (size_t k = 0; k < blockSize; k += sizeof(Word))
+            store(row + i + k, change.atWord(i + k));
+    for (size_t k = 0; k < std::size(last); ++k)
+        store(row + end + k * sizeof(Vector), last[k]);
+}
+
+template <class Change> ALWAYS_INLINE void changeRow(uint8_t *row, size_t length, Change change)
+{
+    if (length >= blockSize)
+        changeInBlocks(row, length, change);
+    else if (length >= sizeof(Vector))
+        changeInPieces<Vector>(row, length, change);
+    else if (length >= 8)
+        changeInPieces<uint64_t>(row, length, change);
+    else if (length >= 4)
+        changeInPieces<uint32_t>(row, length, change);
+    else if (length >= 2)
+        changeInPieces<uint16_t>(row, length, change);
+    else if (length == 1)
+        store(row, change.template at<uint8_t>(0));
+}
+
+template <int code> ALWAYS_INLINE void combineRowsBy(ByteRows rows, ConstByteRows source, size_t length, int count)
+{
+    for (int y = 0; y < count; ++y) {
+        uint8_t *__restrict row = rows.bytes + y * rows.stride;
+        const uint8_t *__restrict sourceRow = source.bytes + y * source.stride;
+        changeRow(row, length, Combine<code>{row, sourceRow});
+    }
 }
 
 ALWAYS_INLINE uint8_t maskedByte(uint32_t before, uint32_t after, uint32_t mask)
 {
     return static_cast<uint8_t>(before ^ ((before ^ after) & mask));
-}
-
-template <int code> ALWAYS_INLINE void combineRowsBy(ByteRows rows, ConstByteRows source, size_t length, int count)
-{
-    for (int y = 0; y < count; ++y)
-        combineEach(rows.bytes + y * rows.stride, source.bytes + y * source.stride, length,
-                    [](uint32_t s, uint32_t d) { return evaluate<uint32_t>(BinaryCode{code}, s, d); });
 }
 
 // A ternary code as a sum of products of its operands: c0 ^ c1 P ^ S (c2 ^ c3 P) ^ D (c4 ^ c5 P ^ S (c6 ^ c7 P)).
@@ -51,8 +159,13 @@ struct Coefficients {
     {
         // The factor of a product is the parity of the results for all inputs within the product.
         constexpr int source = 2, pattern = 4, destination = 1;
-        constexpr int order[8] = {0,           pattern,           source,           source | pattern,
-                                  destination, destination | pattern, destination | source,
+        constexpr int order[8] = {0,
+                                  pattern,
+                                  source,
+                                  source | pattern,
+                                  destination,
+                                  destination | pattern,
+                                  destination | source,
                                   destination | source | pattern};
         for (int i = 0; i < 8; ++i) {
             int parity = 0;
@@ -65,8 +178,7 @@ struct Coefficients {
 
     ALWAYS_INLINE uint32_t apply(uint32_t p, uint32_t s, uint32_t d) const
     {
-        return c[0] ^ (c[1] & p) ^ (s & (c[2] ^ (c[3] & p)))
-               ^ (d & (c[4] ^ (c[5] & p) ^ (s & (c[6] ^ (c[7] & p)))));
+        return c[0] ^ (c[1] & p) ^ (s & (c[2] ^ (c[3] & p))) ^ (d & (c[4] ^ (c[5] & p) ^ (s & (c[6] ^ (c[7] & p)))));
     }
 
     uint32_t c[8];
@@ -75,23 +187,77 @@ struct Coefficients {
 } // namespace
 
 WIN32_FOR_EACH_PROCESSOR
-void fillRows(ByteRows rows, size_t length, int count, uint32_t word)
+static void fillShortRows(ByteRows rows, size_t length, int count, uint32_t word)
 {
     for (int y = 0; y < count; ++y)
-        changeEach(rows.bytes + y * rows.stride, length,
-                   [word](uint32_t, size_t shift) { return word >> shift; });
+        changeRow(rows.bytes + y * rows.stride, length, Fill{word});
+}
+
+void fillRows(ByteRows rows, size_t length, int count, uint32_t word)
+{
+    constexpr size_t longRow = 1024;
+    static_assert(sizeof(wchar_t) == sizeof word);
+    bool isAligned = (reinterpret_cast<uintptr_t>(rows.bytes) | static_cast<uintptr_t>(rows.stride)) % sizeof word == 0;
+    if (length < longRow || !isAligned)
+        return fillShortRows(rows, length, count, word);
+    for (int y = 0; y < count; ++y) {
+        uint8_t *row = rows.bytes + y * rows.stride;
+        wmemset(reinterpret_cast<wchar_t *>(row), static_cast<wchar_t>(word), length / 4);
+        memcpy(row + length / 4 * 4, &word, length % 4);
+    }
 }
 
 WIN32_FOR_EACH_PROCESSOR
 void andXorRows(ByteRows rows, size_t length, int count, uint32_t keep, uint32_t flip)
 {
-    for (int y = 0; y < count; ++y)
-        changeEach(rows.bytes + y * rows.stride, length,
-                   [keep, flip](uint32_t d, size_t shift) { return (d & keep >> shift) ^ flip >> shift; });
+    for (int y = 0; y < count; ++y) {
+        uint8_t *row = rows.bytes + y * rows.stride;
+        changeRow(row, length, AndXor{row, keep, flip});
+    }
+}
+
+// Rows of medium length are copied by straight code for the number of their blocks. The rows to come are
+// asked for early: a processor does not foresee them when they begin on other pages.
+template <size_t blocks>
+ALWAYS_INLINE void copyRowsOfBlocks(ByteRows rows, ConstByteRows source, size_t length, int count)
+{
+    constexpr int ahead = 4;
+    for (int y = 0; y < count; ++y, rows.bytes += rows.stride, source.bytes += source.stride) {
+#pragma GCC unroll 16
+        for (size_t block = 0; block <= blocks; ++block)
+            __builtin_prefetch(source.bytes + ahead * source.stride + block * blockSize);
+#pragma GCC unroll 16
+        for (size_t block = 0; block < blocks; ++block)
+            memcpy(rows.bytes + block * blockSize, source.bytes + block * blockSize, blockSize);
+        memcpy(rows.bytes + length - blockSize, source.bytes + length - blockSize, blockSize);
+    }
+}
+
+template <size_t... blocks>
+ALWAYS_INLINE void copyRowsByBlocks(ByteRows rows, ConstByteRows source, size_t length, int count,
+                                    std::index_sequence<blocks...>)
+{
+    size_t wanted = (length - 1) / blockSize;
+    (void)((wanted == blocks && (copyRowsOfBlocks<blocks>(rows, source, length, count), true)) || ...);
+}
+
+constexpr size_t mostBlocks = 16;
+
+WIN32_FOR_EACH_PROCESSOR
+static void copyMediumRows(ByteRows rows, ConstByteRows source, size_t length, int count)
+{
+    copyRowsByBlocks(rows, source, length, count, std::make_index_sequence<mostBlocks>());
 }
 
 void copyRows(ByteRows rows, ConstByteRows source, size_t length, int count)
 {
+    if (length >= blockSize && length <= mostBlocks * blockSize)
+        return copyMediumRows(rows, source, length, count);
+    // Rows that join without a gap, in both places; within one surface the whole may overlap then.
+    if (rows.stride == source.stride && rows.stride == static_cast<ptrdiff_t>(length)) {
+        length *= static_cast<size_t>(count);
+        count = 1;
+    }
     for (int y = 0; y < count; ++y)
         memmove(rows.bytes + y * rows.stride, source.bytes + y * source.stride, length);
 }
@@ -132,11 +298,9 @@ void combineRow(uint8_t *__restrict row, const uint8_t *__restrict source, const
                 size_t length, uint8_t ternary)
 {
     Coefficients coefficients(ternary);
-    auto *words = reinterpret_cast<Word *>(row);
-    auto *sourceWords = reinterpret_cast<const Word *>(source);
-    auto *patternWords = reinterpret_cast<const Word *>(pattern);
     for (size_t i = 0; i < length / 4; ++i)
-        words[i] = coefficients.apply(patternWords[i], sourceWords[i], words[i]);
+        store<Word>(row + 4 * i, coefficients.apply(load<Word>(pattern + 4 * i), load<Word>(source + 4 * i),
+                                                    load<Word>(row + 4 * i)));
     for (size_t i = length & ~size_t{3}; i < length; ++i)
         row[i] = static_cast<uint8_t>(coefficients.apply(pattern[i], source[i], row[i]));
 }

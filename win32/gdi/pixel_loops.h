@@ -8,7 +8,7 @@
 
 // The loops are compiled for plain and for newer processors, and chosen when the library is loaded.
 #if defined(__x86_64__)
-#define WIN32_FOR_EACH_PROCESSOR __attribute__((target_clones("avx2", "default")))
+#define WIN32_FOR_EACH_PROCESSOR __attribute__((target_clones("avx512f", "avx2", "default")))
 #else
 #define WIN32_FOR_EACH_PROCESSOR
 #endif
@@ -30,7 +30,6 @@ void fillRows(ByteRows rows, size_t length, int count, uint32_t word);
 // D = (D & keep) ^ flip, with both words repeated from the start of each row.
 void andXorRows(ByteRows rows, size_t length, int count, uint32_t keep, uint32_t flip);
 
-// A source row may overlap its row.
 void copyRows(ByteRows rows, ConstByteRows source, size_t length, int count);
 void combineRows(ByteRows rows, ConstByteRows source, size_t length, int count, BinaryCode code);
 // Only bits that are set in the mask change.

@@ -24,15 +24,19 @@ void askForHugePages(uint8_t *block, size_t size)
 
 PixelMemory::~PixelMemory()
 {
-    if (data_)
-        freeBlock(data_, size_);
+    if (block_)
+        freeBlock(block_, blockSize_);
 }
 
 bool PixelMemory::allocate(size_t byteCount)
 {
-    data_ = static_cast<uint8_t *>(allocateBlock(byteCount, true));
-    if (!data_)
+    // Large pictures begin with a cache line: their rows often do then.
+    constexpr size_t line = 64, large = 4096;
+    blockSize_ = byteCount < large ? byteCount : byteCount + line;
+    block_ = static_cast<uint8_t *>(allocateBlock(blockSize_, true));
+    if (!block_)
         return fail(ERROR_NOT_ENOUGH_MEMORY, false);
+    data_ = byteCount < large ? block_ : block_ + (line - reinterpret_cast<uintptr_t>(block_) % line);
     size_ = byteCount;
     if (byteCount >= 2 * hugePage)
         askForHugePages(data_, byteCount);

@@ -21,12 +21,12 @@ public:
 
     // Changes a box of the destination. The source's rows have their pixels in the destination's format and
     // at the same bit positions within bytes; the first of them belongs to the top of the box. Rows are taken
-    // in the order given, and a source row may overlap its destination row only if this is a copy.
+    // in the order given; a source row never overlaps its destination row.
     void apply(const Box &box, const uint8_t *source, ptrdiff_t sourceStride, RowOrder order = RowOrder::TopDown);
 
 private:
-    void applyBinary(const RowSpan &span, uint8_t *row, ptrdiff_t stride, const uint8_t *source,
-                     ptrdiff_t sourceStride, int count);
+    void applyBinary(const RowSpan &span, uint8_t *row, ptrdiff_t stride, const uint8_t *source, ptrdiff_t sourceStride,
+                     int count);
     void applyTernary(const Box &box, const uint8_t *source, ptrdiff_t sourceStride, RowOrder order);
     void applyTernaryRow(const RowSpan &span, uint8_t *row, const uint8_t *source) const;
 

@@ -75,7 +75,6 @@ void win32::gdi::recordRectangle(PathRecorder &path, const Box &box)
 BOOL Rectangle(HDC context, int left, int top, int right, int bottom)
 {
     return recordOrDraw(
-        context,
-        [=](PathRecorder &path) { recordRectangle(path, deviceBox(path.dc(), left, top, right, bottom)); },
+        context, [=](PathRecorder &path) { recordRectangle(path, deviceBox(path.dc(), left, top, right, bottom)); },
         [=](Drawing &drawing) { drawRectangle(drawing, surfaceBox(drawing.dc(), left, top, right, bottom)); });
 }

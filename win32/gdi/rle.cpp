@@ -46,9 +46,7 @@ private:
             x_ += *next_++;
             line_ += *next_++;
             return true;
-        default:
-            takePlain(value);
-            return true;
+        default: takePlain(value); return true;
         }
     }
 

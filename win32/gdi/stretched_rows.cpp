@@ -181,8 +181,8 @@ void StretchedRows::averagePixels(const SourceRange &rows)
     for (int row = rows.begin; row < rows.end; ++row)
         addToSums(row);
     for (size_t i = 0; i < ranges_.size(); ++i) {
-        auto count = static_cast<uint64_t>(rows.end - rows.begin)
-                     * static_cast<uint64_t>(ranges_[i].end - ranges_[i].begin);
+        auto count =
+            static_cast<uint64_t>(rows.end - rows.begin) * static_cast<uint64_t>(ranges_[i].end - ranges_[i].begin);
         auto average = [count](uint64_t sum) { return static_cast<uint32_t>((sum + count / 2) / count); };
         source_[i] = average(sums_[i].red) << 16 | average(sums_[i].green) << 8 | average(sums_[i].blue);
     }

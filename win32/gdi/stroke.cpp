@@ -67,19 +67,18 @@ Stroker::Stroker(Drawing &drawing) : drawing_(drawing), pen_(*drawing.dc().state
     if (pen_.width > 1 || (!dc.isTranslation() && pen_.width == 1 && !isCosmetic))
         setShape(dc);
     if (pen_.lineStyle() != PS_SOLID)
-        pattern_ = DashPattern(pen_, std::max(width_, height_));
+        pattern_ = DashPattern(pen_, width_);
     paint_ = dc.penPaint();
     if (!pattern_.isSolid() && !pen_.isExtended && dc.state.backgroundMode == OPAQUE)
         gapPaint_ = solidPaint(pixelFor(dc.surface, dc.plainColor(dc.state.backgroundColor)));
 }
 
+// A mapping that stretches heights by another factor than widths leaves pens round: the width decides.
 void Stroker::setShape(const DeviceContext &dc)
 {
     constexpr int widest = 1 << 26; // beyond any surface
     width_ = std::clamp(dc.deviceWidth(pen_.width), 1, widest);
-    height_ = std::clamp(dc.deviceHeight(pen_.width), 1, widest);
     shape_.radius = width_ / 2.0;
-    shape_.aspect = double{1} * width_ / height_;
     shape_.isEven = width_ % 2 == 0;
     shape_.cap = pen_.style & PS_ENDCAP_MASK;
     shape_.join = pen_.style & PS_JOIN_MASK;
@@ -90,7 +89,9 @@ Box Stroker::insideFrame(const Box &box) const
 {
     if (pen_.lineStyle() != PS_INSIDEFRAME || !isWide())
         return box;
-    return {box.x1 + width_ / 2, box.y1 + height_ / 2, box.x2 - (width_ - 1) / 2, box.y2 - (height_ - 1) / 2};
+    int before = width_ / 2;
+    int behind = (width_ - 1) / 2;
+    return {box.x1 + before, box.y1 + before, box.x2 - behind, box.y2 - behind};
 }
 
 void Stroker::line(POINT from, POINT to)

@@ -16,7 +16,7 @@ public:
 
     // A pen that draws nothing, whatever it is asked for.
     bool isNothing() const { return pen_.brush.style == BS_NULL; }
-    bool isWide() const { return width_ > 1 || height_ > 1; }
+    bool isWide() const { return width_ > 1; }
     bool isSolid() const { return pattern_.isSolid(); }
     // One colour without gaps, one pixel wide.
     bool isPlain() const { return !isWide() && isSolid() && paint_.kind == Paint::Kind::Solid; }
@@ -49,7 +49,6 @@ private:
     Drawing &drawing_;
     const Pen &pen_;
     int width_ = 1; // pixels
-    int height_ = 1;
     PenShape shape_;
     DashPattern pattern_;
     Paint paint_;

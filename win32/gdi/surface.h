@@ -24,7 +24,10 @@ struct PixelFormat {
     bool operator==(const PixelFormat &) const = default;
     bool isIndexed() const { return layout <= PixelLayout::Index8; }
     // 0x00RRGGBB in a word: the screen's order.
-    bool isXrgb32() const { return layout == PixelLayout::Direct32 && redMask == 0xff0000 && greenMask == 0xff00 && blueMask == 0xff; }
+    bool isXrgb32() const
+    {
+        return layout == PixelLayout::Direct32 && redMask == 0xff0000 && greenMask == 0xff00 && blueMask == 0xff;
+    }
 };
 
 PixelFormat monochromeFormat();

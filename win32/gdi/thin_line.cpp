@@ -78,7 +78,8 @@ ThinLine::ThinLine(FixedPoint from, FixedPoint to)
     slope_ = std::llabs(minor);
     // How far the start of the first column lies behind the segment's, in sixteenths.
     int64_t lead = (first * fixedOne - majorFrom) * majorStep_;
-    Wide offset = minorStep_ > 0 ? Wide{minorFrom + fixedOne / 2} * length_ - 1 : Wide{fixedOne / 2 - minorFrom} * length_;
+    Wide offset =
+        minorStep_ > 0 ? Wide{minorFrom + fixedOne / 2} * length_ - 1 : Wide{fixedOne / 2 - minorFrom} * length_;
     Wide start = floorDivision(offset + Wide{lead} * slope_, fixedOne);
     int64_t steps = floorDivision(start, length_);
     minorStart_ = minorStep_ > 0 ? steps : -steps;
@@ -146,7 +147,8 @@ void ThinLine::plot(const Surface &surface, int64_t first, int64_t last, Mix mix
     // In 32 fractional bits each step is rounded down; over so few pixels the half of the smallest possible
     // distance that is added at the start outweighs that, and the steps do not wait for each other.
     if ((last - first) <= (int64_t{1} << 31) / length_) {
-        uint64_t fraction = ((static_cast<uint64_t>(error) << 32) + (uint64_t{1} << 31)) / static_cast<uint64_t>(length_);
+        uint64_t fraction =
+            ((static_cast<uint64_t>(error) << 32) + (uint64_t{1} << 31)) / static_cast<uint64_t>(length_);
         uint64_t step = (static_cast<uint64_t>(slope_) << 32) / static_cast<uint64_t>(length_);
         for (int64_t i = first; i < last; ++i, at += major, fraction += step)
             mix(*reinterpret_cast<Pixel *>(at + static_cast<ptrdiff_t>(fraction >> 32) * minor));
@@ -173,7 +175,8 @@ void ThinLine::plotSolid(const Surface &surface, int64_t first, int64_t last, ui
     BinaryCode code = binaryCodeOf(rop2);
     auto flip = static_cast<Pixel>(evaluate<uint32_t>(code, value, 0));
     auto keep = static_cast<Pixel>(flip ^ evaluate<uint32_t>(code, value, ~0u));
-    plot<Pixel>(surface, first, last, [keep, flip](Pixel &pixel) { pixel = static_cast<Pixel>((pixel & keep) ^ flip); });
+    plot<Pixel>(surface, first, last,
+                [keep, flip](Pixel &pixel) { pixel = static_cast<Pixel>((pixel & keep) ^ flip); });
 }
 
 // Pixels as runs along the major axis, for what has no loop of its own.
@@ -208,17 +211,10 @@ void ThinLine::draw(const Surface &surface, int64_t first, int64_t last, const P
     // Pixels in a row are better filled as such.
     bool isSolid = paint.kind == Paint::Kind::Solid && (slope_ != 0 || isSteep_);
     switch (isSolid ? surface.format.bitsPerPixel : 0) {
-    case 32:
-        plotSolid<uint32_t>(surface, first, last, paint.pixel, rop2);
-        break;
-    case 16:
-        plotSolid<uint16_t>(surface, first, last, paint.pixel, rop2);
-        break;
-    case 8:
-        plotSolid<uint8_t>(surface, first, last, paint.pixel, rop2);
-        break;
-    default:
-        fillRuns(surface, first, last, paint, rop2);
+    case 32: plotSolid<uint32_t>(surface, first, last, paint.pixel, rop2); break;
+    case 16: plotSolid<uint16_t>(surface, first, last, paint.pixel, rop2); break;
+    case 8: plotSolid<uint8_t>(surface, first, last, paint.pixel, rop2); break;
+    default: fillRuns(surface, first, last, paint, rop2);
     }
 }
 

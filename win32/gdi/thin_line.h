@@ -52,8 +52,7 @@ private:
     }
     int64_t bounded(Wide index) const;
     void narrow(int64_t &first, int64_t &last, const Box &box) const;
-    template <class Pixel, class Mix>
-    void plot(const Surface &surface, int64_t first, int64_t last, Mix mix) const;
+    template <class Pixel, class Mix> void plot(const Surface &surface, int64_t first, int64_t last, Mix mix) const;
     template <class Pixel>
     void plotSolid(const Surface &surface, int64_t first, int64_t last, uint32_t value, int rop2) const;
     void fillRuns(const Surface &surface, int64_t first, int64_t last, const Paint &paint, int rop2) const;

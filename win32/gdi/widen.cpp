@@ -8,8 +8,10 @@ namespace {
 
 // Round ends and joins are a little smaller than the width asks for, so that small ones look round.
 constexpr double roundness = 0.1;
-// How far the corners of a round end may stand off a circle, in pixels.
+// How far the corners of a round end may stand off a circle, in pixels, unless it is so large that it would
+// have more than a thousand of them.
 constexpr double tolerance = 0.1;
+constexpr double shortestPiece = 2 * std::numbers::pi / 1024;
 
 } // namespace
 
@@ -34,7 +36,7 @@ void Widener::take(std::span<const FixedPoint> points, bool isClosed)
     for (const FixedPoint &point : points) {
         if (previous && *previous == point)
             continue;
-        vertices_.push_back({double{1} * point.x / fixedOne, double{1} * point.y / fixedOne * shape_.aspect});
+        vertices_.push_back({double{1} * point.x / fixedOne, double{1} * point.y / fixedOne});
         previous = &point;
     }
     while (isClosed && vertices_.size() > 1 && (vertices_.front() - vertices_.back()).length() == 0)
@@ -172,8 +174,8 @@ void Widener::dot()
 void Widener::arc(Vector center, Vector from, double angle)
 {
     double radius = std::max(shape_.radius - roundness, shape_.radius / 2);
-    double widest = 2 * std::acos(1 - std::min(1.0, tolerance / radius));
-    int pieces = static_cast<int>(std::ceil(std::fabs(angle) / widest));
+    double piece = std::max(2 * std::acos(1 - std::min(1.0, tolerance / radius)), shortestPiece);
+    int pieces = static_cast<int>(std::ceil(std::fabs(angle) / piece));
     if (pieces < 2)
         return;
     double cosine = std::cos(angle / pieces);
@@ -188,7 +190,7 @@ void Widener::arc(Vector center, Vector from, double angle)
 void Widener::emit(Vector point)
 {
     double shift = shape_.isEven ? 0.5 : 0;
-    outline_.points.push_back({toFixed(point.x - shift), toFixed(point.y / shape_.aspect - shift)});
+    outline_.points.push_back({toFixed(point.x - shift), toFixed(point.y - shift)});
 }
 
 // Outlines a dash that is complete. One without length, of a pen whose caps make up for that, still has a
@@ -207,7 +209,8 @@ void Widener::finishDash(std::vector<Vector> &dash, Vector direction)
     dash.clear();
 }
 
-void Widener::addDashes(std::span<const FixedPoint> points, bool isClosed, const DashPattern &pattern, const Box &bounds)
+void Widener::addDashes(std::span<const FixedPoint> points, bool isClosed, const DashPattern &pattern,
+                        const Box &bounds)
 {
     take(points, isClosed);
     if (vertices_.size() == 1) {
@@ -220,8 +223,7 @@ void Widener::addDashes(std::span<const FixedPoint> points, bool isClosed, const
         line.push_back(line.front());
 
     double reach = shape_.radius * std::max(2.0, shape_.miterLimit);
-    Window window{bounds.x1 - reach, (bounds.y1 - reach) * shape_.aspect, bounds.x2 + reach,
-                  (bounds.y2 + reach) * shape_.aspect};
+    Window window{bounds.x1 - reach, bounds.y1 - reach, bounds.x2 + reach, bounds.y2 + reach};
     std::vector<Vector> dash;
     DashPattern::Place place = pattern.at(0);
     double travelled = 0;

@@ -11,8 +11,6 @@ namespace win32::gdi {
 // A pen's point and how its lines end and meet.
 struct PenShape {
     double radius = 0.5; // half the width, in pixels
-    // The pen is a circle when heights are multiplied by this: mappings may stretch it.
-    double aspect = 1;
     // A pen of even width lies half a pixel up and to the left of the line, so that it covers whole pixels.
     bool isEven = false;
     DWORD cap = PS_ENDCAP_ROUND;

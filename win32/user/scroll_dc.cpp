@@ -78,8 +78,14 @@ void movePixels(Drawing &drawing, const Scroll &scroll)
     if (!drawing.touch(box))
         return;
     int width = box.x2 - box.x1, height = box.y2 - box.y1;
-    BlitGeometry geometry{box.x1, box.y1, width, height, static_cast<int>(box.x1 - scroll.distanceX),
-                          static_cast<int>(box.y1 - scroll.distanceY), width, height};
+    BlitGeometry geometry{box.x1,
+                          box.y1,
+                          width,
+                          height,
+                          static_cast<int>(box.x1 - scroll.distanceX),
+                          static_cast<int>(box.y1 - scroll.distanceY),
+                          width,
+                          height};
     blit(drawing.surface(), clip, geometry, drawing.surface(), BlitColors{}, SRCCOPY, Paint{}, COLORONCOLOR);
 }
 

@@ -44,7 +44,7 @@ inline void SystemPainter::fillMixed(const gdi::Box &box, int first, int second)
 {
     uint32_t firstPixel = gdi::pixelFor(drawing_.surface(), GetSysColor(first));
     uint32_t secondPixel = gdi::pixelFor(drawing_.surface(), GetSysColor(second));
-    gdi::Tile tile{2, 2, {firstPixel, secondPixel, secondPixel, firstPixel}, {}};
+    gdi::Tile tile{2, 2, {secondPixel, firstPixel, firstPixel, secondPixel}, {}};
     fill(box, gdi::Paint{gdi::Paint::Kind::Tiled, 0, &tile, 0, 0});
 }
 

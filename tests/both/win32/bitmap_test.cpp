@@ -27,7 +27,8 @@ TEST(Bitmaps, DeviceBitmapsHaveRowsOfWordsAndDepthsThatExist)
     struct {
         UINT asked;
         int depth, rowBytes;
-    } cases[] = {{0, 4, 4}, {1, 1, 2}, {2, 4, 4}, {4, 4, 4}, {5, 8, 6}, {8, 8, 6}, {15, 16, 10}, {24, 24, 16}, {25, 32, 20}};
+    } cases[] = {{0, 4, 4}, {1, 1, 2},    {2, 4, 4},    {4, 4, 4},   {5, 8, 6},
+                 {8, 8, 6}, {15, 16, 10}, {24, 24, 16}, {25, 32, 20}};
     for (auto [asked, depth, rowBytes] : cases) {
         HBITMAP bitmap = CreateBitmap(-5, 3, 1, asked, nullptr);
         BITMAP description = described(bitmap);
@@ -74,9 +75,12 @@ TEST(Bitmaps, SectionsDescribeTheirFormat)
     struct {
         DibInfo info;
         DWORD compression, colors, red;
-    } cases[] = {{DibInfo(5, 3, 1), BI_RGB, 2, 0},        {DibInfo(5, -3, 4), BI_RGB, 16, 0},
-                 {DibInfo(5, 3, 8), BI_RGB, 256, 0},      {DibInfo(5, 3, 16), BI_BITFIELDS, 0, 0x7c00},
-                 {DibInfo(5, -3, 24), BI_RGB, 0, 0},      {DibInfo(5, 3, 32), BI_RGB, 0, 0},
+    } cases[] = {{DibInfo(5, 3, 1), BI_RGB, 2, 0},
+                 {DibInfo(5, -3, 4), BI_RGB, 16, 0},
+                 {DibInfo(5, 3, 8), BI_RGB, 256, 0},
+                 {DibInfo(5, 3, 16), BI_BITFIELDS, 0, 0x7c00},
+                 {DibInfo(5, -3, 24), BI_RGB, 0, 0},
+                 {DibInfo(5, 3, 32), BI_RGB, 0, 0},
                  {DibInfo::masked(5, -3, 16, 0xf800, 0x7e0, 0x1f), BI_BITFIELDS, 0, 0xf800},
                  {DibInfo::masked(5, 3, 32, 0xff, 0xff00, 0xff0000), BI_BITFIELDS, 0, 0xff}};
     for (auto &[info, compression, colors, red] : cases) {
