@@ -154,9 +154,12 @@ TEST(SystemColors, HaveBrushesThatFollowThem)
     GetSysColorBrush(index);
     ASSERT_TRUE(SetSysColors(1, &index, &changed));
     EXPECT_EQ(GetSysColor(index), changed);
+    HBRUSH brush = GetSysColorBrush(index);
     LOGBRUSH description{};
-    GetObjectA(GetSysColorBrush(index), sizeof description, &description);
+    GetObjectA(brush, sizeof description, &description);
     EXPECT_EQ(description.lbColor, changed);
+    DeleteObject(brush); // in vain: it is the system's
+    EXPECT_EQ(GetObjectType(brush), DWORD{OBJ_BRUSH});
     SetSysColors(1, &index, &before);
     EXPECT_EQ(GetSysColor(1000), 0u);
     EXPECT_FALSE(GetSysColorBrush(-1));
