@@ -61,7 +61,7 @@ TEST_F(Desktop, MarksStandInTheirFields)
                     "sdhh####hh-h.", "sdhh####hh-h.", "sdhhh##hhh-h.", ".sdhhhhhh-h..", ".ss-hhhh-hh..",
                     "..hh----hh...", "....hhhh.....", "............."}));
     Rows mixed = control(DFC_BUTTON, DFCS_BUTTON3STATE | DFCS_CHECKED, 13, 13);
-    EXPECT_EQ(mixed[2], "sdh-h-h-h-h-h");
+    EXPECT_EQ(mixed[2], "sd-h-h-h-h--h");
     EXPECT_EQ(control(DFC_MENU, DFCS_MENUARROW, 9, 7),
               (Rows{"hhhhhhhhh", "hhh#hhhhh", "hhh##hhhh", "hhh###hhh", "hhh##hhhh", "hhh#hhhhh", "hhhhhhhhh"}));
 }
