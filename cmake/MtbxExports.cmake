@@ -1,5 +1,6 @@
 # Reads the library's list of exports and writes the linker's view of it: a module definition file
-# for Windows, a version script for Linux. A line is "name" or "name DATA".
+# for Windows, a version script for Linux. A line is "name" or "name DATA"; one with another
+# word, such as "name GDI", is there only with MTBX_HAS_GDI.
 
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/exports.list")
 
@@ -10,6 +11,12 @@ function(mtbx_generate_exports list definition_file version_script)
     foreach(line IN LISTS lines)
         if(line MATCHES "^#" OR line STREQUAL "")
             continue()
+        endif()
+        if(line MATCHES " ([A-Z]+)$" AND NOT CMAKE_MATCH_1 STREQUAL "DATA")
+            if(NOT MTBX_HAS_${CMAKE_MATCH_1})
+                continue()
+            endif()
+            string(REGEX REPLACE " .*" "" line "${line}")
         endif()
         string(APPEND definitions "    ${line}\n")
         string(REGEX REPLACE " .*" "" name "${line}")

@@ -60,6 +60,11 @@ __declspec(dllimport) void Win32Control_HideModule(LPCSTR module, LPCSTR functio
 typedef void (*Win32DebugOutputReceiver)(LPCSTR text, void *context);
 __declspec(dllimport) void Win32Control_ReceiveDebugOutput(Win32DebugOutputReceiver receiver, void *context);
 
+// Answers message boxes instead of a person: they do not show, and the call gives what the answerer says. Null ends
+// it.
+typedef int (*Win32MessageBoxAnswerer)(LPCSTR text, LPCSTR caption, UINT type, void *context);
+__declspec(dllimport) void Win32Control_AnswerMessageBoxes(Win32MessageBoxAnswerer answerer, void *context);
+
 // How many handles are open in the process, of all kinds: for tests that look for leaks.
 __declspec(dllimport) DWORD Win32Control_OpenHandles(void);
 // Bytes and blocks held by GlobalAlloc, HeapAlloc and bitmaps.

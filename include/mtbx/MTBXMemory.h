@@ -91,7 +91,7 @@ MTBX_API OSErr MTBX_InitializeMemorySubsystem(void);
    least 0x100000. */
 MTBX_API SInt32 MTBX_InitMem(void);
 /* The end: the last call of the library that uses memory. Disposes the tables of volumes and
-   directories and gives back the system's process-status library. */
+   directories and the buffer of BitMapToRegion, and gives back the system's process-status library. */
 MTBX_API OSErr MTBX_ShutdownMemory(void);
 
 /* Sets both limits as percentages of physical memory, each at least 28 MB and at most 2147483647

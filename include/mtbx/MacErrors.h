@@ -28,12 +28,14 @@ enum {
     memAdrErr = -110,         /* bad address */
     memWZErr = -111,          /* null handle or pointer given to a lock or free call */
     dirNFErr = -120,          /* directory not found */
+    pixmapTooDeepErr = -148,  /* a pixel map where only one bit per pixel will do */
     stackOverflowErr = -149,  /* stack overflow */
     badResFormat = -185,      /* a resource's data cannot be read */
     resNotFound = -192,       /* resource not found */
     addResFailed = -194,      /* a resource could not be added or written */
     rmvResFailed = -196,      /* a resource could not be removed */
     errAENoSuchAttribute = -1701, /* Apple Event without this attribute */
+    rgnTooBigErr = -501,      /* GDI refused a region */
     envNotPresent = -5500,
     envBadVers = -5501,       /* a negative version of SysEnvirons */
     envVersTooBig = -5502,    /* a version of SysEnvirons that is not known */

@@ -55,6 +55,9 @@ MTBX_API void DateToSeconds(const DateTimeRec *date, UInt32 *seconds);
 MTBX_API SInt32 NGetTrapAddress(UInt16 trapNumber, SInt8 trapType);
 MTBX_API void NSetTrapAddress(void *address, UInt16 trapNumber, SInt8 trapType);
 MTBX_API OSErr NMInstall(void *notification);
+/* There is no A5 world: both give 0. */
+MTBX_API SInt32 SetA5(SInt32 newA5);
+MTBX_API SInt32 SetCurrentA5(void);
 
 #ifdef __cplusplus
 }

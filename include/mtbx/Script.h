@@ -45,6 +45,15 @@ MTBX_API UInt32 MTBX_CharsetToCodePage(UInt8 characterSet);
 /* The script of a character set, smRoman for one that has none; so for Turkish and Baltic sets. */
 MTBX_API ScriptCode MTBX_CharSetToScript(UInt8 characterSet);
 
+/* The character set and the code page of a script, those of Roman for a number that is none. smSystemScript has the
+   character set of the system's font, smCurrentScript that of the current port's, or of the system's when the port
+   has none yet. */
+MTBX_API UInt8 MTBX_MacScriptToCharSet(ScriptCode script);
+MTBX_API UInt32 MTBX_MacScriptToCodePage(ScriptCode script);
+
+/* smKeyScript gives the keyboard's script, which is always smRoman; smDoubleByte is not 0 on a system with
+   double-byte text; any other selector gives 0. */
+MTBX_API SInt32 GetScriptManagerVariable(SInt16 selector);
 /* There are no variables of scripts: 0. */
 MTBX_API SInt32 GetScriptVariable(SInt16 script, SInt16 selector);
 
@@ -57,6 +66,11 @@ MTBX_API Handle GetIntlResource(SInt16 id);
    bytes, in the system's code page. text is the start of the text, not of the byte: only a walk from there
    tells. A negative offset gives smLastByte. */
 MTBX_API SInt16 CharByte(const char *text, SInt16 offset);
+/* The same in the code page of a script. */
+MTBX_API SInt16 CharacterByteType(const char *text, SInt16 offset, ScriptCode script);
+
+/* The height of a native menu bar in pixels. */
+MTBX_API SInt32 GetMBarHeight(void);
 
 #ifdef __cplusplus
 }

@@ -2,6 +2,7 @@
 // which reaches into several managers.
 #include "Files/Files_internal.h"
 #include "Memory/Memory_internal.h"
+#include "Quickdraw/ScanBuffer.h"
 
 #include <mtbx/Dialogs.h>
 #include <mtbx/MTBXMemory.h>
@@ -29,6 +30,7 @@ OSErr MTBX_ShutdownMemory()
 {
     MTBX_DisposeDirectoryTable();
     MTBX_DisposeVolumeTable();
+    MTBX_ReleaseScanBuffer();
     MTBX_ReleaseProcessStatus();
     MEM_DumpLeaks(MTBX_LibraryHeap());
     return noErr;

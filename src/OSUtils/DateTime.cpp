@@ -104,3 +104,13 @@ OSErr NMInstall(void *)
 {
     return 0;
 }
+
+SInt32 SetA5(SInt32)
+{
+    return 0;
+}
+
+SInt32 SetCurrentA5()
+{
+    return 0;
+}

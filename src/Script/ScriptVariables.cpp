@@ -1,4 +1,4 @@
-// Variables of the Script Manager and of scripts.
+// Variables of scripts.
 #include <mtbx/Script.h>
 
 SInt32 GetScriptVariable(SInt16, SInt16)

@@ -30,6 +30,22 @@ void shapes(Canvas &canvas)
     fillAndForget(canvas, CreateRectRgn(130, 150, 90, 110), RGB(255, 255, 255));
 }
 
+// Crossing themselves, with corners outside of the canvas and with several rings.
+void randomPolygons(Canvas &canvas)
+{
+    Random random(7);
+    for (int i = 0; i < 40; ++i) {
+        POINT points[12];
+        INT counts[] = {random.between(3, 6), random.between(2, 6)};
+        int spread = random.between(5, 120), x = random.below(200), y = random.below(150);
+        for (POINT &point : points)
+            point = {x + random.between(-spread, spread), y + random.between(-spread, spread)};
+        int mode = i % 2 ? ALTERNATE : WINDING;
+        fillAndForget(canvas, CreatePolyPolygonRgn(points, counts, i % 3 ? 1 : 2, mode),
+                      random.below(2) ? RGB(255, 0, 0) : RGB(0, 0, 255));
+    }
+}
+
 void ellipses(Canvas &canvas)
 {
     int x = 1;
@@ -116,9 +132,13 @@ void transformed(Canvas &canvas)
 
 std::vector<Scene> regionScenes()
 {
-    return {{"regions: shapes", Agreement::Exact, shapes}, {"regions: ellipses", Agreement::Exact, ellipses},
-            {"regions: frames", Agreement::Exact, frames}, {"regions: combinations", Agreement::Exact, combinations},
-            {"regions: clips", Agreement::Exact, clips},   {"regions: transformed", Agreement::Exact, transformed}};
+    return {{"regions: shapes", Agreement::Exact, shapes},
+            {"regions: random polygons", Agreement::Exact, randomPolygons},
+            {"regions: ellipses", Agreement::Exact, ellipses},
+            {"regions: frames", Agreement::Exact, frames},
+            {"regions: combinations", Agreement::Exact, combinations},
+            {"regions: clips", Agreement::Exact, clips},
+            {"regions: transformed", Agreement::Exact, transformed}};
 }
 
 } // namespace scenes

@@ -8,22 +8,19 @@
 
 namespace win32::gdi {
 
-HDC createScreenContext(HWND window, POINT origin, const pixman_region32_t &visible)
+HDC createScreenContext(HWND window, ScreenPlace *place)
 {
     if (refusesCreation(ObjectType::Context))
         return nullptr;
-    return guarded(HDC{}, [&] {
-        auto dc = std::make_unique<DeviceContext>();
-        dc->surface = screen::surface();
-        dc->window = window;
-        dc->origin = origin;
-        dc->visible.copyFrom(visible);
-        Box bounds = dc->surface.box();
-        if (!pixman_region32_intersect_rect(&dc->visible.pixels, &dc->visible.pixels, 0, 0,
-                                            static_cast<unsigned>(bounds.x2), static_cast<unsigned>(bounds.y2)))
-            throw std::bad_alloc();
-        return static_cast<HDC>(enter(dc.release()));
-    });
+    DeviceContext *dc = new (std::nothrow) DeviceContext;
+    if (!dc)
+        return fail(ERROR_NOT_ENOUGH_MEMORY, HDC{});
+    dc->surface = screen::surface();
+    dc->window = window;
+    dc->place = place;
+    Box bounds = dc->surface.box();
+    pixman_region32_reset(&dc->visible.pixels, &bounds);
+    return static_cast<HDC>(enter(dc));
 }
 
 namespace {
@@ -124,8 +121,7 @@ HDC CreateDCA(LPCSTR driver, LPCSTR, LPCSTR, const DEVMODEA *)
 {
     if (!driver || _stricmp(driver, "DISPLAY") != 0)
         return fail(ERROR_INVALID_PARAMETER, HDC{});
-    RegionValue whole(screen::surface().box());
-    return createScreenContext(nullptr, {0, 0}, whole.pixels);
+    return createScreenContext(nullptr, nullptr);
 }
 
 BOOL DeleteDC(HDC context)
@@ -133,7 +129,10 @@ BOOL DeleteDC(HDC context)
     DeviceContext *dc = findContext(context);
     if (!dc)
         return FALSE;
-    destroy(dc);
+    if (dc->place)
+        dc->place->release(*dc);
+    else
+        destroy(dc);
     return TRUE;
 }
 

@@ -1,5 +1,8 @@
 #include "device_context.h"
 
+#include "font_catalog.h"
+#include "realized_font.h"
+
 #include "stock_objects.h"
 
 #include <cmath>
@@ -20,12 +23,22 @@ void RegionValue::copyFrom(const pixman_region32_t &region)
         throw std::bad_alloc();
 }
 
-DeviceContext::DeviceContext() : Object(objectType)
+ContextState::ContextState()
+    : pen(stock::pen(BLACK_PEN)), brush(stock::brush(WHITE_BRUSH)), font(stock::font(SYSTEM_FONT)),
+      palette(stock::defaultPalette())
 {
-    state.pen.set(stock::pen(BLACK_PEN));
-    state.brush.set(stock::brush(WHITE_BRUSH));
-    state.font.set(stock::font(SYSTEM_FONT));
-    state.palette.set(stock::defaultPalette());
+}
+
+DeviceContext::DeviceContext() : Object(objectType) {}
+
+void DeviceContext::reset()
+{
+    ContextState fresh;
+    std::swap(state, fresh);
+    saved.clear();
+    path = {};
+    mappingChanged();
+    clipChanged();
 }
 
 DeviceContext::~DeviceContext()
@@ -60,10 +73,13 @@ void DeviceContext::letGo(Bitmap &old)
 void DeviceContext::mappingChanged()
 {
     const ContextState &s = state;
+    bool wasTranslation = isTranslation_;
     isTranslation_ = s.mapMode == MM_TEXT
                      || (s.windowExtent.cx == s.viewportExtent.cx && s.windowExtent.cy == s.viewportExtent.cy);
     offset_ = {wrappingDifference(s.viewportOrigin.x, s.windowOrigin.x),
                wrappingDifference(s.viewportOrigin.y, s.windowOrigin.y)};
+    if (!wasTranslation || !isTranslation_)
+        realizedStamp_ = 0;
 }
 
 // The factors are single-precision numbers, as in the published transform records: halves fall by them.
@@ -230,6 +246,27 @@ Paint DeviceContext::paintOf(const Brush &brush, CachedTile &cached)
     }
     return {Paint::Kind::Tiled, 0, &cached.tile, wrappingSum(origin.x, state.brushOrigin.x),
             wrappingSum(origin.y, state.brushOrigin.y)};
+}
+
+uint32_t DeviceContext::fontGeneration()
+{
+    return catalogGeneration.load(std::memory_order_relaxed);
+}
+
+void DeviceContext::realizeFont()
+{
+    uint32_t generation = fontGeneration();
+    LOGFONTA description = state.font->description;
+    if (!isTranslation_) {
+        int height = deviceHeight(std::max<LONG>(description.lfHeight, -INT_MAX));
+        if (description.lfHeight != 0)
+            description.lfHeight = std::max(height, 1) * (description.lfHeight < 0 ? -1 : 1);
+        if (description.lfWidth != 0)
+            description.lfWidth = std::max(deviceWidth(std::max<LONG>(description.lfWidth, -INT_MAX)), 1);
+    }
+    realized_ = realize(description);
+    realizedStamp_ = state.font->stamp;
+    realizedGeneration_ = generation;
 }
 
 } // namespace win32::gdi

@@ -11,11 +11,14 @@
 #include "pen.h"
 #include "region.h"
 
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <vector>
 
 namespace win32::gdi {
+
+class RealizedFont;
 
 // A pixman region that ends with its scope.
 class RegionValue {
@@ -72,6 +75,8 @@ private:
 
 // What SaveDC keeps.
 struct ContextState {
+    ContextState(); // with the stock objects
+
     Selected<Pen> pen;
     Selected<Brush> brush;
     Selected<Font> font;
@@ -86,6 +91,8 @@ struct ContextState {
     int stretchMode = BLACKONWHITE;
     UINT textAlign = 0;
     int characterExtra = 0;
+    int breakExtra = 0; // for breakCount blanks together
+    int breakCount = 0;
     float miterLimit = 10.0f;
     POINT brushOrigin{0, 0};
     POINT position{0, 0}; // logical
@@ -112,6 +119,21 @@ struct Path {
     std::vector<PathPoint> points;
 };
 
+// Goes up when windows move: contexts on the screen find their place anew.
+inline std::atomic<uint32_t> screenLayout{1};
+
+// Where a context of a window lies on the screen, and what of the window can be seen.
+class ScreenPlace {
+public:
+    // Sets origin and visible region.
+    virtual void locate(class DeviceContext &context) = 0;
+    // Takes the context back, as its program wants to be rid of it.
+    virtual void release(class DeviceContext &context) = 0;
+
+protected:
+    ~ScreenPlace() = default;
+};
+
 class DeviceContext final : public Object {
 public:
     static constexpr ObjectType objectType = ObjectType::Context;
@@ -128,6 +150,8 @@ public:
     bool isMemory = false;
     Bitmap *bitmap = nullptr; // of a memory context
     HWND window = nullptr;
+    ScreenPlace *place = nullptr; // of a window's context
+    uint32_t layout = 0;          // the screen's layout for which the place was found
     POINT origin{0, 0};    // of device coordinates, on the surface
     RegionValue visible;   // what may be drawn on, in surface coordinates
     bool isPaletteInBackground = false; // as SelectPalette was told
@@ -135,6 +159,9 @@ public:
     ContextState state;
     std::vector<std::unique_ptr<ContextState>> saved;
     Path path;
+
+    // State and settings as a fresh context has them.
+    void reset();
 
     // Makes a memory context draw on a bitmap that is in no other context.
     void setBitmap(Bitmap &next);
@@ -180,6 +207,14 @@ public:
     // Of a brush that is not selected, for one drawing: the tile is made in the scratch.
     Paint paintOf(const Brush &brush, Tile &scratch) const;
 
+    // The selected font at the size that the mapping gives it, valid until either changes. Throws bad_alloc.
+    RealizedFont &realizedFont()
+    {
+        if (state.font->stamp != realizedStamp_ || realizedGeneration_ != fontGeneration())
+            realizeFont();
+        return *realized_;
+    }
+
 private:
     struct CachedTile {
         Tile tile;
@@ -195,6 +230,9 @@ private:
     POINT scaled(POINT logical) const;
     void updateClip();
     void joinClipBoxes();
+
+    static uint32_t fontGeneration();
+    void realizeFont();
     Paint paintOf(const Brush &brush, CachedTile &cached);
     bool solidPaintOf(const Brush &brush, Paint &paint) const;
     COLORREF ownColorOf(const Brush &brush) const;
@@ -207,12 +245,23 @@ private:
     POINT offset_{0, 0};
     CachedTile brushTile_;
     CachedTile penTile_;
+    std::shared_ptr<RealizedFont> realized_;
+    uint32_t realizedStamp_ = 0; // 0: none
+    uint32_t realizedGeneration_ = 0;
 };
 
-// Null with ERROR_INVALID_HANDLE for what is no context.
+// Null with ERROR_INVALID_HANDLE for what is no context. A window's context is brought to where the window is.
 inline DeviceContext *findContext(HDC context)
 {
-    return find<DeviceContext>(context);
+    auto dc = find<DeviceContext>(context);
+    if (dc && dc->place) {
+        uint32_t layout = screenLayout.load(std::memory_order_relaxed);
+        if (dc->layout != layout) {
+            dc->layout = layout;
+            dc->place->locate(*dc);
+        }
+    }
+    return dc;
 }
 
 // Where DIB_PAL_COLORS are looked up: needed for them only, so null without an error for other usages.
@@ -222,7 +271,7 @@ inline const Palette *paletteFor(HDC context, UINT usage)
     return dc ? dc->state.palette.get() : nullptr;
 }
 
-// A context on a part of the screen, for the user interface's GetDC and its kin.
-HDC createScreenContext(HWND window, POINT origin, const pixman_region32_t &visible);
+// A context on the whole screen, or on what a place says.
+HDC createScreenContext(HWND window, ScreenPlace *place);
 
 } // namespace win32::gdi

@@ -3,6 +3,8 @@
 
 #include "gdi_object.h"
 
+#include <cstdint>
+
 namespace win32::gdi {
 
 class Font final : public Object {
@@ -14,6 +16,11 @@ public:
     int describe(int size, void *buffer) const override;
 
     LOGFONTA description;
+    // No two fonts ever have the same: contexts compare it.
+    const uint32_t stamp = nextStamp();
+
+private:
+    static uint32_t nextStamp();
 };
 
 } // namespace win32::gdi

@@ -3,7 +3,14 @@
 
 #include "kernel/kernel_internal.h"
 
+#include <atomic>
 #include <cstring>
+
+uint32_t win32::gdi::Font::nextStamp()
+{
+    static std::atomic<uint32_t> last{0};
+    return last.fetch_add(1, std::memory_order_relaxed) + 1;
+}
 
 using namespace win32;
 using namespace win32::gdi;

@@ -42,7 +42,7 @@ public:
     const ObjectType type;
 
 private:
-    friend class ObjectTable;
+    friend class ObjectEntry;
     friend void destroy(Object *object);
     HGDIOBJ handle_ = nullptr;
     int selections_ = 0;

@@ -288,6 +288,7 @@ typedef struct tagLOGPALETTE {
 #define SYSPAL_NOSTATIC 2
 #define SYSPAL_NOSTATIC256 3
 
+#define GREEK_CHARSET 161
 #define LF_FACESIZE 32
 typedef struct tagLOGFONTA {
     LONG lfHeight;
@@ -306,6 +307,143 @@ typedef struct tagLOGFONTA {
     CHAR lfFaceName[LF_FACESIZE];
 } LOGFONTA, *PLOGFONTA, *LPLOGFONTA;
 typedef LOGFONTA LOGFONT, *LPLOGFONT;
+
+#define FW_DONTCARE 0
+#define FW_THIN 100
+#define FW_EXTRALIGHT 200
+#define FW_LIGHT 300
+#define FW_NORMAL 400
+#define FW_REGULAR FW_NORMAL
+#define FW_MEDIUM 500
+#define FW_SEMIBOLD 600
+#define FW_DEMIBOLD FW_SEMIBOLD
+#define FW_BOLD 700
+#define FW_EXTRABOLD 800
+#define FW_HEAVY 900
+#define FW_BLACK FW_HEAVY
+#define ANSI_CHARSET 0
+#define DEFAULT_CHARSET 1
+#define SYMBOL_CHARSET 2
+#define MAC_CHARSET 77
+#define SHIFTJIS_CHARSET 128
+#define HANGUL_CHARSET 129
+#define HANGEUL_CHARSET HANGUL_CHARSET
+#define JOHAB_CHARSET 130
+#define GB2312_CHARSET 134
+#define CHINESEBIG5_CHARSET 136
+#define GREEK_CHARSET 161
+#define TURKISH_CHARSET 162
+#define VIETNAMESE_CHARSET 163
+#define HEBREW_CHARSET 177
+#define ARABIC_CHARSET 178
+#define BALTIC_CHARSET 186
+#define RUSSIAN_CHARSET 204
+#define THAI_CHARSET 222
+#define EASTEUROPE_CHARSET 238
+#define OEM_CHARSET 255
+#define OUT_DEFAULT_PRECIS 0
+#define OUT_STRING_PRECIS 1
+#define OUT_CHARACTER_PRECIS 2
+#define OUT_STROKE_PRECIS 3
+#define OUT_TT_PRECIS 4
+#define OUT_DEVICE_PRECIS 5
+#define OUT_RASTER_PRECIS 6
+#define OUT_TT_ONLY_PRECIS 7
+#define CLIP_DEFAULT_PRECIS 0
+#define CLIP_CHARACTER_PRECIS 1
+#define CLIP_STROKE_PRECIS 2
+#define CLIP_LH_ANGLES 0x10
+#define DEFAULT_QUALITY 0
+#define DRAFT_QUALITY 1
+#define PROOF_QUALITY 2
+#define NONANTIALIASED_QUALITY 3
+#define ANTIALIASED_QUALITY 4
+#define CLEARTYPE_QUALITY 5
+#define DEFAULT_PITCH 0
+#define FIXED_PITCH 1
+#define VARIABLE_PITCH 2
+#define FF_DONTCARE 0x00
+#define FF_ROMAN 0x10
+#define FF_SWISS 0x20
+#define FF_MODERN 0x30
+#define FF_SCRIPT 0x40
+#define FF_DECORATIVE 0x50
+#define TMPF_FIXED_PITCH 0x01
+#define TMPF_VECTOR 0x02
+#define TMPF_TRUETYPE 0x04
+#define TMPF_DEVICE 0x08
+#define RASTER_FONTTYPE 1
+#define DEVICE_FONTTYPE 2
+#define TRUETYPE_FONTTYPE 4
+#define NTM_ITALIC 0x01
+#define NTM_BOLD 0x20
+#define NTM_REGULAR 0x40
+
+#define LF_FULLFACESIZE 64
+typedef struct tagENUMLOGFONTA {
+    LOGFONTA elfLogFont;
+    BYTE elfFullName[LF_FULLFACESIZE];
+    BYTE elfStyle[LF_FACESIZE];
+} ENUMLOGFONTA, *LPENUMLOGFONTA;
+typedef struct tagENUMLOGFONTEXA {
+    LOGFONTA elfLogFont;
+    BYTE elfFullName[LF_FULLFACESIZE];
+    BYTE elfStyle[LF_FACESIZE];
+    BYTE elfScript[LF_FACESIZE];
+} ENUMLOGFONTEXA, *LPENUMLOGFONTEXA;
+
+typedef struct tagTEXTMETRICA {
+    LONG tmHeight;
+    LONG tmAscent;
+    LONG tmDescent;
+    LONG tmInternalLeading;
+    LONG tmExternalLeading;
+    LONG tmAveCharWidth;
+    LONG tmMaxCharWidth;
+    LONG tmWeight;
+    LONG tmOverhang;
+    LONG tmDigitizedAspectX;
+    LONG tmDigitizedAspectY;
+    BYTE tmFirstChar;
+    BYTE tmLastChar;
+    BYTE tmDefaultChar;
+    BYTE tmBreakChar;
+    BYTE tmItalic;
+    BYTE tmUnderlined;
+    BYTE tmStruckOut;
+    BYTE tmPitchAndFamily;
+    BYTE tmCharSet;
+} TEXTMETRICA, *PTEXTMETRICA, *LPTEXTMETRICA;
+typedef TEXTMETRICA TEXTMETRIC, *LPTEXTMETRIC;
+
+typedef struct tagNEWTEXTMETRICA {
+    LONG tmHeight;
+    LONG tmAscent;
+    LONG tmDescent;
+    LONG tmInternalLeading;
+    LONG tmExternalLeading;
+    LONG tmAveCharWidth;
+    LONG tmMaxCharWidth;
+    LONG tmWeight;
+    LONG tmOverhang;
+    LONG tmDigitizedAspectX;
+    LONG tmDigitizedAspectY;
+    BYTE tmFirstChar;
+    BYTE tmLastChar;
+    BYTE tmDefaultChar;
+    BYTE tmBreakChar;
+    BYTE tmItalic;
+    BYTE tmUnderlined;
+    BYTE tmStruckOut;
+    BYTE tmPitchAndFamily;
+    BYTE tmCharSet;
+    DWORD ntmFlags;
+    UINT ntmSizeEM;
+    UINT ntmCellHeight;
+    UINT ntmAvgWidth;
+} NEWTEXTMETRICA, *PNEWTEXTMETRICA, *LPNEWTEXTMETRICA;
+
+typedef int(CALLBACK *FONTENUMPROCA)(const LOGFONTA *font, const TEXTMETRICA *metrics, DWORD type, LPARAM parameter);
 
 WINGDIAPI BOOL WINAPI DeleteObject(HGDIOBJ object);
 WINGDIAPI DWORD WINAPI GetObjectType(HGDIOBJ object);
@@ -629,6 +767,62 @@ WINGDIAPI BOOL WINAPI WidenPath(HDC context);
 WINGDIAPI BOOL WINAPI FlattenPath(HDC context);
 WINGDIAPI HRGN WINAPI PathToRegion(HDC context);
 
+// Text.
+#define TA_NOUPDATECP 0
+#define TA_UPDATECP 1
+#define TA_LEFT 0
+#define TA_RIGHT 2
+#define TA_CENTER 6
+#define TA_TOP 0
+#define TA_BOTTOM 8
+#define TA_BASELINE 24
+#define TA_RTLREADING 256
+#define TA_MASK (TA_BASELINE + TA_CENTER + TA_UPDATECP + TA_RTLREADING)
+#define ETO_OPAQUE 0x0002
+#define ETO_CLIPPED 0x0004
+#define ETO_GLYPH_INDEX 0x0010
+#define ETO_RTLREADING 0x0080
+#define ETO_IGNORELANGUAGE 0x1000
+
+WINGDIAPI UINT WINAPI SetTextAlign(HDC context, UINT mode);
+WINGDIAPI UINT WINAPI GetTextAlign(HDC context);
+WINGDIAPI int WINAPI SetTextCharacterExtra(HDC context, int extra);
+WINGDIAPI int WINAPI GetTextCharacterExtra(HDC context);
+WINGDIAPI BOOL WINAPI SetTextJustification(HDC context, int extra, int count);
+// Text is in the code page of the font's character set.
+WINGDIAPI BOOL WINAPI TextOutA(HDC context, int x, int y, LPCSTR text, int count);
+// Indices of glyphs (ETO_GLYPH_INDEX) are refused.
+WINGDIAPI BOOL WINAPI ExtTextOutA(HDC context, int x, int y, UINT options, const RECT *rect, LPCSTR text, UINT count,
+                                  const INT *widths);
+WINGDIAPI BOOL WINAPI GetTextMetricsA(HDC context, LPTEXTMETRICA metrics);
+WINGDIAPI int WINAPI GetTextFaceA(HDC context, int size, LPSTR name);
+WINGDIAPI int WINAPI GetTextCharset(HDC context);
+WINGDIAPI BOOL WINAPI GetTextExtentPointA(HDC context, LPCSTR text, int count, LPSIZE extent);
+WINGDIAPI BOOL WINAPI GetTextExtentPoint32A(HDC context, LPCSTR text, int count, LPSIZE extent);
+WINGDIAPI BOOL WINAPI GetTextExtentExPointA(HDC context, LPCSTR text, int count, int maxExtent, LPINT fit,
+                                            LPINT positions, LPSIZE extent);
+WINGDIAPI BOOL WINAPI GetCharWidth32A(HDC context, UINT first, UINT last, LPINT widths);
+WINGDIAPI BOOL WINAPI GetCharWidthA(HDC context, UINT first, UINT last, LPINT widths);
+WINGDIAPI int WINAPI EnumFontFamiliesA(HDC context, LPCSTR family, FONTENUMPROCA procedure, LPARAM parameter);
+WINGDIAPI int WINAPI EnumFontFamiliesExA(HDC context, LPLOGFONTA wanted, FONTENUMPROCA procedure, LPARAM parameter,
+                                         DWORD flags);
+// A font file of any kind that FreeType reads; the fonts are this process' own.
+WINGDIAPI int WINAPI AddFontResourceA(LPCSTR path);
+WINGDIAPI BOOL WINAPI RemoveFontResourceA(LPCSTR path);
+
+#define TextOut TextOutA
+#define ExtTextOut ExtTextOutA
+#define GetTextMetrics GetTextMetricsA
+#define GetTextFace GetTextFaceA
+#define GetTextExtentPoint GetTextExtentPointA
+#define GetTextExtentPoint32 GetTextExtentPoint32A
+#define GetTextExtentExPoint GetTextExtentExPointA
+#define GetCharWidth GetCharWidthA
+#define GetCharWidth32 GetCharWidth32A
+#define EnumFontFamilies EnumFontFamiliesA
+#define EnumFontFamiliesEx EnumFontFamiliesExA
+#define AddFontResource AddFontResourceA
+#define RemoveFontResource RemoveFontResourceA
 #define GetObject GetObjectA
 #define CreateDC CreateDCA
 #define CreateFontIndirect CreateFontIndirectA

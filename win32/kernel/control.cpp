@@ -51,6 +51,8 @@ std::set<std::string> hiddenNames;
 OSVERSIONINFOA pretendedVersion{};
 Win32DebugOutputReceiver debugReceiver = nullptr;
 void *debugReceiverContext = nullptr;
+Win32MessageBoxAnswerer boxAnswerer = nullptr;
+void *boxAnswererContext = nullptr;
 
 std::atomic<DWORDLONG> pretendedMemory{0};
 std::atomic<DWORDLONG> pretendedUsage{0};
@@ -156,6 +158,28 @@ void win32::control::showDebugOutput(const char *text)
         receiver(text, context);
 }
 
+bool win32::control::answersMessageBox(LPCSTR text, LPCSTR caption, UINT type, int &answer)
+{
+    Win32MessageBoxAnswerer answerer;
+    void *context;
+    {
+        std::lock_guard lock(stateMutex);
+        answerer = boxAnswerer;
+        context = boxAnswererContext;
+    }
+    if (!answerer)
+        return false;
+    answer = answerer(text, caption, type, context);
+    return true;
+}
+
+void Win32Control_AnswerMessageBoxes(Win32MessageBoxAnswerer answerer, void *context)
+{
+    std::lock_guard lock(stateMutex);
+    boxAnswerer = answerer;
+    boxAnswererContext = context;
+}
+
 void Win32Control_RefuseAllocations(Win32Allocation kind, DWORD first, DWORD count, SIZE_T minimumSize)
 {
     if (kind < 0 || kind >= WIN32_ALLOCATION_KINDS)
@@ -254,4 +278,5 @@ void Win32Control_Reset()
     pretendedUsage = 0;
     pretendedVersion = {};
     debugReceiver = nullptr;
+    boxAnswerer = nullptr;
 }

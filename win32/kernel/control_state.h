@@ -13,4 +13,7 @@ bool version(OSVERSIONINFOA &result); // false: the configured one
 bool hides(const char *module, const char *function);
 void showDebugOutput(const char *text);
 
+// False when a person is to answer a message box.
+bool answersMessageBox(LPCSTR text, LPCSTR caption, UINT type, int &answer);
+
 } // namespace win32::control

@@ -9,7 +9,7 @@
 namespace win32 {
 
 // Kinds from Event on belong to objects of class KernelObject.
-enum class HandleKind : uint8_t { Free, Module, Heap, GlobalBlock, Event, File, Search };
+enum class HandleKind : uint8_t { Free, Module, Heap, GlobalBlock, DeferredPositions, Event, File, Search };
 
 namespace handles {
 

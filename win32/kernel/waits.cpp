@@ -14,6 +14,7 @@ static std::mutex waitMutex;
 
 class ThreadState {
 public:
+    std::atomic<bool> isWaitingForInput{false};
     std::condition_variable wake;
     std::unique_ptr<QueuedCall> firstCall;
     QueuedCall *lastCall = nullptr;
@@ -30,6 +31,7 @@ struct Wait {
     DWORD count;
     bool all;
     bool alertable;
+    const InputWait *input = nullptr;
 };
 
 // Takes the signal of one object, as the end of a wait does.
@@ -51,7 +53,13 @@ bool isOver(const Wait &wait, DWORD &result)
             return true;
         }
     }
-    if (!wait.all || !allSignaled)
+    if (wait.input && wait.input->isOver() && (!wait.all || allSignaled || wait.count == 0)) {
+        for (DWORD place = 0; wait.all && place < wait.count; ++place)
+            consume(*wait.objects[place]);
+        result = WAIT_OBJECT_0 + wait.count;
+        return true;
+    }
+    if (!wait.all || !allSignaled || wait.input)
         return false;
     for (DWORD place = 0; place < wait.count; ++place)
         consume(*wait.objects[place]);
@@ -80,6 +88,7 @@ DWORD waitFor(const Wait &wait, DWORD milliseconds)
     std::unique_lock lock(waitMutex);
     DWORD result = WAIT_TIMEOUT;
     waitingThreads.push_back(thread.get());
+    thread->isWaitingForInput = wait.input != nullptr;
     bool timedOut = false;
     bool called = false;
     while (!isOver(wait, result)) {
@@ -91,6 +100,7 @@ DWORD waitFor(const Wait &wait, DWORD milliseconds)
         else
             timedOut = thread->wake.wait_until(lock, end) == std::cv_status::timeout;
     }
+    thread->isWaitingForInput = false;
     std::erase(waitingThreads, thread.get());
     lock.unlock();
     if (!called)
@@ -99,7 +109,28 @@ DWORD waitFor(const Wait &wait, DWORD milliseconds)
     return WAIT_IO_COMPLETION;
 }
 
-DWORD waitForHandles(const HANDLE *handles, DWORD count, bool all, DWORD milliseconds, bool alertable)
+// The process and the thread itself, by their pseudo handles: they are never over while somebody waits.
+class Caller final : public KernelObject {
+public:
+    Caller() : KernelObject(HandleKind::Event) {}
+};
+
+bool isPseudoHandle(HANDLE handle)
+{
+    return handle == GetCurrentProcess() || handle == GetCurrentThread();
+}
+
+Ref<KernelObject> acquireForWait(HANDLE handle)
+{
+    if (!isPseudoHandle(handle))
+        return handles::acquire(handle);
+    static Caller *caller = new Caller;
+    caller->addReference();
+    return Ref<KernelObject>(caller);
+}
+
+DWORD waitForHandles(const HANDLE *handles, DWORD count, bool all, DWORD milliseconds, bool alertable,
+                     const InputWait *input = nullptr)
 {
     return guarded(DWORD{WAIT_FAILED}, [&]() -> DWORD {
         std::vector<Ref<KernelObject>> held;
@@ -107,12 +138,12 @@ DWORD waitForHandles(const HANDLE *handles, DWORD count, bool all, DWORD millise
         held.reserve(count);
         objects.reserve(count);
         for (DWORD place = 0; place < count; ++place) {
-            held.push_back(handles::acquire(handles[place]));
+            held.push_back(acquireForWait(handles[place]));
             if (!held.back())
                 return WAIT_FAILED;
             objects.push_back(held.back().get());
         }
-        return waitFor({objects.data(), count, all, alertable}, milliseconds);
+        return waitFor({objects.data(), count, all, alertable, input}, milliseconds);
     });
 }
 
@@ -157,6 +188,20 @@ void setSignaled(KernelObject &object, bool signaled)
         for (ThreadState *thread : waitingThreads)
             thread->wake.notify_all();
     }
+}
+
+DWORD waitForObjectsOrInput(const HANDLE *objects, DWORD count, bool all, DWORD milliseconds, bool alertable,
+                            const InputWait &input)
+{
+    return waitForHandles(objects, count, all, milliseconds, alertable, &input);
+}
+
+void wakeForInput(ThreadState &thread)
+{
+    if (!thread.isWaitingForInput.load())
+        return;
+    std::lock_guard lock(waitMutex);
+    thread.wake.notify_all();
 }
 
 } // namespace win32

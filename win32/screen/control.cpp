@@ -6,6 +6,7 @@
 #include "kernel/paths.h"
 #include "png_file.h"
 #include "screen.h"
+#include "user/window.h"
 
 using namespace win32;
 
@@ -23,7 +24,12 @@ BOOL savePicture(LPCSTR path, const gdi::Surface &surface, const gdi::Box &part)
 
 BOOL Win32Control_SetScreenMode(LPCSTR mode)
 {
-    return mode && guarded(false, [&] { return screen::setMode(mode); });
+    return mode && guarded(false, [&] {
+        if (!screen::setMode(mode))
+            return false;
+        user::screenChanged();
+        return true;
+    });
 }
 
 BOOL Win32Control_SaveScreen(LPCSTR path, const RECT *part)

@@ -171,6 +171,11 @@ bool setMode(const std::string &mode)
     return true;
 }
 
+void beep()
+{
+    fputc('\a', stderr);
+}
+
 namespace {
 bool isRightButtonFirst = false;
 }

@@ -24,6 +24,9 @@ gdi::ColorTable &systemColors();
 // The screen anew in another mode, for tests: everything on it is lost. False for what cannot be read.
 bool setMode(const std::string &mode);
 
+// The sound of an error, where something can make it.
+void beep();
+
 // Whether the right button of the mouse is the first.
 bool areButtonsSwapped();
 void swapButtons(bool isSwapped);

@@ -136,7 +136,7 @@ void drawCheckBox(SystemPainter &painter, const Box &box, UINT state)
 // A disc whose upper left half has another colour than the lower right one.
 void drawTwoColoredDisc(SystemPainter &painter, const Box &square, int diameter, int upperLeft, int lowerRight)
 {
-    int middle = square.x1 + square.y1 + square.x2 - square.x1;
+    int margin = (square.x2 - square.x1 - diameter) / 2, middle = square.x1 + square.y1 + 2 * margin + diameter;
     for (const Box &run : discGlyph(square, diameter)) {
         for (int y = run.y1; y < run.y2; ++y) {
             int turn = std::clamp(middle - y, run.x1, run.x2);

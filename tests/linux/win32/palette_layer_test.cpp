@@ -128,6 +128,19 @@ TEST_F(SystemPalette, OutlivesThePalettesInIt)
     EXPECT_EQ(color(12), RGB(2, 1, 99));
 }
 
+TEST_F(SystemPalette, IsNotReachedByWhatIsNoPalette)
+{
+    HPALETTE some = palette(4, 5);
+    EXPECT_FALSE(ResizePalette(some, 0));
+    EXPECT_FALSE(ResizePalette(some, 65536));
+    EXPECT_EQ(SetPaletteEntries(some, 0, 2, nullptr), 0u);
+    auto standard = static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE));
+    EXPECT_FALSE(ResizePalette(standard, 4));
+    EXPECT_EQ(GetPaletteEntries(standard, 0, 0, nullptr), 20u);
+    EXPECT_EQ(RealizePalette(nullptr), DWORD{GDI_ERROR});
+    EXPECT_FALSE(palette(0, 5));
+}
+
 TEST_F(SystemPalette, IsNotThereOnOtherScreens)
 {
     Win32Control_SetScreenMode("64x48x32");

@@ -1,0 +1,323 @@
+// Text in the built-in font, exact to the pixel, and fonts under faults.
+#include "Canvas.h"
+#include "TemporaryFile.h"
+
+#include <win32/control.h>
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace {
+
+using Rows = std::vector<std::string>;
+
+struct BuiltinCanvas : Canvas {
+    explicit BuiltinCanvas(int width, int height, LOGFONTA wanted = {}, int depth = 32) : Canvas(width, height, depth)
+    {
+        if (!wanted.lfFaceName[0])
+            strcpy(wanted.lfFaceName, "Builtin Fixed");
+        font = CreateFontIndirectA(&wanted);
+        initialFont = SelectObject(dc, font);
+        SetBkMode(dc, TRANSPARENT);
+        SetTextColor(dc, RGB(255, 255, 255));
+    }
+    ~BuiltinCanvas()
+    {
+        SelectObject(dc, initialFont);
+        DeleteObject(font);
+    }
+
+    HFONT font;
+    HGDIOBJ initialFont;
+};
+
+TEST(BuiltinFont, DrawsItsGlyphs)
+{
+    BuiltinCanvas canvas(24, 13);
+    TextOutA(canvas.dc, 0, 0, "Ag\xc9", 3);
+    EXPECT_EQ(canvas.rows(), (Rows{
+                                 "....................#...",
+                                 "...................#....",
+                                 "...##............######.",
+                                 "..#..#...........#......",
+                                 ".#....#...###.#..#......",
+                                 ".#....#..#...##..#####..",
+                                 ".######..#....#..#......",
+                                 ".#....#..#....#..#......",
+                                 ".#....#..#...##..#......",
+                                 ".#....#...###.#..######.",
+                                 "..............#.........",
+                                 ".........#....#.........",
+                                 "..........####..........",
+                             }));
+}
+
+TEST(BuiltinFont, HasExactMeasures)
+{
+    BuiltinCanvas canvas(1, 1);
+    TEXTMETRICA metrics;
+    ASSERT_TRUE(GetTextMetricsA(canvas.dc, &metrics));
+    EXPECT_EQ(metrics.tmHeight, 13);
+    EXPECT_EQ(metrics.tmAscent, 10);
+    EXPECT_EQ(metrics.tmAveCharWidth, 8);
+    EXPECT_EQ(metrics.tmCharSet, ANSI_CHARSET);
+    EXPECT_EQ(metrics.tmPitchAndFamily, FF_MODERN);
+    SIZE extent;
+    GetTextExtentPoint32A(canvas.dc, "0123456789", 10, &extent);
+    EXPECT_EQ(extent.cx, 80);
+    EXPECT_EQ(extent.cy, 13);
+}
+
+TEST(BuiltinFont, GrowsByWholeMultiples)
+{
+    LOGFONTA wanted{};
+    wanted.lfHeight = 30;
+    BuiltinCanvas twice(16, 26, wanted);
+    TextOutA(twice.dc, 0, 0, "A", 1);
+    BuiltinCanvas once(8, 13);
+    TextOutA(once.dc, 0, 0, "A", 1);
+    Rows expected;
+    for (const std::string &row : once.rows()) {
+        std::string wide;
+        for (char pixel : row)
+            wide.append(2, pixel);
+        expected.insert(expected.end(), 2, wide);
+    }
+    EXPECT_EQ(twice.rows(), expected);
+}
+
+TEST(BuiltinFont, BoldIsItsOwnShadowAndItalicLeans)
+{
+    LOGFONTA wanted{};
+    wanted.lfWeight = FW_BOLD;
+    BuiltinCanvas bold(8, 13, wanted);
+    TextOutA(bold.dc, 0, 0, "I", 1);
+    EXPECT_EQ(bold.rows()[2], "..####..");
+    EXPECT_EQ(bold.rows()[5], "...##...");
+    wanted = {};
+    wanted.lfItalic = TRUE;
+    BuiltinCanvas italic(12, 13, wanted);
+    TextOutA(italic.dc, 0, 0, "|", 1);
+    EXPECT_EQ(italic.rows()[2], ".....#......");
+    EXPECT_EQ(italic.rows()[9], "...#........");
+    EXPECT_EQ(italic.rows()[11], "..#.........");
+}
+
+TEST(BuiltinFont, UnderlineAndStrikeoutRunThroughTheCell)
+{
+    LOGFONTA wanted{};
+    wanted.lfUnderline = wanted.lfStrikeOut = TRUE;
+    BuiltinCanvas canvas(18, 13, wanted);
+    TextOutA(canvas.dc, 1, 0, "  ", 2);
+    Rows expected(13, std::string(18, '.'));
+    expected[7] = expected[11] = ".################.";
+    EXPECT_EQ(canvas.rows(), expected);
+}
+
+// All pixels of a glyph's rows change at every depth and position within a byte, and no other.
+TEST(BuiltinFont, SitsAtAnyPixel)
+{
+    for (int depth : {1, 4, 8, 16, 24, 32}) {
+        for (int x = -7; x <= 9; ++x) {
+            std::vector<RGBQUAD> colors(2);
+            colors[1] = {255, 255, 255, 0};
+            CanvasFormat format{.depth = depth, .colors = depth <= 8 ? colors : std::vector<RGBQUAD>{}};
+            Canvas canvas(17, 13, format);
+            LOGFONTA wanted{};
+            strcpy(wanted.lfFaceName, "builtin fixed");
+            HFONT font = CreateFontIndirectA(&wanted);
+            HGDIOBJ before = SelectObject(canvas.dc, font);
+            SetBkMode(canvas.dc, TRANSPARENT);
+            SetTextColor(canvas.dc, RGB(255, 255, 255));
+            TextOutA(canvas.dc, x, 0, "Z", 1);
+            std::string top(17, '.');
+            for (int column = x + 1; column < x + 7; ++column) {
+                if (column >= 0 && column < 17)
+                    top[static_cast<size_t>(column)] = '#';
+            }
+            EXPECT_EQ(canvas.rows()[2], top) << depth << ' ' << x;
+            SelectObject(canvas.dc, before);
+            DeleteObject(font);
+        }
+    }
+}
+
+TEST(BuiltinFont, WrapsWithoutTheBlanksAtTheBreak)
+{
+    BuiltinCanvas canvas(90, 40);
+    RECT rect{0, 0, 13 * 8, 0};
+    EXPECT_EQ(DrawTextA(canvas.dc, "several words   in lines", -1, &rect, DT_WORDBREAK | DT_CALCRECT), 26);
+    EXPECT_EQ(rect.right, 13 * 8);
+    rect.right = 12 * 8;
+    EXPECT_EQ(DrawTextA(canvas.dc, "several words   in lines", -1, &rect, DT_WORDBREAK | DT_CALCRECT), 39);
+    EXPECT_EQ(rect.right, 10 * 8); // "words   in"
+    auto drawn = [&](const char *text, UINT flags) {
+        canvas.clear();
+        rect = {0, 0, 90, 40};
+        DrawTextA(canvas.dc, text, -1, &rect, flags);
+        return canvas.rows();
+    };
+    EXPECT_EQ(drawn("&Save", DT_HIDEPREFIX), drawn("Save", 0));
+    Rows line(40, std::string(90, '.'));
+    line[11].replace(16, 8, "########");
+    EXPECT_EQ(drawn("Sa&ve", DT_PREFIXONLY), line);
+}
+
+TEST(Fonts, TextSurvivesRefusedMemory)
+{
+    LOGFONTA wanted{};
+    wanted.lfHeight = -17;
+    strcpy(wanted.lfFaceName, "Arial");
+    for (DWORD refused = 1; refused < 200; ++refused) {
+        Canvas canvas(100, 30, 32);
+        ++wanted.lfWidth; // a font that was not realized before
+        HFONT font = CreateFontIndirectA(&wanted);
+        HGDIOBJ before = SelectObject(canvas.dc, font);
+        Win32Control_RefuseAllocations(WIN32_ALLOCATION_LAYER, refused, 1, 0);
+        BOOL isDrawn = TextOutA(canvas.dc, 0, 0, "Memory", 6);
+        DWORD counted = Win32Control_AllocationsCounted(WIN32_ALLOCATION_LAYER);
+        Win32Control_AllowAllocations(WIN32_ALLOCATION_LAYER);
+        EXPECT_TRUE(TextOutA(canvas.dc, 0, 0, "Memory", 6));
+        SelectObject(canvas.dc, before);
+        DeleteObject(font);
+        if (counted < refused) {
+            EXPECT_TRUE(isDrawn);
+            return;
+        }
+        EXPECT_FALSE(isDrawn) << refused;
+        EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_MEMORY);
+    }
+    FAIL() << "more allocations than this test expects";
+}
+
+TEST(Fonts, RepeatedTextAsksForNoMemory)
+{
+    BuiltinCanvas canvas(100, 30);
+    SetBkMode(canvas.dc, OPAQUE);
+    RECT rect{0, 0, 90, 20};
+    SIZE extent;
+    auto draw = [&] {
+        TextOutA(canvas.dc, 0, 0, "Repeated", 8);
+        GetTextExtentPoint32A(canvas.dc, "Repeated", 8, &extent);
+        DrawTextA(canvas.dc, "Rep&eated", 9, &rect, DT_CENTER | DT_WORDBREAK);
+    };
+    draw();
+    Win32Control_RefuseAllocations(WIN32_ALLOCATION_LAYER, 0, 0, 0);
+    draw();
+    EXPECT_EQ(Win32Control_AllocationsCounted(WIN32_ALLOCATION_LAYER), 0u);
+    Win32Control_AllowAllocations(WIN32_ALLOCATION_LAYER);
+}
+
+TEST(Fonts, ManyFontsAreNotKept)
+{
+    Canvas canvas(10, 10, 32);
+    LOGFONTA wanted{};
+    strcpy(wanted.lfFaceName, "Builtin Fixed");
+    for (int i = 1; i < 1000; ++i) {
+        wanted.lfWidth = i;
+        HFONT font = CreateFontIndirectA(&wanted);
+        HGDIOBJ before = SelectObject(canvas.dc, font);
+        SIZE extent;
+        ASSERT_TRUE(GetTextExtentPoint32A(canvas.dc, "ab", 2, &extent));
+        EXPECT_EQ(extent.cx, 16 * std::min(std::max(i / 8, 1), 64));
+        SelectObject(canvas.dc, before);
+        DeleteObject(font);
+    }
+}
+
+TEST(Fonts, OneFontServesSeveralThreads)
+{
+    LOGFONTA wanted{};
+    wanted.lfHeight = -15;
+    strcpy(wanted.lfFaceName, "Arial");
+    std::vector<std::vector<uint32_t>> pictures(4);
+    std::vector<std::thread> threads;
+    for (auto &picture : pictures) {
+        threads.emplace_back([&picture, &wanted] {
+            BuiltinCanvas canvas(300, 30, wanted);
+            for (int i = 0; i < 50; ++i)
+                TextOutA(canvas.dc, 0, 0, "The quick brown fox jumps over the lazy dog", 43);
+            picture = canvas.pixels();
+        });
+    }
+    for (auto &thread : threads)
+        thread.join();
+    for (const auto &picture : pictures)
+        EXPECT_EQ(picture, pictures[0]);
+}
+
+TEST(Fonts, DoubleByteTextIsReadInTheCharacterSetsPage)
+{
+    LOGFONTA wanted{};
+    strcpy(wanted.lfFaceName, "Builtin Fixed");
+    wanted.lfCharSet = SHIFTJIS_CHARSET;
+    BuiltinCanvas canvas(40, 13, wanted);
+    SIZE extent;
+    GetTextExtentPoint32A(canvas.dc, "a\x82\xa0" "b", 4, &extent);
+    EXPECT_EQ(extent.cx, 24); // three characters in four bytes
+    int positions[4];
+    ASSERT_TRUE(GetTextExtentExPointA(canvas.dc, "a\x82\xa0" "b", 4, 0, nullptr, positions, &extent));
+    EXPECT_EQ(std::vector<int>(positions, positions + 4), (std::vector<int>{8, 16, 16, 24}));
+    EXPECT_EQ(GetTextCharset(canvas.dc), SHIFTJIS_CHARSET);
+    // A lead byte at the end stands alone.
+    EXPECT_TRUE(TextOutA(canvas.dc, 0, 0, "a\x82", 2));
+}
+
+// A bitmap font with one letter, an A that is a triangle, 5 by 4 pixels.
+constexpr char triangleFont[] = R"(STARTFONT 2.1
+FONT -none-Triangles-Medium-R-Normal--5-50-72-72-C-60-ISO10646-1
+SIZE 5 72 72
+FONTBOUNDINGBOX 6 5 0 -1
+STARTPROPERTIES 4
+FAMILY_NAME "Triangles"
+WEIGHT_NAME "Medium"
+FONT_ASCENT 4
+FONT_DESCENT 1
+ENDPROPERTIES
+CHARS 1
+STARTCHAR A
+ENCODING 65
+SWIDTH 1200 0
+DWIDTH 6 0
+BBX 5 3 0 0
+BITMAP
+20
+70
+F8
+ENDCHAR
+ENDFONT
+)";
+
+TEST(Fonts, AddedFilesJoinAndLeave)
+{
+    TemporaryFile file("triangles");
+    file.write(triangleFont);
+    EXPECT_EQ(AddFontResourceA(file.path()), 1);
+    EXPECT_EQ(AddFontResourceA(file.path()), 1);
+    file.write("gone"); // the font was read whole
+    LOGFONTA wanted{};
+    strcpy(wanted.lfFaceName, "Triangles");
+    BuiltinCanvas canvas(12, 5, wanted);
+    char face[LF_FACESIZE];
+    EXPECT_EQ(GetTextFaceA(canvas.dc, LF_FACESIZE, face), 10);
+    EXPECT_STREQ(face, "Triangles");
+    TextOutA(canvas.dc, 1, 0, "AA", 2);
+    EXPECT_EQ(canvas.rows(), (Rows{
+                                 "............",
+                                 "...#.....#..",
+                                 "..###...###.",
+                                 ".#####.#####",
+                                 "............",
+                             }));
+    EXPECT_TRUE(RemoveFontResourceA(file.path()));
+    GetTextFaceA(canvas.dc, LF_FACESIZE, face);
+    EXPECT_STREQ(face, "Triangles"); // added twice
+    EXPECT_TRUE(RemoveFontResourceA(file.path()));
+    EXPECT_FALSE(RemoveFontResourceA(file.path()));
+    GetTextFaceA(canvas.dc, LF_FACESIZE, face);
+    EXPECT_STRNE(face, "Triangles");
+    EXPECT_EQ(AddFontResourceA(file.path()), 0);
+}
+
+} // namespace

@@ -1,0 +1,6 @@
+// How many graphics objects the process has.
+#pragma once
+
+#include <windows.h>
+
+DWORD gdiObjectCount();

@@ -1,0 +1,6 @@
+#include "GdiObjects.h"
+
+DWORD gdiObjectCount()
+{
+    return GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+}
