@@ -8,7 +8,7 @@ using namespace raster;
 TEST(StretchBlt, EachModeTakesItsSourcePixels)
 {
     forFormats(allFormats(), [](const CanvasFormat &format, std::mt19937 &random) {
-        Canvas canvas(width, height, format), source(61, 23, format);
+        Canvas canvas(usual.width, usual.height, format), source(61, 23, format);
         for (int mode : {BLACKONWHITE, WHITEONBLACK, COLORONCOLOR})
             for (int trial = 0; trial < 30 && !testing::Test::HasFailure(); ++trial)
                 checkStretch(canvas, source, random, mode, trial % 3 ? SRCCOPY : SRCINVERT, Sources::Whole);
@@ -29,7 +29,8 @@ TEST(StretchBlt, ColorsAreConvertedBeforePixelsAreMerged)
     forFormats(allFormats(), [](const CanvasFormat &format, std::mt19937 &random) {
         if (format.depth == 8)
             return;
-        Canvas canvas(width, height, format), colored(61, 23, 32), monochrome(61, 23, CanvasFormat::monochrome());
+        Canvas canvas(usual.width, usual.height, format), colored(61, 23, 32),
+            monochrome(61, 23, CanvasFormat::monochrome());
         SetBkColor(colored.dc, RGB(255, 255, 255));
         for (int mode : {BLACKONWHITE, WHITEONBLACK, COLORONCOLOR})
             for (int trial = 0; trial < 10 && !testing::Test::HasFailure(); ++trial) {
