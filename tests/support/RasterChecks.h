@@ -10,8 +10,12 @@
 
 namespace raster {
 
-constexpr int width = 75, height = 13; // not a multiple of anything
-constexpr unsigned seeds = 4;
+struct Trial {
+    int width, height;
+    unsigned seeds;
+};
+constexpr Trial usual{75, 13, 4}; // not a multiple of anything
+constexpr Trial wide{3001, 2, 1}; // wider than any buffer
 
 enum class Brushes { Solid, All };
 
@@ -108,7 +112,8 @@ private:
 };
 
 // Runs a check for formats and some seeds, which a failure names.
-template <class Check> void forFormats(const std::vector<CanvasFormat> &formats, Check check)
+template <class Check>
+void forFormats(const std::vector<CanvasFormat> &formats, Check check, unsigned seeds = usual.seeds)
 {
     for (const CanvasFormat &format : formats)
         for (unsigned seed = 1; seed <= seeds; ++seed) {
@@ -126,90 +131,102 @@ inline int between(std::mt19937 &random, int low, int high)
 }
 
 // PatBlt through the sixteen codes of pattern and destination.
-inline void checkPatterns(const std::vector<CanvasFormat> &formats)
+inline void checkPatterns(const std::vector<CanvasFormat> &formats, Trial trial = usual)
 {
-    forFormats(formats, [](const CanvasFormat &format, std::mt19937 &random) {
-        Canvas canvas(width, height, format);
-        for (unsigned code = 0; code < 16; ++code) {
-            std::vector<uint32_t> expected = randomPixels(canvas, random);
-            canvas.setPixels(expected);
-            RandomBrush brush(canvas, random, Brushes::All);
-            RandomClip clip(canvas, random, between(random, 1, 12));
-            DWORD ternary = ((code & 12) << 4 | (code & 12) << 2 | (code & 3) << 2 | (code & 3)) << 16;
-            int x = between(random, -5, width), y = between(random, -5, height);
-            int w = between(random, -width, width), h = between(random, -height, height);
-            for (int py : positionsOf(y, h))
-                for (int px : positionsOf(x, w))
-                    if (px >= 0 && px < width && py >= 0 && py < height && clip.contains(px, py)) {
-                        uint32_t &pixel = expected[static_cast<size_t>(py * width + px)];
-                        pixel = evaluatedBits(ternary, brush.at(px, py), 0, pixel, allBits(format));
-                    }
-            ASSERT_TRUE(PatBlt(canvas.dc, x, y, w, h, ternary));
-            ASSERT_EQ(canvas.pixels(), expected)
-                << "code " << code << " at " << x << "," << y << " size " << w << "," << h;
-        }
-    });
+    const int width = trial.width, height = trial.height;
+    forFormats(
+        formats,
+        [=](const CanvasFormat &format, std::mt19937 &random) {
+            Canvas canvas(width, height, format);
+            for (unsigned code = 0; code < 16; ++code) {
+                std::vector<uint32_t> expected = randomPixels(canvas, random);
+                canvas.setPixels(expected);
+                RandomBrush brush(canvas, random, Brushes::All);
+                RandomClip clip(canvas, random, between(random, 1, 12));
+                DWORD ternary = ((code & 12) << 4 | (code & 12) << 2 | (code & 3) << 2 | (code & 3)) << 16;
+                int x = between(random, -5, width), y = between(random, -5, height);
+                int w = between(random, -width, width), h = between(random, -height, height);
+                for (int py : positionsOf(y, h))
+                    for (int px : positionsOf(x, w))
+                        if (px >= 0 && px < width && py >= 0 && py < height && clip.contains(px, py)) {
+                            uint32_t &pixel = expected[static_cast<size_t>(py * width + px)];
+                            pixel = evaluatedBits(ternary, brush.at(px, py), 0, pixel, allBits(format));
+                        }
+                ASSERT_TRUE(PatBlt(canvas.dc, x, y, w, h, ternary));
+                ASSERT_EQ(canvas.pixels(), expected)
+                    << "code " << code << " at " << x << "," << y << " size " << w << "," << h;
+            }
+        },
+        trial.seeds);
 }
 
 // BitBlt through all codes, parts of the source missing.
-inline void checkSources(const std::vector<CanvasFormat> &formats, Brushes brushes)
+inline void checkSources(const std::vector<CanvasFormat> &formats, Brushes brushes, Trial trial = usual)
 {
-    forFormats(formats, [brushes](const CanvasFormat &format, std::mt19937 &random) {
-        Canvas canvas(width, height, format), source(width + 9, height - 4, format);
-        for (DWORD code = 0; code < 256; ++code) {
-            std::vector<uint32_t> expected = randomPixels(canvas, random), pixels = randomPixels(source, random);
-            canvas.setPixels(expected);
-            source.setPixels(pixels);
-            RandomBrush brush(canvas, random, brushes);
-            RandomClip clip(canvas, random, between(random, 1, 12));
-            int x = between(random, -5, width), y = between(random, -5, height);
-            int w = between(random, 1, width), h = between(random, 1, height);
-            int sx = between(random, -5, 30), sy = between(random, -3, 5);
-            bool usesSource = (code >> 2 & 0x33) != (code & 0x33);
-            for (int i = 0; i < h; ++i)
-                for (int k = 0; k < w; ++k) {
-                    int px = x + k, py = y + i, qx = sx + k, qy = sy + i;
-                    bool isThere = px >= 0 && px < width && py >= 0 && py < height && clip.contains(px, py);
-                    bool hasSource = qx >= 0 && qx < source.width() && qy >= 0 && qy < source.height();
-                    if (!isThere || (usesSource && !hasSource))
-                        continue;
-                    uint32_t &pixel = expected[static_cast<size_t>(py * width + px)];
-                    uint32_t from = usesSource ? pixels[static_cast<size_t>(qy * source.width() + qx)] : 0;
-                    pixel = evaluatedBits(code << 16, brush.at(px, py), from, pixel, allBits(format));
-                }
-            ASSERT_TRUE(BitBlt(canvas.dc, x, y, w, h, source.dc, sx, sy, code << 16));
-            ASSERT_EQ(canvas.pixels(), expected) << "code " << code << " at " << x << "," << y << " from " << sx << ","
-                                                 << sy << " size " << w << "," << h;
-        }
-    });
+    const int width = trial.width, height = trial.height;
+    forFormats(
+        formats,
+        [=](const CanvasFormat &format, std::mt19937 &random) {
+            Canvas canvas(width, height, format), source(width + 9, std::max(1, height - 4), format);
+            for (DWORD code = 0; code < 256; ++code) {
+                std::vector<uint32_t> expected = randomPixels(canvas, random), pixels = randomPixels(source, random);
+                canvas.setPixels(expected);
+                source.setPixels(pixels);
+                RandomBrush brush(canvas, random, brushes);
+                RandomClip clip(canvas, random, between(random, 1, 12));
+                int x = between(random, -5, width), y = between(random, -5, height);
+                int w = between(random, 1, width), h = between(random, 1, height);
+                int sx = between(random, -5, 30), sy = between(random, -3, 5);
+                bool usesSource = (code >> 2 & 0x33) != (code & 0x33);
+                for (int i = 0; i < h; ++i)
+                    for (int k = 0; k < w; ++k) {
+                        int px = x + k, py = y + i, qx = sx + k, qy = sy + i;
+                        bool isThere = px >= 0 && px < width && py >= 0 && py < height && clip.contains(px, py);
+                        bool hasSource = qx >= 0 && qx < source.width() && qy >= 0 && qy < source.height();
+                        if (!isThere || (usesSource && !hasSource))
+                            continue;
+                        uint32_t &pixel = expected[static_cast<size_t>(py * width + px)];
+                        uint32_t from = usesSource ? pixels[static_cast<size_t>(qy * source.width() + qx)] : 0;
+                        pixel = evaluatedBits(code << 16, brush.at(px, py), from, pixel, allBits(format));
+                    }
+                ASSERT_TRUE(BitBlt(canvas.dc, x, y, w, h, source.dc, sx, sy, code << 16));
+                ASSERT_EQ(canvas.pixels(), expected) << "code " << code << " at " << x << "," << y << " from " << sx
+                                                     << "," << sy << " size " << w << "," << h;
+            }
+        },
+        trial.seeds);
 }
 
-inline void checkMovesOverItself(const std::vector<CanvasFormat> &formats)
+inline void checkMovesOverItself(const std::vector<CanvasFormat> &formats, Trial size = usual)
 {
-    forFormats(formats, [](const CanvasFormat &format, std::mt19937 &random) {
-        Canvas canvas(width, height, format);
-        for (DWORD rop : {SRCCOPY, SRCINVERT, NOTSRCCOPY, SRCAND})
-            for (int trial = 0; trial < 40; ++trial) {
-                std::vector<uint32_t> before = randomPixels(canvas, random), expected = before;
-                canvas.setPixels(before);
-                RandomClip clip(canvas, random, trial % 2 ? between(random, 5, 30) : 600);
-                int x = between(random, -3, 12), y = between(random, -3, 6);
-                int sx = between(random, -3, 12), sy = trial % 3 ? between(random, -3, 6) : y;
-                for (int i = 0; i < height; ++i)
-                    for (int k = 0; k < width; ++k) {
-                        int px = x + k, py = y + i, qx = sx + k, qy = sy + i;
-                        if (px < 0 || px >= width || py < 0 || py >= height || qx < 0 || qx >= width || qy < 0
-                            || qy >= height || !clip.contains(px, py))
-                            continue;
-                        auto at = static_cast<size_t>(py * width + px);
-                        expected[at] = evaluatedBits(rop, 0, before[static_cast<size_t>(qy * width + qx)], before[at],
-                                                     allBits(format));
-                    }
-                ASSERT_TRUE(BitBlt(canvas.dc, x, y, width, height, canvas.dc, sx, sy, rop));
-                ASSERT_EQ(canvas.pixels(), expected)
-                    << std::hex << rop << std::dec << " from " << sx << "," << sy << " to " << x << "," << y;
-            }
-    });
+    const int width = size.width, height = size.height;
+    forFormats(
+        formats,
+        [=](const CanvasFormat &format, std::mt19937 &random) {
+            Canvas canvas(width, height, format);
+            for (DWORD rop : {SRCCOPY, SRCINVERT, NOTSRCCOPY, SRCAND})
+                for (int trial = 0; trial < 40; ++trial) {
+                    std::vector<uint32_t> before = randomPixels(canvas, random), expected = before;
+                    canvas.setPixels(before);
+                    RandomClip clip(canvas, random, trial % 2 ? between(random, 5, 30) : 600);
+                    int x = between(random, -3, 12), y = between(random, -3, 6);
+                    int sx = between(random, -3, 12), sy = trial % 3 ? between(random, -3, 6) : y;
+                    for (int i = 0; i < height; ++i)
+                        for (int k = 0; k < width; ++k) {
+                            int px = x + k, py = y + i, qx = sx + k, qy = sy + i;
+                            if (px < 0 || px >= width || py < 0 || py >= height || qx < 0 || qx >= width || qy < 0
+                                || qy >= height || !clip.contains(px, py))
+                                continue;
+                            auto at = static_cast<size_t>(py * width + px);
+                            expected[at] = evaluatedBits(rop, 0, before[static_cast<size_t>(qy * width + qx)],
+                                                         before[at], allBits(format));
+                        }
+                    ASSERT_TRUE(BitBlt(canvas.dc, x, y, width, height, canvas.dc, sx, sy, rop));
+                    ASSERT_EQ(canvas.pixels(), expected)
+                        << std::hex << rop << std::dec << " from " << sx << "," << sy << " to " << x << "," << y;
+                }
+        },
+        size.seeds);
 }
 
 // What a source pixel becomes on the way to another format.
@@ -226,42 +243,46 @@ inline uint32_t convertedPixel(const CanvasFormat &to, const CanvasFormat &from,
     return nearestPixel(to, colorOfPixel(from, pixel));
 }
 
-inline void checkConversions(const CanvasFormat &from, const std::vector<CanvasFormat> &formats)
+inline void checkConversions(const CanvasFormat &from, const std::vector<CanvasFormat> &formats, Trial trial = usual)
 {
-    forFormats(formats, [&from](const CanvasFormat &to, std::mt19937 &random) {
-        SCOPED_TRACE("from " + nameOf(from));
-        Canvas source(width, height, from), canvas(width, height, to);
-        for (DWORD rop : {SRCCOPY, SRCINVERT}) {
-            std::vector<uint32_t> pixels = randomPixels(source, random), expected = randomPixels(canvas, random);
-            // Bits that mean nothing might keep a pixel from being the background.
-            if (from.depth > 8)
-                for (uint32_t &pixel : pixels)
-                    pixel = nearestPixel(from, colorOfPixel(from, pixel));
-            uint32_t backgroundPixel = pixels[17];
-            std::fill_n(pixels.begin() + 40, 20, backgroundPixel);
-            COLORREF text = random() & 0xffffff, background = random() & 0xffffff;
-            COLORREF sourceBackground = colorOfPixel(from, backgroundPixel);
-            SetTextColor(canvas.dc, text);
-            SetBkColor(canvas.dc, background);
-            SetBkColor(source.dc, sourceBackground);
-            source.setPixels(pixels);
-            canvas.setPixels(expected);
-            RandomClip clip(canvas, random, between(random, 1, 30));
-            int sx = between(random, 0, 9), sy = between(random, 0, 3);
-            for (int y = 0; y < height - sy; ++y)
-                for (int x = 0; x < width - sx; ++x) {
-                    if (!clip.contains(x, y))
-                        continue;
-                    uint32_t &pixel = expected[static_cast<size_t>(y * width + x)];
-                    uint32_t converted =
-                        convertedPixel(to, from, pixels[static_cast<size_t>((y + sy) * width + x + sx)], text,
-                                       background, sourceBackground);
-                    pixel = evaluatedBits(rop, 0, converted, pixel, allBits(to));
-                }
-            ASSERT_TRUE(BitBlt(canvas.dc, 0, 0, width, height, source.dc, sx, sy, rop));
-            ASSERT_EQ(canvas.pixels(), expected) << std::hex << rop << std::dec << " from " << sx << "," << sy;
-        }
-    });
+    const int width = trial.width, height = trial.height;
+    forFormats(
+        formats,
+        [=, &from](const CanvasFormat &to, std::mt19937 &random) {
+            SCOPED_TRACE("from " + nameOf(from));
+            Canvas source(width, height, from), canvas(width, height, to);
+            for (DWORD rop : {SRCCOPY, SRCINVERT}) {
+                std::vector<uint32_t> pixels = randomPixels(source, random), expected = randomPixels(canvas, random);
+                // Bits that mean nothing might keep a pixel from being the background.
+                if (from.depth > 8)
+                    for (uint32_t &pixel : pixels)
+                        pixel = nearestPixel(from, colorOfPixel(from, pixel));
+                uint32_t backgroundPixel = pixels[17];
+                std::fill_n(pixels.begin() + 40, 20, backgroundPixel);
+                COLORREF text = random() & 0xffffff, background = random() & 0xffffff;
+                COLORREF sourceBackground = colorOfPixel(from, backgroundPixel);
+                SetTextColor(canvas.dc, text);
+                SetBkColor(canvas.dc, background);
+                SetBkColor(source.dc, sourceBackground);
+                source.setPixels(pixels);
+                canvas.setPixels(expected);
+                RandomClip clip(canvas, random, between(random, 1, 30));
+                int sx = between(random, 0, 9), sy = between(random, 0, std::min(3, height - 1));
+                for (int y = 0; y < height - sy; ++y)
+                    for (int x = 0; x < width - sx; ++x) {
+                        if (!clip.contains(x, y))
+                            continue;
+                        uint32_t &pixel = expected[static_cast<size_t>(y * width + x)];
+                        uint32_t converted =
+                            convertedPixel(to, from, pixels[static_cast<size_t>((y + sy) * width + x + sx)], text,
+                                           background, sourceBackground);
+                        pixel = evaluatedBits(rop, 0, converted, pixel, allBits(to));
+                    }
+                ASSERT_TRUE(BitBlt(canvas.dc, 0, 0, width, height, source.dc, sx, sy, rop));
+                ASSERT_EQ(canvas.pixels(), expected) << std::hex << rop << std::dec << " from " << sx << "," << sy;
+            }
+        },
+        trial.seeds);
 }
 
 } // namespace raster

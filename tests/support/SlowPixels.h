@@ -122,7 +122,7 @@ public:
         HRGN region = CreateRectRgn(0, 0, 0, 0);
         for (int i = 0; i < rectangles; ++i) {
             int x = int(random() % width_), y = int(random() % canvas.height());
-            int right = std::min(width_, x + 1 + int(random() % 12)),
+            int right = std::min(width_, x + 1 + int(random() % unsigned(std::max(12, width_ / 2)))),
                 bottom = std::min(canvas.height(), y + 1 + int(random() % 5));
             HRGN part = CreateRectRgn(x, y, right, bottom);
             CombineRgn(region, region, part, RGN_OR);

@@ -48,22 +48,22 @@ BOOL moveArea(HDC context, int x, int y, int width, int height, HDC sourceContex
 
 } // namespace
 
-BOOL WINAPI PatBlt(HDC context, int x, int y, int width, int height, DWORD rop)
+BOOL PatBlt(HDC context, int x, int y, int width, int height, DWORD rop)
 {
     if (usesSource(truthTableOf(rop)))
         return fail(ERROR_INVALID_PARAMETER, FALSE);
     return fillArea(context, x, y, width, height, rop);
 }
 
-BOOL WINAPI BitBlt(HDC context, int x, int y, int width, int height, HDC source, int sourceX, int sourceY, DWORD rop)
+BOOL BitBlt(HDC context, int x, int y, int width, int height, HDC source, int sourceX, int sourceY, DWORD rop)
 {
     if (!usesSource(truthTableOf(rop)))
         return fillArea(context, x, y, width, height, rop);
     return moveArea(context, x, y, width, height, source, sourceX, sourceY, width, height, rop);
 }
 
-BOOL WINAPI StretchBlt(HDC context, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
-                       int sourceWidth, int sourceHeight, DWORD rop)
+BOOL StretchBlt(HDC context, int x, int y, int width, int height, HDC source, int sourceX, int sourceY, int sourceWidth,
+                int sourceHeight, DWORD rop)
 {
     if (!usesSource(truthTableOf(rop)))
         return fillArea(context, x, y, width, height, rop);

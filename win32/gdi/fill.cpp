@@ -54,7 +54,7 @@ constexpr int narrow = 16;
 
 bool isSmall(const Box &box)
 {
-    return box.x2 - box.x1 <= narrow && box.y2 - box.y1 <= narrow;
+    return std::max(box.x2 - box.x1, box.y2 - box.y1) <= narrow;
 }
 
 template <class Pixel> void fillNarrowBox(const Surface &surface, const Box &box, const SolidFill &fill)

@@ -37,7 +37,7 @@ public:
     void combineWith(uint8_t *row, ptrdiff_t stride, int count, const RowSpan &span, BinaryCode code) const;
 
 private:
-    static constexpr size_t room = 4096;
+    static constexpr size_t room = 8192; // a row of a large screen
 
     void buildSolid(const RowSpan &span);
     void buildTile(int y, int x1, int x2, const RowSpan &span);

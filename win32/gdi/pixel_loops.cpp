@@ -184,25 +184,109 @@ struct Coefficients {
     uint32_t c[8];
 };
 
+// Rows of up to this many blocks are filled and copied by straight code for the number of their blocks.
+constexpr size_t mostBlocks = 16;
+
+bool isMedium(size_t length)
+{
+    return length >= blockSize && length <= mostBlocks * blockSize;
+}
+
+// Calls Rows::run with the number of blocks before the last one.
+template <class Rows, size_t... blocks> ALWAYS_INLINE void runByBlocks(Rows rows, std::index_sequence<blocks...>)
+{
+    size_t wanted = (rows.length - 1) / blockSize;
+    (void)((wanted == blocks && (rows.template run<blocks>(), true)) || ...);
+}
+
+struct FillOfBlocks {
+    ByteRows rows;
+    size_t length;
+    int count;
+    Word word;
+
+    template <size_t blocks> ALWAYS_INLINE void run() const
+    {
+        Word last = repeated<Word>(word, length - blockSize);
+        uint8_t *row = rows.bytes;
+        for (int y = 0; y < count; ++y, row += rows.stride) {
+#pragma GCC unroll 16
+            for (size_t block = 0; block < blocks; ++block)
+                for (size_t k = 0; k < blockSize; k += sizeof(Word))
+                    store(row + block * blockSize + k, word);
+            for (size_t k = 0; k < blockSize; k += sizeof(Word))
+                store(row + length - blockSize + k, last);
+        }
+    }
+};
+
+struct CopyOfBlocks {
+    ByteRows rows;
+    ConstByteRows source;
+    size_t length;
+    int count;
+
+    // The rows to come are asked for early: a processor does not foresee them when they begin on other pages.
+    template <size_t blocks> ALWAYS_INLINE void run() const
+    {
+        constexpr int ahead = 4;
+        uint8_t *row = rows.bytes;
+        const uint8_t *from = source.bytes;
+        for (int y = 0; y < count; ++y, row += rows.stride, from += source.stride) {
+#pragma GCC unroll 16
+            for (size_t block = 0; block <= blocks; ++block)
+                __builtin_prefetch(from + ahead * source.stride + block * blockSize);
+#pragma GCC unroll 16
+            for (size_t block = 0; block < blocks; ++block)
+                memcpy(row + block * blockSize, from + block * blockSize, blockSize);
+            memcpy(row + length - blockSize, from + length - blockSize, blockSize);
+        }
+    }
+};
+
 } // namespace
 
 WIN32_FOR_EACH_PROCESSOR
-static void fillShortRows(ByteRows rows, size_t length, int count, uint32_t word)
+static void fillMediumRows(ByteRows rows, size_t length, int count, uint32_t word)
+{
+    runByBlocks(FillOfBlocks{rows, length, count, word}, std::make_index_sequence<mostBlocks>());
+}
+
+WIN32_FOR_EACH_PROCESSOR
+static void fillOtherRows(ByteRows rows, size_t length, int count, uint32_t word)
 {
     for (int y = 0; y < count; ++y)
         changeRow(rows.bytes + y * rows.stride, length, Fill{word});
 }
 
+// Fills words from an aligned address on.
+static void fillLongRow(uint8_t *row, size_t words, uint32_t word)
+{
+#if defined(__x86_64__)
+    // The processor's own way overwrites whole cache lines without reading them first, which wmemset cannot.
+    constexpr size_t worthStarting = 4096;
+    if (words >= worthStarting) {
+        auto target = reinterpret_cast<uint64_t *>(row);
+        size_t pairs = words / 2;
+        asm volatile("rep stosq" : "+D"(target), "+c"(pairs) : "a"(uint64_t{word} << 32 | word) : "memory");
+        row = reinterpret_cast<uint8_t *>(target);
+        words %= 2;
+    }
+#endif
+    static_assert(sizeof(wchar_t) == sizeof word);
+    wmemset(reinterpret_cast<wchar_t *>(row), static_cast<wchar_t>(word), words);
+}
+
 void fillRows(ByteRows rows, size_t length, int count, uint32_t word)
 {
-    constexpr size_t longRow = 1024;
-    static_assert(sizeof(wchar_t) == sizeof word);
     bool isAligned = (reinterpret_cast<uintptr_t>(rows.bytes) | static_cast<uintptr_t>(rows.stride)) % sizeof word == 0;
-    if (length < longRow || !isAligned)
-        return fillShortRows(rows, length, count, word);
+    if (isMedium(length))
+        return fillMediumRows(rows, length, count, word);
+    if (length < blockSize || !isAligned)
+        return fillOtherRows(rows, length, count, word);
     for (int y = 0; y < count; ++y) {
         uint8_t *row = rows.bytes + y * rows.stride;
-        wmemset(reinterpret_cast<wchar_t *>(row), static_cast<wchar_t>(word), length / 4);
+        fillLongRow(row, length / 4, word);
         memcpy(row + length / 4 * 4, &word, length % 4);
     }
 }
@@ -216,42 +300,15 @@ void andXorRows(ByteRows rows, size_t length, int count, uint32_t keep, uint32_t
     }
 }
 
-// Rows of medium length are copied by straight code for the number of their blocks. The rows to come are
-// asked for early: a processor does not foresee them when they begin on other pages.
-template <size_t blocks>
-ALWAYS_INLINE void copyRowsOfBlocks(ByteRows rows, ConstByteRows source, size_t length, int count)
-{
-    constexpr int ahead = 4;
-    for (int y = 0; y < count; ++y, rows.bytes += rows.stride, source.bytes += source.stride) {
-#pragma GCC unroll 16
-        for (size_t block = 0; block <= blocks; ++block)
-            __builtin_prefetch(source.bytes + ahead * source.stride + block * blockSize);
-#pragma GCC unroll 16
-        for (size_t block = 0; block < blocks; ++block)
-            memcpy(rows.bytes + block * blockSize, source.bytes + block * blockSize, blockSize);
-        memcpy(rows.bytes + length - blockSize, source.bytes + length - blockSize, blockSize);
-    }
-}
-
-template <size_t... blocks>
-ALWAYS_INLINE void copyRowsByBlocks(ByteRows rows, ConstByteRows source, size_t length, int count,
-                                    std::index_sequence<blocks...>)
-{
-    size_t wanted = (length - 1) / blockSize;
-    (void)((wanted == blocks && (copyRowsOfBlocks<blocks>(rows, source, length, count), true)) || ...);
-}
-
-constexpr size_t mostBlocks = 16;
-
 WIN32_FOR_EACH_PROCESSOR
 static void copyMediumRows(ByteRows rows, ConstByteRows source, size_t length, int count)
 {
-    copyRowsByBlocks(rows, source, length, count, std::make_index_sequence<mostBlocks>());
+    runByBlocks(CopyOfBlocks{rows, source, length, count}, std::make_index_sequence<mostBlocks>());
 }
 
 void copyRows(ByteRows rows, ConstByteRows source, size_t length, int count)
 {
-    if (length >= blockSize && length <= mostBlocks * blockSize)
+    if (isMedium(length))
         return copyMediumRows(rows, source, length, count);
     // Rows that join without a gap, in both places; within one surface the whole may overlap then.
     if (rows.stride == source.stride && rows.stride == static_cast<ptrdiff_t>(length)) {

@@ -36,7 +36,7 @@ Outcome setPixel(HDC context, int x, int y, COLORREF color, COLORREF &result)
 
 } // namespace
 
-COLORREF WINAPI GetPixel(HDC context, int x, int y)
+COLORREF GetPixel(HDC context, int x, int y)
 {
     DeviceContext *dc = findContext(context);
     if (!dc)
@@ -47,14 +47,14 @@ COLORREF WINAPI GetPixel(HDC context, int x, int y)
     return colorOf(dc->surface, readPixel(dc->surface, point.x, point.y));
 }
 
-COLORREF WINAPI SetPixel(HDC context, int x, int y, COLORREF color)
+COLORREF SetPixel(HDC context, int x, int y, COLORREF color)
 {
     COLORREF result = CLR_INVALID;
     setPixel(context, x, y, color, result);
     return result;
 }
 
-BOOL WINAPI SetPixelV(HDC context, int x, int y, COLORREF color)
+BOOL SetPixelV(HDC context, int x, int y, COLORREF color)
 {
     COLORREF result;
     return setPixel(context, x, y, color, result) != Outcome::NoContext;

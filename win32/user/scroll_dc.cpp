@@ -91,7 +91,7 @@ void movePixels(Drawing &drawing, const Scroll &scroll)
 
 } // namespace
 
-BOOL WINAPI ScrollDC(HDC context, int x, int y, const RECT *area, const RECT *clip, HRGN update, LPRECT updateBox)
+BOOL ScrollDC(HDC context, int x, int y, const RECT *area, const RECT *clip, HRGN update, LPRECT updateBox)
 {
     Drawing drawing(context);
     if (!drawing)

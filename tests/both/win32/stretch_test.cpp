@@ -8,7 +8,7 @@ using namespace raster;
 TEST(StretchBlt, EachModeTakesItsSourcePixels)
 {
     forFormats(allFormats(), [](const CanvasFormat &format, std::mt19937 &random) {
-        Canvas canvas(width, height, format), source(61, 23, format);
+        Canvas canvas(usual.width, usual.height, format), source(61, 23, format);
         for (int mode : {BLACKONWHITE, WHITEONBLACK, COLORONCOLOR})
             for (int trial = 0; trial < 30 && !testing::Test::HasFailure(); ++trial)
                 checkStretch(canvas, source, random, mode, trial % 3 ? SRCCOPY : SRCINVERT, Sources::Whole);
@@ -24,12 +24,29 @@ TEST(StretchBlt, PixelsWithoutASourceStay)
     EXPECT_EQ(canvas.rows({{0, '.'}, {1, '1'}, {2, '2'}, {3, '3'}}), std::vector<std::string>{"...112233..."});
 }
 
+TEST(StretchBlt, DoublesPixelsThatAreCutByTheClip)
+{
+    Canvas canvas(8, 1, 32), source(5, 1, 32);
+    source.setPixels({1, 2, 3, 4, 5});
+    SetStretchBltMode(canvas.dc, COLORONCOLOR);
+    auto digits = [&canvas] { return canvas.rows({{0, '.'}, {1, '1'}, {2, '2'}, {3, '3'}, {4, '4'}, {5, '5'}}); };
+    ASSERT_TRUE(StretchBlt(canvas.dc, -1, 0, 10, 1, source.dc, 0, 0, 5, 1, SRCCOPY));
+    EXPECT_EQ(digits(), std::vector<std::string>{"12233445"});
+    canvas.clear();
+    ASSERT_TRUE(StretchBlt(canvas.dc, 7, 0, -10, 1, source.dc, 4, 0, -5, 1, SRCCOPY));
+    EXPECT_EQ(digits(), std::vector<std::string>{"22334455"});
+    canvas.clear();
+    ASSERT_TRUE(StretchBlt(canvas.dc, -1, 0, 10, 1, source.dc, 4, 0, -5, 1, SRCCOPY));
+    EXPECT_EQ(digits(), std::vector<std::string>{"54433221"});
+}
+
 TEST(StretchBlt, ColorsAreConvertedBeforePixelsAreMerged)
 {
     forFormats(allFormats(), [](const CanvasFormat &format, std::mt19937 &random) {
         if (format.depth == 8)
             return;
-        Canvas canvas(width, height, format), colored(61, 23, 32), monochrome(61, 23, CanvasFormat::monochrome());
+        Canvas canvas(usual.width, usual.height, format), colored(61, 23, 32),
+            monochrome(61, 23, CanvasFormat::monochrome());
         SetBkColor(colored.dc, RGB(255, 255, 255));
         for (int mode : {BLACKONWHITE, WHITEONBLACK, COLORONCOLOR})
             for (int trial = 0; trial < 10 && !testing::Test::HasFailure(); ++trial) {

@@ -57,6 +57,16 @@ TEST(RasterLayer, ShortMemoryForABrushLeavesPixelsAsTheyAre)
     DeleteObject(hatch);
 }
 
+TEST(RasterLayer, RowsWiderThanAnyBufferAreDrawnWhole)
+{
+    std::vector<CanvasFormat> formats = allFormats();
+    checkPatterns(formats, wide);
+    checkMovesOverItself(formats, wide);
+    for (const CanvasFormat &from : {formats[0], formats[2], formats[4], formats[6]})
+        checkConversions(from, formats, wide);
+    checkSources({formats[1], formats[6], formats[7]}, Brushes::All, wide);
+}
+
 TEST(RasterLayer, PixelsOutsideTheClipAreNotThere)
 {
     Canvas canvas(4, 1, 32);

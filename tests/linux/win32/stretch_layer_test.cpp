@@ -11,7 +11,7 @@ using namespace raster;
 TEST(StretchLayer, SourcesMayBePartlyMissingAndDestinationsSmallInAllModes)
 {
     forFormats(allFormats(), [](const CanvasFormat &format, std::mt19937 &random) {
-        Canvas canvas(width, height, format), source(41, 12, format);
+        Canvas canvas(usual.width, usual.height, format), source(41, 12, format);
         for (int mode : {BLACKONWHITE, WHITEONBLACK, COLORONCOLOR})
             for (int trial = 0; trial < 30 && !testing::Test::HasFailure(); ++trial)
                 checkStretch(canvas, source, random, mode, SRCCOPY, Sources::PartlyMissing, 1);
