@@ -146,11 +146,11 @@ BOOL DrawEdge(HDC context, LPRECT rect, UINT edge, UINT flags)
         gdi::Box box = painter.boxOf(*rect);
         bool isDrawn = drawEdge(painter, box, edge, flags);
         if (flags & BF_ADJUST) {
-            int layers = !!(edge & BDR_OUTER) + !!(edge & BDR_INNER);
-            rect->left += flags & BF_LEFT ? layers : 0;
-            rect->top += flags & BF_TOP ? layers : 0;
-            rect->right -= flags & BF_RIGHT ? layers : 0;
-            rect->bottom -= flags & BF_BOTTOM ? layers : 0;
+            int rings = !!(edge & BDR_OUTER) + !!(edge & BDR_INNER);
+            rect->left += flags & BF_LEFT ? rings : 0;
+            rect->top += flags & BF_TOP ? rings : 0;
+            rect->right -= flags & BF_RIGHT ? rings : 0;
+            rect->bottom -= flags & BF_BOTTOM ? rings : 0;
         }
         return isDrawn ? TRUE : FALSE;
     });

@@ -19,6 +19,11 @@ namespace win32::user {
 
 // A message from another thread, which waits for the answer.
 struct SentMessage {
+    SentMessage(HWND to, UINT number, WPARAM first, LPARAM second, MessageQueue *from)
+        : window(to), message(number), wParam(first), lParam(second), sender(from)
+    {
+    }
+
     HWND window;
     UINT message;
     WPARAM wParam;

@@ -10,6 +10,13 @@
 
 namespace {
 
+int timerCalls;
+
+void CALLBACK countTimer(HWND, UINT, UINT_PTR, DWORD)
+{
+    ++timerCalls;
+}
+
 class Messages : public testing::Test {
 protected:
     void SetUp() override { TestWindows::drain(); }
@@ -169,13 +176,12 @@ TEST_F(Messages, TimersComeAgainAndAgainUntilTheyAreKilled)
 
 TEST_F(Messages, TimerProceduresAreCalledByDispatch)
 {
-    static int calls;
-    calls = 0;
-    SetTimer(frame_, 1, 10, [](HWND, UINT, UINT_PTR, DWORD) { ++calls; });
+    timerCalls = 0;
+    SetTimer(frame_, 1, 10, countTimer);
     MSG message;
     ASSERT_TRUE(GetMessageA(&message, frame_, WM_TIMER, WM_TIMER));
     DispatchMessageA(&message);
-    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(timerCalls, 1);
     KillTimer(frame_, 1);
 }
 

@@ -20,6 +20,21 @@ static std::ostream &operator<<(std::ostream &out, const RECT &rect)
 
 namespace {
 
+BOOL CALLBACK collectWindow(HWND window, LPARAM list)
+{
+    reinterpret_cast<std::vector<HWND> *>(list)->push_back(window);
+    return TRUE;
+}
+
+int countedCalls;
+WNDPROC procedureBefore;
+
+LRESULT CALLBACK countingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    ++countedCalls;
+    return CallWindowProcA(procedureBefore, window, message, wParam, lParam);
+}
+
 class Windows : public testing::Test {
 protected:
     RECT rectOf(HWND window, HWND parent = nullptr)
@@ -99,13 +114,7 @@ TEST_F(Windows, ChildrenComeBelowTheOthersAndMoveInTheOrder)
     EXPECT_EQ(GetWindow(b, GW_HWNDPREV), c);
     EXPECT_EQ(GetWindow(b, GW_HWNDLAST), a);
     std::vector<HWND> visited;
-    EnumChildWindows(
-        frame_,
-        [](HWND window, LPARAM list) -> BOOL {
-            reinterpret_cast<std::vector<HWND> *>(list)->push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&visited));
+    EnumChildWindows(frame_, collectWindow, reinterpret_cast<LPARAM>(&visited));
     EXPECT_EQ(visited, (std::vector<HWND>{c, b, a}));
 }
 
@@ -208,18 +217,13 @@ TEST_F(Windows, KeepLongsTextsPropertiesAndProcedures)
     EXPECT_TRUE(SetPropA(child, "some KEY", reinterpret_cast<HANDLE>(2)));
     EXPECT_EQ(RemovePropA(child, "Some key"), reinterpret_cast<HANDLE>(2));
     EXPECT_EQ(GetPropA(child, "Some key"), nullptr);
-    static int calls;
-    calls = 0;
-    static WNDPROC before;
-    WNDPROC replacement = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
-        ++calls;
-        return CallWindowProcA(before, window, message, wParam, lParam);
-    };
-    before = reinterpret_cast<WNDPROC>(SetWindowLongPtrA(child, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(replacement)));
+    countedCalls = 0;
+    procedureBefore = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(child, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(countingProcedure)));
     SendMessageA(child, WM_NULL, 0, 0);
-    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(countedCalls, 1);
     EXPECT_EQ(windows_.notedOf(child, {WM_NULL}).size(), 1u);
-    SetWindowLongPtrA(child, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(before));
+    SetWindowLongPtrA(child, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedureBefore));
 }
 
 TEST_F(Windows, ClassesKeepExtraBytesAndCannotGoWithTheirWindows)
