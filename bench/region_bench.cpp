@@ -140,7 +140,7 @@ void ellipseOurs(benchmark::State &state)
     pairs::beyond("PtInRegion, 1000 boxes / pixman", 20),
     pairs::within("CreateRectRgn and DeleteObject", 100),
     pairs::within("CreatePolygonRgn, 5 points, 420 rows", 10000),
-    pairs::within("CreateEllipticRgn, 400 by 400", 5000),
+    pairs::within("CreateEllipticRgn, 400 by 400", 10000),
 };
 
 BENCHMARK_CAPTURE(combineOurs, , RGN_AND)->Name("CombineRgn AND, 1000 boxes / pixman/ours");
