@@ -67,7 +67,7 @@ __declspec(dllimport) void Win32Control_AnswerMessageBoxes(Win32MessageBoxAnswer
 
 // How many handles are open in the process, of all kinds: for tests that look for leaks.
 __declspec(dllimport) DWORD Win32Control_OpenHandles(void);
-// Bytes and blocks held by GlobalAlloc and HeapAlloc.
+// Bytes and blocks held by GlobalAlloc, HeapAlloc and bitmaps.
 __declspec(dllimport) void Win32Control_HeldMemory(SIZE_T *bytes, SIZE_T *blocks);
 
 // How many graphics objects the process may have; 0 is the usual 10,000.

@@ -63,22 +63,6 @@ Bitmap *createSectionLike(const Bitmap &model, int64_t width, int64_t height)
     return createDibSection(dib);
 }
 
-// The size that a header of either kind tells. False when it is of no kind or tells of no bitmap.
-bool readSize(const BITMAPINFOHEADER *header, int64_t &width, int64_t &height)
-{
-    if (header && header->biSize == sizeof(BITMAPCOREHEADER)) {
-        auto core = reinterpret_cast<const BITMAPCOREHEADER *>(header);
-        width = core->bcWidth;
-        height = core->bcHeight;
-        return true;
-    }
-    if (!header || !isInfoHeaderSize(header->biSize) || header->biWidth < 0)
-        return false;
-    width = header->biWidth;
-    height = magnitude(header->biHeight);
-    return true;
-}
-
 bool hasGray(const ColorTable &table, int index, BYTE level)
 {
     const RGBQUAD &color = table.colors[index];
@@ -172,7 +156,7 @@ HBITMAP CreateDIBitmap(HDC context, const BITMAPINFOHEADER *header, DWORD init, 
     DeviceContext *dc = context ? findContext(context) : nullptr;
     if (context && !dc)
         return nullptr;
-    if (!readSize(header, width, height) || usage > DIB_PAL_COLORS || ((init & CBM_INIT) && !bits))
+    if (!readDibSize(header, width, height) || usage > DIB_PAL_COLORS || ((init & CBM_INIT) && !bits))
         return fail(ERROR_INVALID_PARAMETER, HBITMAP{});
     if (width == 0 || height == 0)
         return handleOf(defaultBitmap());

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 
@@ -38,6 +39,8 @@ private:
 
 // The longer header of another system, which has the same fields first.
 constexpr DWORD osHeaderSize = 64;
+// Old headers with the masks inside.
+constexpr DWORD maskedHeaderSize = 52, alphaHeaderSize = 56;
 
 // What the fixed header says beyond the fields that all kinds have.
 struct HeaderKind {
@@ -53,10 +56,10 @@ bool kindOf(DWORD size, HeaderKind &kind)
     case sizeof(BITMAPCOREHEADER): kind = {size, true, false}; return true;
     case sizeof(BITMAPINFOHEADER):
     case osHeaderSize: kind = {size, false, false}; return true;
-    case 52:
-    case 56:
-    case 108:
-    case 124: kind = {size, false, true}; return true;
+    case maskedHeaderSize:
+    case alphaHeaderSize:
+    case sizeof(BITMAPV4HEADER):
+    case sizeof(BITMAPV5HEADER): kind = {size, false, true}; return true;
     default: return false;
     }
 }
@@ -228,6 +231,17 @@ bool isInfoHeaderSize(DWORD size)
 {
     HeaderKind kind;
     return kindOf(size, kind) && !kind.isCore;
+}
+
+bool readDibSize(const BITMAPINFOHEADER *header, int64_t &width, int64_t &height)
+{
+    HeaderKind kind;
+    BITMAPINFOHEADER copy;
+    if (!header || !readHeader({header, unknownSize}, kind, copy) || copy.biWidth < 0)
+        return false;
+    width = copy.biWidth;
+    height = std::abs(int64_t{copy.biHeight});
+    return true;
 }
 
 Surface Dib::surfaceOf(const void *bits, int lines) const

@@ -28,6 +28,10 @@ struct Dib {
 // Whether a header of this size, other than a core header, is one that is understood.
 bool isInfoHeaderSize(DWORD size);
 
+// The size that a header tells, 0 where it is empty; the height without its sign. False for a header of unknown
+// size or a negative width.
+bool readDibSize(const BITMAPINFOHEADER *header, int64_t &width, int64_t &height);
+
 // Reads a header with its masks and colours. False, with ERROR_INVALID_PARAMETER, for what no caller can
 // mean: unknown sizes, depths, compressions, masks, dimensions whose pixels could not be addressed.
 // DIB_PAL_COLORS are looked up in the palette; without one they are refused.

@@ -56,7 +56,7 @@ bool copyPattern(Brush &brush, const Bitmap &bitmap)
 bool copyDibPattern(Brush &brush, const void *packedDib, UINT usage)
 {
     // Nobody tells the block's size, so what would put the pixels far away is not believed.
-    constexpr int64_t farthestPixels = 124 + 256 * sizeof(RGBQUAD);
+    constexpr int64_t farthestPixels = sizeof(BITMAPV5HEADER) + 256 * sizeof(RGBQUAD);
     constexpr int64_t unknownSize = std::numeric_limits<int64_t>::max();
     Dib dib;
     if (!readPackedDib(packedDib, unknownSize, usage, stock::defaultPalette(), dib))
