@@ -1,6 +1,6 @@
 # Reads the library's list of exports and writes the linker's view of it: a module definition file
 # for Windows, a version script for Linux. A line is "name" or "name DATA"; one with another
-# word, such as "name GDI", is there only with MTBX_HAS_GDI.
+# word, such as "name COMMDLG", is there only with MTBX_HAS_COMMDLG.
 
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/exports.list")
 

@@ -14,9 +14,7 @@
 #include <mtbx/Gestalt.h>
 #include <mtbx/LowMem.h>
 #include <mtbx/MTBXEnvironment.h>
-#if __has_include(<wingdi.h>)
 #include <mtbx/MTBXGdi.h>
-#endif
 #include <mtbx/MTBXGlobals.h>
 #include <mtbx/MTBXMemory.h>
 #include <mtbx/MacErrors.h>
