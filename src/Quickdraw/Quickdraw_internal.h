@@ -64,6 +64,8 @@ inline void unselectPortFont(GrafPort &port)
 // hWndMain.
 extern HWND (*modalOwnerCall)();
 
+// Gives a port its context, with its origin, brush, font, bitmap and colours selected there.
+void MTBX_TakeContext(GrafPort &port);
 // Takes a port's brush and font out of its context; a window's is released.
 void MTBX_GiveBackContext(GrafPort &port);
 
