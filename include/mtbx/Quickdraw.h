@@ -597,6 +597,26 @@ MTBX_API void OpColor(const RGBColor *color);
    never refreshed. It belongs to the library. */
 MTBX_API CTabHandle GetBevelColorsFromSystem(void);
 
+/* Copies the pixels of a rectangle, scaled to the other rectangle's size. An image is a port, as
+   GetPortBitMapForCopyBits gives it, with rectangles in its own coordinates; a dereferenced PixMap, with
+   rectangles in the coordinates of its bounds; or, as the source only, a bitmap of one bit a pixel. Pixels
+   outside of the source are not copied. Colours become those of the destination; there is no dithering.
+
+   Modes 1 and 9 combine the pixels by OR, 2 and 34 by XOR, 7 by AND; 3 keeps what is not set in the
+   source, 5 combines by OR with the source inverted, 27 paints white. All others copy: notSrcCopy does
+   not invert, and there is no arithmetic. Between two images of one bit, 34 takes all of both if they
+   are of one size.
+
+   The mask limits what is drawn, in the destination's coordinates; null for none. A port is also limited
+   by its clip, a PixMap by the mask alone. A window has pixels to read only while it is current, and only
+   one-bit images and the setting "UseStretchBlt" read them. When memory is short nothing is drawn.
+
+   With graphics hooks in the current port, copies to that port go to its bitsProc. */
+MTBX_API void CopyBits(const BitMap *source, const BitMap *destination, const Rect *sourceRect,
+                       const Rect *destinationRect, SInt16 mode, RgnHandle mask);
+/* Kept as a flag, which no copy looks at. Gives the former value. */
+MTBX_API Boolean MTBX_EnableCopyBitsDirectDraw(Boolean enable);
+
 /* These do nothing. */
 MTBX_API void SetDeviceAttribute(GDHandle device, SInt16 attribute, Boolean value);
 MTBX_API void QDFlushPortBuffer(CGrafPtr port, RgnHandle rgn);

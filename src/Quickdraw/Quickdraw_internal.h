@@ -102,6 +102,9 @@ bool MTBX_RoundRectHook(GrafVerb verb, const Rect *rect, SInt16 ovalWidth, SInt1
 bool MTBX_OvalHook(GrafVerb verb, const Rect *rect);
 bool MTBX_PolyHook(GrafVerb verb, PolyHandle poly);
 bool MTBX_RegionHook(GrafVerb verb, RgnHandle rgn);
+// For a copy to the current port; to other images the hook is not called.
+bool MTBX_BitsHook(const BitMap *source, const BitMap *destination, const Rect *sourceRect,
+                   const Rect *destinationRect, SInt16 mode, RgnHandle mask);
 
 // Regions that ports and windows of minimal mode take instead of regions of their own; never disposed
 // with them.
