@@ -30,6 +30,13 @@ void setPatternBits(const Pattern &pattern)
     SetBitmapBits(patternBitmap, sizeof rows, rows);
 }
 
+// In force until the bits are set for another pattern.
+LOGBRUSH describe(const Pattern &pattern)
+{
+    setPatternBits(pattern);
+    return {BS_PATTERN, 0, reinterpret_cast<ULONG_PTR>(patternBitmap)};
+}
+
 bool isPatternBrush(HGDIOBJ brush)
 {
     LOGBRUSH description = {};
@@ -92,9 +99,16 @@ HBRUSH MTBX_NewPatternBrush(const Pattern &pattern)
 {
     if (!patternBitmap)
         return nullptr;
-    setPatternBits(pattern);
-    LOGBRUSH description = {BS_PATTERN, 0, reinterpret_cast<ULONG_PTR>(patternBitmap)};
+    LOGBRUSH description = describe(pattern);
     return MTBX_CreateBrushIndirect(&description);
+}
+
+HPEN MTBX_NewPatternPen(const Pattern &pattern, SInt16 width)
+{
+    if (!patternBitmap)
+        return nullptr;
+    LOGBRUSH description = describe(pattern);
+    return MTBX_ExtCreatePen(PS_GEOMETRIC, static_cast<DWORD>(width), &description, 0, nullptr);
 }
 
 void PenPat(const Pattern *pattern)
