@@ -25,12 +25,11 @@ void InvertOval(const Rect *rect)
         return;
     Rect outset = *rect;
     MacInsetRect(&outset, -1, -1);
-    PenState state;
-    GetPenState(&state);
-    PenNormal();
+    constexpr Pattern white = {{0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}};
+    FillPatternScope fill(&white);
+    PenSize(1, 1);
     PenMode(srcXor);
     PaintOval(&outset);
-    SetPenState(&state);
 }
 
 void FillOval(const Rect *rect, const Pattern *pattern)
@@ -56,8 +55,8 @@ void InvertRoundRect(const Rect *rect, SInt16 ovalWidth, SInt16 ovalHeight)
     RgnHandle rgn = NewRgn();
     if (!rgn)
         return;
-    HRGN shape = MTBX_CreateRoundRectRgn(rect->left, rect->top, rect->right + 1, rect->bottom + 1, ovalWidth,
-                                         ovalHeight);
+    HRGN shape =
+        MTBX_CreateRoundRectRgn(rect->left, rect->top, rect->right + 1, rect->bottom + 1, ovalWidth, ovalHeight);
     if (shape) {
         replaceNativeRegion(rgn, shape);
         MacInvertRgn(rgn);

@@ -73,21 +73,19 @@ private:
     int former_;
 };
 
-// The pen of the current port with its pattern, put back at the end of the scope. The pattern passed is in
-// force in between.
+// Another pattern in the current port for the time of a scope, at whose end the pen is as before. The port's own
+// brush is kept meanwhile, so that getting it back needs no new one.
 class FillPatternScope {
 public:
-    explicit FillPatternScope(const Pattern *pattern)
-    {
-        GetPenState(&state_);
-        PenPat(pattern);
-    }
-    ~FillPatternScope() { SetPenState(&state_); }
+    explicit FillPatternScope(const Pattern *pattern);
+    ~FillPatternScope();
     FillPatternScope(const FillPatternScope &) = delete;
     FillPatternScope &operator=(const FillPatternScope &) = delete;
 
 private:
+    GrafPtr port_;
     PenState state_{};
+    HBRUSH ownBrush_ = nullptr;
 };
 
 // Above 0 between OpenPoly2 and ClosePoly2, while lines go to the context's path.
