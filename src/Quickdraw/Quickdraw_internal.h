@@ -88,6 +88,14 @@ inline COLORREF cutColor(const RGBColor &color)
 // deletes it.
 HBRUSH MTBX_NewPatternBrush(const Pattern &pattern);
 
+// A pen of that width, from 0, that draws the pattern likewise; for diagonal lines. Null when GDI refuses it.
+HPEN MTBX_NewPatternPen(const Pattern &pattern, SInt16 width);
+
+inline bool isXorMode(SInt16 penMode)
+{
+    return penMode == srcXor || penMode == patXor;
+}
+
 // The raster operation of PatBlt for a pen mode.
 DWORD MTBX_PatternRaster(SInt16 penMode);
 // The raster mode of lines and shapes that stands for the exclusive-or modes.
