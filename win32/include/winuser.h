@@ -748,6 +748,12 @@ typedef struct tagINPUT {
     };
 } INPUT, *LPINPUT;
 
+/* The high word of a key message's lParam. */
+#define KF_EXTENDED 0x0100
+#define KF_ALTDOWN 0x2000
+#define KF_REPEAT 0x4000
+#define KF_UP 0x8000
+
 #define VK_LBUTTON 0x01
 #define VK_RBUTTON 0x02
 #define VK_CANCEL 0x03
