@@ -6,7 +6,8 @@
 #include "CopySettings_internal.h"
 #include "PixelFormats_internal.h"
 #include "PixelOrder_internal.h"
-#include "RowBytes_internal.h"
+
+#include "Quickdraw/RowBytes_internal.h"
 
 #include <algorithm>
 #include <cstdlib>

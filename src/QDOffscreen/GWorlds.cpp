@@ -2,9 +2,9 @@
 #include "WorldBitmaps_internal.h"
 #include "WorldSizes_internal.h"
 
-#include "MacWindows/WindowRecords_internal.h"
-#include "Quickdraw/Quickdraw_internal.h"
+#include "MacWindows/MacWindows_internal.h"
 #include "Quickdraw/Regions_internal.h"
+#include "Quickdraw/RowBytes_internal.h"
 
 #include <mtbx/MTBXEnvironment.h>
 #include <mtbx/MTBXGlobals.h>
@@ -24,12 +24,15 @@ private:
     SInt16 former_;
 };
 
+// A window's record that is in no list.
 GWorldPtr newWorldRecord(SInt16 depth, const Rect &rect)
 {
     ScreenDepth scope(depth);
-    GWorldPtr world = MTBX_NewWindowRecord(rect, false);
+    GWorldPtr world = NewCWindow(nullptr, &rect, nullptr, false, 0, nullptr, false, 0);
     if (!world)
         return nullptr;
+    MTBX_UnlinkWindow(world);
+    recordOf(world).nextWindow = nullptr;
     constexpr SInt16 withoutPortMark = static_cast<SInt16>(0xBFFF);
     (*world->portPixMap)->rowBytes &= withoutPortMark;
     world->portOffscreen = 1;
@@ -86,7 +89,7 @@ void DisposeGWorld(GWorldPtr world)
         MacSetPort(nullptr);
     if (PixMapPtr map = pixMapOf(*world))
         disposeWorldPixels(*map);
-    MTBX_DisposeWindowRecord(world);
+    DisposeWindow(world);
 }
 
 void GetGWorld(CGrafPtr *port, GDHandle *device)
@@ -113,6 +116,11 @@ GDHandle GetGWorldDevice(GWorldPtr)
 PixMapHandle GetGWorldPixMap(GWorldPtr world)
 {
     return world->portPixMap;
+}
+
+SInt32 GetPixRowBytes(PixMapHandle pixMap)
+{
+    return rowBytesOf(**pixMap);
 }
 
 GWorldFlags GetPixelsState(PixMapHandle)

@@ -1,9 +1,8 @@
 // Changing the format of pixels: the bytes of deep ones, the colour table of the others.
 #include "PixelFormats_internal.h"
 
-#include "RowBytes_internal.h"
-
 #include "Quickdraw/Quickdraw_internal.h"
+#include "Quickdraw/RowBytes_internal.h"
 
 #include <mtbx/MacErrors.h>
 

@@ -3,7 +3,7 @@
 
 #include "Quickdraw/GdiGuard_internal.h"
 #include "Quickdraw/Quickdraw_internal.h"
-#include "RowBytes_internal.h"
+#include "Quickdraw/RowBytes_internal.h"
 #include "WorldBitmaps_internal.h"
 
 #include <mtbx/MTBXGlobals.h>
@@ -51,7 +51,7 @@ Pixels takeOutBitmap(PixMap &map)
     return {bitmap, map.baseAddr, std::abs(map.pmHeight), rowBytesOf(map)};
 }
 
-bool setRowSize(PixMap &map)
+bool setRowSize(PixMapHandle handle)
 {
     struct {
         BITMAPINFOHEADER header;
@@ -59,10 +59,13 @@ bool setRowSize(PixMap &map)
     } description = {};
     BITMAPINFOHEADER &header = description.header;
     header.biSize = sizeof header;
-    bool isDescribed = GetDIBits(map.pmDC, map.pmBitmap, 0, 0, nullptr, reinterpret_cast<BITMAPINFO *>(&description),
-                                 DIB_RGB_COLORS)
+    bool isDescribed = GetDIBits((*handle)->pmDC, (*handle)->pmBitmap, 0, 0, nullptr,
+                                 reinterpret_cast<BITMAPINFO *>(&description), DIB_RGB_COLORS)
                        && header.biHeight != 0;
-    return isDescribed && setRowBytes(map, header.biSizeImage / static_cast<UInt32>(std::abs(header.biHeight)));
+    if (!isDescribed)
+        return false;
+    auto rows = static_cast<DWORD>(std::abs(header.biHeight));
+    return MTBX_SetRowBytes(handle, static_cast<SInt32>(header.biSizeImage / rows));
 }
 
 void setSizes(PixMap &map, SInt16 width, SInt16 height)
@@ -90,10 +93,11 @@ void copyRows(const Pixels &from, const PixMap &to)
 }
 
 // The old bitmap goes once the new one has its rows.
-bool replaceBitmap(PixMap &map, Pixels &old, SInt16 width, SInt16 height)
+bool replaceBitmap(PixMapHandle handle, Pixels &old, SInt16 width, SInt16 height)
 {
+    PixMap &map = **handle;
     map.pmBitmap = createWorldBitmap(map.pmDC, width, height, map.pixelSize, map);
-    if (!map.pmBitmap || !setRowSize(map))
+    if (!map.pmBitmap || !setRowSize(handle))
         return false;
     setSizes(map, width, height);
     copyRows(old, map);
@@ -156,7 +160,7 @@ bool sizeWorld(GWorldPtr world, SInt16 depth, const Rect &rect)
     Pixels old = takeOutBitmap(map);
     map.pixelSize = depth ? depth : gbits_per_pixel;
     map.pmPersistentDC = 1;
-    if (!replaceBitmap(map, old, width, height)) {
+    if (!replaceBitmap(world->portPixMap, old, width, height)) {
         giveUpPixels(world, old.bitmap);
         return false;
     }

@@ -118,24 +118,37 @@ protected:
             qd.thePort = nullptr;
     }
 
+    void drawInWindow(WindowPtr window)
+    {
+        pixMapOf(window).pmWindow = other;
+        SizeWindow(window, 60, 60, true);
+        MacSetPort(window);
+        PenPat(&stripes);
+        PenMode(patXor);
+        Rect corner = ltrb(44, 44, 60, 60);
+        InvalWindowRect(window, &corner);
+        BeginUpdate(window);
+        ClipRect(&corner);
+        DrawGrowIcon(window);
+        EndUpdate(window);
+        pixMapOf(window).pmWindow = nullptr;
+    }
+
     void visitWindows()
     {
-        WindowRecord record{};
-        OpenCPort(&record.port);
-        if (QDError() == 0) {
-            pixMapOf(&record.port).pmWindow = other;
-            MacSetPort(&record.port);
-            PenPat(&stripes);
-            PenMode(patXor);
-        }
+        Rect bounds = ltrb(0, 0, 60, 60);
+        const UInt8 title[] = {1, 'w'};
+        WindowPtr window = NewCWindow(nullptr, &bounds, title, false, documentProc, nullptr, false, 0);
+        if (window)
+            drawInWindow(window);
         GrafPtr desktop = nullptr;
         GetWMgrPort(&desktop);
+        Point point = {30, 30};
+        WindowPtr found = nullptr;
+        MacFindWindow(point, &found);
         if (desktop)
             MacSetPort(desktop);
-        leave(&record.port);
-        if (record.port.portPixMap)
-            pixMapOf(&record.port).pmWindow = nullptr;
-        CloseCPort(&record.port);
+        DisposeWindow(window);
     }
 
     void visitBasicPort()
