@@ -12,6 +12,7 @@
 #include <mtbx/Files.h>
 #include <mtbx/FixMath.h>
 #include <mtbx/Folders.h>
+#include <mtbx/Fonts.h>
 #include <mtbx/Gestalt.h>
 #include <mtbx/LowMem.h>
 #include <mtbx/MTBXEnvironment.h>
@@ -27,6 +28,7 @@
 #include <mtbx/Processes.h>
 #include <mtbx/QDOffscreen.h>
 #include <mtbx/Quickdraw.h>
+#include <mtbx/QuickdrawText.h>
 #include <mtbx/Resources.h>
 #include <mtbx/Script.h>
 #include <mtbx/TextEdit.h>

@@ -6,6 +6,7 @@
 #include "Quickdraw/GdiGuard_internal.h"
 #include "Quickdraw/Quickdraw_internal.h"
 #include "Scrap/ClipboardFormats_internal.h"
+#include "Text/Text_internal.h"
 
 #include <mtbx/Displays.h>
 #include <mtbx/Files.h>
@@ -142,6 +143,7 @@ void InitGraf(void *)
     if (isStarted)
         MTBX_ShutdownGraf();
     isStarted = true;
+    MTBX_StartText();
     measureScreen();
     MTBX_StartClipping();
     MTBX_StartSharedRegions();
@@ -153,6 +155,7 @@ void InitGraf(void *)
 void MTBX_ShutdownGraf()
 {
     isStarted = false;
+    MTBX_StopText();
     closeFirstPort();
     MTBX_ClearIndexedFileNameCache();
     closeDesktopPort();
