@@ -63,14 +63,25 @@ SInt16 findVolume(const char *name)
     return 0;
 }
 
+// The host's grow-zone function may run meanwhile and enter volumes, so the table is made before it is searched.
+bool makeTable()
+{
+    if (volumes)
+        return true;
+    Handle made = NewHandle(0);
+    if (volumes)
+        DisposeHandle(made);
+    else
+        volumes = made;
+    return volumes != nullptr;
+}
+
 SInt16 addVolume(const char *name)
 {
-    Size size = (volumeCount + 1) * static_cast<Size>(sizeof(Volume));
-    if (!volumes)
-        volumes = NewHandle(size);
-    else
-        SetHandleSize(volumes, size);
-    if (!volumes || MemError() != noErr)
+    if (volumeCount == INT16_MAX)
+        return 0;
+    SetHandleSize(volumes, (volumeCount + 1) * static_cast<Size>(sizeof(Volume)));
+    if (MemError() != noErr)
         return 0;
     memcpy(volumeArray()[volumeCount].name, name, strlen(name) + 1);
     return ++volumeCount;
@@ -223,6 +234,8 @@ SInt16 MTBX_VolumeRefFromPath(const char *path)
     if (isRelative)
         GetCurrentDirectoryA(sizeof current, current);
     volumeName(isRelative ? current : path, name);
+    if (!makeTable())
+        return 0;
     SInt16 found = findVolume(name);
     return found ? found : addVolume(name);
 }
