@@ -1,5 +1,6 @@
 // Volumes: drives and network shares, numbered as they are first seen, and the room on them.
 #include "Files_internal.h"
+#include "QuietErrors.h"
 
 #include <mtbx/MacErrors.h>
 #include <mtbx/MacMemory.h>
@@ -196,17 +197,6 @@ bool driveNumber(SInt16 number, char *name)
     return *drive != 0;
 }
 
-class ErrorModeScope {
-public:
-    ErrorModeScope() : previous_(SetErrorMode(SEM_FAILCRITICALERRORS)) {}
-    ~ErrorModeScope() { SetErrorMode(previous_); }
-    ErrorModeScope(const ErrorModeScope &) = delete;
-    ErrorModeScope &operator=(const ErrorModeScope &) = delete;
-
-private:
-    UINT previous_;
-};
-
 // Settles which volume is meant. nsvErr past the last drive.
 OSErr chooseVolume(HVolumeParam &volume)
 {
@@ -287,7 +277,7 @@ OSErr PBHGetVInfoSync(HParmBlkPtr paramBlock)
     volume.ioVAlBlkSiz = 0;
     if (volume.ioVolIndex != 0)
         return noErr;
-    ErrorModeScope noDialogs;
+    QuietErrors noDialogs;
     Room room;
     volume.ioResult = roomOf(name, room);
     if (volume.ioResult == noErr)
