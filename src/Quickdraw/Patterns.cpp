@@ -92,9 +92,12 @@ HBRUSH MTBX_NewPatternBrush(const Pattern &pattern)
 {
     if (!patternBitmap)
         return nullptr;
-    setPatternBits(pattern);
-    LOGBRUSH description = {BS_PATTERN, 0, reinterpret_cast<ULONG_PTR>(patternBitmap)};
-    return MTBX_CreateBrushIndirect(&description);
+    // The bits are set for each try: between two of them the host's grow-zone function may have used the bitmap.
+    return createGuarded("CreateBrushIndirect(a)", [&] {
+        setPatternBits(pattern);
+        LOGBRUSH description = {BS_PATTERN, 0, reinterpret_cast<ULONG_PTR>(patternBitmap)};
+        return CreateBrushIndirect(&description);
+    });
 }
 
 void PenPat(const Pattern *pattern)
