@@ -196,9 +196,11 @@ void giveBack(WindowContext &context)
 
 void releaseContextsOf(Window &window)
 {
+    bool hadAny = false;
     for (const auto &context : contexts()) {
         if (context->window != window.hwnd())
             continue;
+        hadAny = true;
         // A cached context that the program still holds stays its own, on nothing.
         if (context->flags & ownFlags) {
             context->flags = 0;
@@ -207,7 +209,8 @@ void releaseContextsOf(Window &window)
         if (!context->isInUse)
             context->window = nullptr;
     }
-    visibilityChanged();
+    if (hadAny)
+        visibilityChanged();
 }
 
 HDC paintContext(Window &window, const pixman_region32_t &update)
