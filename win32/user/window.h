@@ -12,6 +12,7 @@
 namespace win32::user {
 
 class MessageQueue;
+class WindowContext;
 
 struct WindowProperty {
     ATOM name;
@@ -92,7 +93,7 @@ public:
     bool isDestroyed = false;  // its destruction has begun
     bool isActiveFrame = false; // how the caption is shown
     HWND lastActivePopup = nullptr; // maybe of a window that is no more
-    HDC ownContext = nullptr; // CS_OWNDC
+    WindowContext *firstContext = nullptr; // of those that the window has or had last
     int captionButtonDown = 0;
 };
 
