@@ -1,5 +1,6 @@
 // Ending windows.
 #include "caret.h"
+#include "clipboard.h"
 #include "focus.h"
 #include "kernel/kernel_internal.h"
 #include "message_queue.h"
@@ -16,6 +17,7 @@ namespace {
 
 void sendToTree(HWND handle, UINT message)
 {
+    clipboard::ownerIsEnding(handle);
     sendMessage(handle, message, 0, 0);
     std::vector<HWND> children;
     {
@@ -47,6 +49,7 @@ void release(HWND handle)
         window->queue->forget(handle);
     forgetTimers(handle);
     forgetCaret(handle);
+    clipboard::forget(handle);
     releaseContextsOf(*window);
     removeObject(window.get());
     --window->windowClass->windowCount;
