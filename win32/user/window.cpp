@@ -47,6 +47,7 @@ Window *desktop()
     static Window *made = [] {
         Window *root = makeRoot(MAKEINTATOM(32769), gdi::rectOf(screen::surface().box()));
         root->style |= WS_VISIBLE;
+        fillWithDesktop(gdi::RegionValue(screen::surface().box()));
         return root;
     }();
     return made;
