@@ -25,6 +25,7 @@
 #include <mtbx/MacWindows.h>
 #include <mtbx/OSUtils.h>
 #include <mtbx/Palettes.h>
+#include <mtbx/Pictures.h>
 #include <mtbx/Processes.h>
 #include <mtbx/QDOffscreen.h>
 #include <mtbx/Quickdraw.h>

@@ -1,6 +1,7 @@
 // Start and end of the graphics layer, which reach into all its managers.
 #include "Display/Display_internal.h"
 #include "MacWindows/MacWindows_internal.h"
+#include "Pictures/Pictures_internal.h"
 #include "QDOffscreen/CopySettings_internal.h"
 #include "Quickdraw/ColorTables_internal.h"
 #include "Quickdraw/GdiGuard_internal.h"
@@ -150,11 +151,13 @@ void InitGraf(void *)
     openFirstPort();
     startEnvironment();
     MTBX_ReadCopySettings();
+    MTBX_StartCursors();
 }
 
 void MTBX_ShutdownGraf()
 {
     isStarted = false;
+    MTBX_StopCursors();
     MTBX_StopText();
     closeFirstPort();
     MTBX_ClearIndexedFileNameCache();
