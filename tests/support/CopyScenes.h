@@ -14,17 +14,20 @@ inline int between(std::mt19937 &random, int low, int high)
     return low + int(random() % unsigned(high - low + 1));
 }
 
-// The same colours for all worlds of 8 bits: black, white at the end, and none near to these.
-inline std::vector<RGBQUAD> colorTable()
+// The same colours for all worlds of a depth: black, white at the end, and none near to these.
+inline std::vector<RGBQUAD> colorTable(int depth)
 {
-    std::vector<RGBQUAD> table(256);
+    std::vector<RGBQUAD> table(1u << depth);
     std::mt19937 random(5);
     for (RGBQUAD &entry : table)
         entry = {BYTE(between(random, 40, 215)), BYTE(between(random, 40, 215)), BYTE(between(random, 40, 215)), 0};
     table[0] = {0, 0, 0, 0};
-    table[255] = {255, 255, 255, 0};
+    table.back() = {255, 255, 255, 0};
     return table;
 }
+
+// Where the settings let GDI know of the order of masks.
+inline bool gdiKnowsMasks = false;
 
 enum class Kind { PlainBitmap, PixMap, Port, Window };
 
@@ -53,8 +56,8 @@ public:
         width = w;
         height = h;
         kind = as;
-        if (worldDepth == 8)
-            SetDIBColorTable(world.context(), 0, 256, colorTable().data());
+        if (worldDepth == 4 || worldDepth == 8)
+            SetDIBColorTable(world.context(), 0, 1u << worldDepth, colorTable(worldDepth).data());
     }
 
     const BitMap *bits() override { return kind == Kind::Port ? world.asPort() : world.asPixMap(); }
@@ -146,13 +149,13 @@ public:
         BitBlt(copy.context(), 0, 0, width, height, window.context(), corner.h, corner.v, SRCCOPY);
         std::vector<UInt32> result = copy.pixels();
         for (UInt32 &pixel : result)
-            pixel &= 0xFFFFFF;
+            pixel = inCopy(pixel) & 0xFFFFFF;
         return result;
     }
     void setPixels(const std::vector<UInt32> &pixels) override
     {
         for (size_t i = 0; i < pixels.size(); ++i)
-            copy.setPixel(int(i) % width, int(i) / width, pixels[i]);
+            copy.setPixel(int(i) % width, int(i) / width, inCopy(pixels[i]));
         BitBlt(window.context(), corner.h, corner.v, width, height, copy.context(), 0, 0, SRCCOPY);
     }
     HDC context() override { return window.context(); }
@@ -164,16 +167,23 @@ public:
 
     PortWindow &window;
     World copy;
+
+private:
+    static UInt32 inCopy(UInt32 pixel) { return gdiKnowsMasks ? __builtin_bswap32(pixel) : pixel; }
 };
 
 // 0x00RRGGBB of a pixel as GDI sees it.
 inline UInt32 colorOf(int depth, UInt32 pixel)
 {
-    static const std::vector<RGBQUAD> table = colorTable();
+    static const std::vector<RGBQUAD> tables[] = {colorTable(4), colorTable(8)};
+    auto fromTable = [pixel](const std::vector<RGBQUAD> &table) {
+        return UInt32{table[pixel].rgbRed} << 16 | UInt32{table[pixel].rgbGreen} << 8 | table[pixel].rgbBlue;
+    };
     auto wide = [](UInt32 five) { return five << 3 | five >> 2; };
     switch (depth) {
     case 1: return pixel ? 0xFFFFFF : 0;
-    case 8: return UInt32{table[pixel].rgbRed} << 16 | UInt32{table[pixel].rgbGreen} << 8 | table[pixel].rgbBlue;
+    case 4: return fromTable(tables[0]);
+    case 8: return fromTable(tables[1]);
     case 16: return wide(pixel >> 10 & 31) << 16 | wide(pixel >> 5 & 31) << 8 | wide(pixel & 31);
     default: return pixel & 0xFFFFFF;
     }
@@ -184,6 +194,7 @@ inline UInt32 pixelOf(int depth, UInt32 color)
 {
     switch (depth) {
     case 1: return color != 0;
+    case 4: return color ? 15 : 0;
     case 8: return color ? 255 : 0;
     case 16: return (color >> 9 & 0x7C00) | (color >> 6 & 0x3E0) | (color >> 3 & 0x1F);
     default: return color;
@@ -255,13 +266,14 @@ public:
 private:
     bool isStretched() const { return scene_.width != scene_.sourceWidth || scene_.height != scene_.sourceHeight; }
     // Sources of other depths do not know of reversed destinations.
-    bool isSwapped() const { return destination_.isReversed() && source_.depth() == 32; }
+    bool isSwapped() const { return destination_.isReversed() && (gdiKnowsMasks || source_.depth() == 32); }
     UInt32 bits() const
     {
-        bool hasAlpha = source_.depth() == 32 && destination_.depth() == 32 && destination_.kind != Kind::Window
+        bool hasAlpha = !gdiKnowsMasks && source_.depth() == 32 && destination_.depth() == 32 && destination_.kind != Kind::Window
                         && combined(scene_.mode, 1, 0) == 1 && combined(scene_.mode, 0, 1) == 0;
         switch (destination_.depth()) {
         case 1: return 1;
+        case 4: return 0xF;
         case 8: return 0xFF;
         case 16: return 0x7FFF;
         default: return hasAlpha ? ~0u : isSwapped() ? 0xFFFFFF00 : 0xFFFFFF;
@@ -318,11 +330,11 @@ inline std::vector<UInt32> randomPixels(const Image &image, int depth, std::mt19
 // Conversion to a table is left to the layer's own tests: black and white are enough to see the place.
 inline void fillRandom(Image &source, Image &destination, std::mt19937 &random)
 {
-    bool isPlain = destination.depth() <= 8 && source.depth() > destination.depth();
+    bool isPlain = destination.depth() <= 8 && source.depth() != destination.depth();
     std::vector<UInt32> pixels = randomPixels(source, source.depth(), random);
     for (UInt32 &pixel : pixels) {
         if (isPlain)
-            pixel = source.depth() == 8 ? (pixel & 1 ? 255 : 0) : pixel & 1 ? (source.depth() == 16 ? 0x7FFF : ~0u) : 0;
+            pixel = pixel & 1 ? (1ull << source.depth()) - 1 : 0;
     }
     source.setPixels(pixels);
     destination.setPixels(randomPixels(destination, destination.depth(), random));
