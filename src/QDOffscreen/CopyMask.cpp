@@ -1,5 +1,5 @@
 // CopyMask: a copy whose mask is a bitmap.
-#include "CopyImages_internal.h"
+#include "CopyClip_internal.h"
 
 #include "Quickdraw/Quickdraw_internal.h"
 
@@ -42,21 +42,25 @@ private:
 // on the way back.
 class ClipExchange {
 public:
-    ClipExchange(GrafPort &port, RgnHandle clip) : port_(port), former_(std::exchange(port.clipRgn, clip))
+    ClipExchange(GrafPort &port, RgnHandle clip)
+        : port_(port), former_(std::exchange(port.clipRgn, clip)), isDone_(computeClip(port, nullptr))
     {
-        MTBX_ComputePortClip(port_, nullptr);
     }
     ~ClipExchange()
     {
         port_.clipRgn = former_;
-        MTBX_ComputePortClip(port_, nullptr);
+        computeClip(port_, nullptr);
     }
     ClipExchange(const ClipExchange &) = delete;
     ClipExchange &operator=(const ClipExchange &) = delete;
 
+    // False when the context has its clip as before.
+    bool isDone() const { return isDone_; }
+
 private:
     GrafPort &port_;
     RgnHandle former_;
+    bool isDone_;
 };
 
 bool hasHook(const BitMap *destination)
@@ -106,6 +110,8 @@ void CopyMask(const BitMap *source, const BitMap *mask, const BitMap *destinatio
     if (EmptyRgn(region))
         return;
     ClipExchange exchange(*port, region);
+    if (!exchange.isDone())
+        return;
     EraseRgn(region);
     CopyBits(source, destination, sourceRect, destinationRect, srcCopy, nullptr);
 }

@@ -40,12 +40,14 @@ HDC newScreenContext()
     return context;
 }
 
-// The bitmap of the former size, out of the context; the caller owns it.
+// The bitmap of the former size, out of the context; the caller owns it. The world is without one then,
+// should the host look at it from its grow-zone function.
 Pixels takeOutBitmap(PixMap &map)
 {
     if (!map.pmOldBitmap)
         return {};
     auto bitmap = static_cast<HBITMAP>(SelectObject(map.pmDC, map.pmOldBitmap));
+    map.pmBitmap = nullptr;
     if (bitmap == map.pmOldBitmap)
         return {};
     return {bitmap, map.baseAddr, std::abs(map.pmHeight), rowBytesOf(map)};
