@@ -66,8 +66,7 @@ private:
 bool hasHook(const BitMap *destination)
 {
     GrafPtr port = qd.thePort;
-    return port && port->grafProcs && port->grafProcs->bitsProc
-           && destination == GetPortBitMapForCopyBits(port);
+    return port && port->grafProcs && port->grafProcs->bitsProc && destination == GetPortBitMapForCopyBits(port);
 }
 
 // The hook gets the mask where it lies in the source.

@@ -46,7 +46,10 @@ public:
     Point corner{}; // the coordinates of the first pixel
     Kind kind;
 
-    Rect rect(int x, int y, int w, int h) const { return ltrb(corner.h + x, corner.v + y, corner.h + x + w, corner.v + y + h); }
+    Rect rect(int x, int y, int w, int h) const
+    {
+        return ltrb(corner.h + x, corner.v + y, corner.h + x + w, corner.v + y + h);
+    }
 };
 
 class WorldImage : public Image {
@@ -237,8 +240,8 @@ struct Scene {
 
 inline std::ostream &operator<<(std::ostream &out, const Scene &s)
 {
-    return out << "from " << s.sourceX << "," << s.sourceY << " size " << s.sourceWidth << "," << s.sourceHeight << " to "
-               << s.x << "," << s.y << " size " << s.width << "," << s.height << " mode " << s.mode
+    return out << "from " << s.sourceX << "," << s.sourceY << " size " << s.sourceWidth << "," << s.sourceHeight
+               << " to " << s.x << "," << s.y << " size " << s.width << "," << s.height << " mode " << s.mode
                << (s.isInMask.empty() ? "" : " masked");
 }
 
@@ -269,8 +272,9 @@ private:
     bool isSwapped() const { return destination_.isReversed() && (gdiKnowsMasks || source_.depth() == 32); }
     UInt32 bits() const
     {
-        bool hasAlpha = !gdiKnowsMasks && source_.depth() == 32 && destination_.depth() == 32 && destination_.kind != Kind::Window
-                        && combined(scene_.mode, 1, 0) == 1 && combined(scene_.mode, 0, 1) == 0;
+        bool hasAlpha = !gdiKnowsMasks && source_.depth() == 32 && destination_.depth() == 32
+                        && destination_.kind != Kind::Window && combined(scene_.mode, 1, 0) == 1
+                        && combined(scene_.mode, 0, 1) == 0;
         switch (destination_.depth()) {
         case 1: return 1;
         case 4: return 0xF;
@@ -386,9 +390,16 @@ inline std::vector<uintptr_t> stateOf(HDC context)
     GetClipBox(context, &box);
     POINT origin;
     GetWindowOrgEx(context, &origin);
-    std::vector<uintptr_t> state{uintptr_t(box.left), uintptr_t(box.top), uintptr_t(box.right), uintptr_t(box.bottom),
-                                 uintptr_t(origin.x), uintptr_t(origin.y), uintptr_t(GetStretchBltMode(context)),
-                                 GetTextColor(context), GetBkColor(context), uintptr_t(GetROP2(context))};
+    std::vector<uintptr_t> state{uintptr_t(box.left),
+                                 uintptr_t(box.top),
+                                 uintptr_t(box.right),
+                                 uintptr_t(box.bottom),
+                                 uintptr_t(origin.x),
+                                 uintptr_t(origin.y),
+                                 uintptr_t(GetStretchBltMode(context)),
+                                 GetTextColor(context),
+                                 GetBkColor(context),
+                                 uintptr_t(GetROP2(context))};
     for (UINT type : {OBJ_BITMAP, OBJ_BRUSH, OBJ_PEN, OBJ_FONT})
         state.push_back(reinterpret_cast<uintptr_t>(GetCurrentObject(context, type)));
     return state;
@@ -411,8 +422,8 @@ inline void checkCopy(Image &source, Image &destination, std::mt19937 &random)
     CopyBits(source.bits(), destination.bits(), &from, &to, scene.mode, mask);
     if (mask)
         DisposeRgn(mask);
-    SCOPED_TRACE(testing::Message() << "depth " << source.depth() << (source.isReversed() ? " reversed" : "") << " kind "
-                                    << int(source.kind) << " to " << destination.depth()
+    SCOPED_TRACE(testing::Message() << "depth " << source.depth() << (source.isReversed() ? " reversed" : "")
+                                    << " kind " << int(source.kind) << " to " << destination.depth()
                                     << (destination.isReversed() ? " reversed" : "") << " kind "
                                     << int(destination.kind) << " " << scene);
     ASSERT_NO_FATAL_FAILURE(slow.check(destination.pixels()));
