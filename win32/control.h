@@ -83,6 +83,8 @@ __declspec(dllimport) DWORD Win32Control_GdiCreationsCounted(void);
 __declspec(dllimport) BOOL Win32Control_SetScreenMode(LPCSTR mode);
 // Pictures as PNG files under a Win32 path: of the screen, of a part of it, of a bitmap.
 __declspec(dllimport) BOOL Win32Control_SaveScreen(LPCSTR path, const RECT *part);
+// The same with the cursor, when it shows.
+__declspec(dllimport) BOOL Win32Control_SaveScreenWithCursor(LPCSTR path, const RECT *part);
 __declspec(dllimport) BOOL Win32Control_SaveBitmap(LPCSTR path, HBITMAP bitmap);
 
 // Everything back to normal; the screen keeps its mode.

@@ -195,6 +195,9 @@ MTBX_API RgnHandle GetGrayRgn(void);
 MTBX_API void GetWMgrPort(GrafPtr *port);
 MTBX_API void GetCWMgrPort(CGrafPtr *port);
 
+/* Inverts the region in the current port for a tenth of a second, if a debugger has switched that on. */
+MTBX_API void MTBX_FlashRgn(RgnHandle rgn);
+
 /* These do nothing: frames are the system's. */
 MTBX_API void PaintOne(WindowPtr window, RgnHandle clobberedRgn);
 MTBX_API void CalcVisBehind(WindowPtr startWindow, RgnHandle clobberedRgn);

@@ -4,6 +4,7 @@
 #include "Shapes_internal.h"
 
 #include <mtbx/MTBXEnvironment.h>
+#include <mtbx/MTBXGlobals.h>
 
 #include <cstring>
 #include <utility>
@@ -116,16 +117,22 @@ HBRUSH MTBX_NewPatternBrush(const Pattern &pattern)
 {
     if (!patternBitmap)
         return nullptr;
-    LOGBRUSH description = describe(pattern);
-    return MTBX_CreateBrushIndirect(&description);
+    // The bits are set for each try: between two of them the host's grow-zone function may have used the bitmap.
+    return createGuarded("CreateBrushIndirect(a)", [&] {
+        LOGBRUSH description = describe(pattern);
+        return CreateBrushIndirect(&description);
+    });
 }
 
 HPEN MTBX_NewPatternPen(const Pattern &pattern, SInt16 width)
 {
     if (!patternBitmap)
         return nullptr;
-    LOGBRUSH description = describe(pattern);
-    return MTBX_ExtCreatePen(PS_GEOMETRIC, static_cast<DWORD>(width), &description, 0, nullptr);
+    auto create = [&] {
+        LOGBRUSH description = describe(pattern);
+        return ExtCreatePen(PS_GEOMETRIC, static_cast<DWORD>(width), &description, 0, nullptr);
+    };
+    return gWin95 ? create() : createGuarded("ExtCreatePen(a, b, c, d, e)", create);
 }
 
 void PenPat(const Pattern *pattern)

@@ -646,6 +646,39 @@ WINUSERAPI DWORD WINAPI MsgWaitForMultipleObjectsEx(DWORD count, const HANDLE *o
 WINUSERAPI UINT WINAPI RegisterWindowMessageA(LPCSTR name);
 WINUSERAPI UINT WINAPI RegisterClipboardFormatA(LPCSTR name);
 #define RegisterClipboardFormat RegisterClipboardFormatA
+
+// The clipboard. A handle that it is given belongs to it; a null one promises the data until WM_RENDERFORMAT.
+#define CF_TEXT 1
+#define CF_BITMAP 2
+#define CF_METAFILEPICT 3
+#define CF_SYLK 4
+#define CF_DIF 5
+#define CF_TIFF 6
+#define CF_OEMTEXT 7
+#define CF_DIB 8
+#define CF_PALETTE 9
+#define CF_PENDATA 10
+#define CF_RIFF 11
+#define CF_WAVE 12
+#define CF_UNICODETEXT 13
+#define CF_ENHMETAFILE 14
+#define CF_HDROP 15
+#define CF_LOCALE 16
+#define CF_PRIVATEFIRST 0x0200
+#define CF_PRIVATELAST 0x02FF
+#define CF_GDIOBJFIRST 0x0300
+#define CF_GDIOBJLAST 0x03FF
+WINUSERAPI BOOL WINAPI OpenClipboard(HWND window);
+WINUSERAPI BOOL WINAPI CloseClipboard(void);
+WINUSERAPI BOOL WINAPI EmptyClipboard(void);
+WINUSERAPI HANDLE WINAPI SetClipboardData(UINT format, HANDLE data);
+WINUSERAPI HANDLE WINAPI GetClipboardData(UINT format);
+WINUSERAPI BOOL WINAPI IsClipboardFormatAvailable(UINT format);
+WINUSERAPI UINT WINAPI EnumClipboardFormats(UINT format);
+WINUSERAPI int WINAPI CountClipboardFormats(void);
+WINUSERAPI HWND WINAPI GetClipboardOwner(void);
+WINUSERAPI HWND WINAPI GetOpenClipboardWindow(void);
+
 WINUSERAPI UINT_PTR WINAPI SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
 WINUSERAPI BOOL WINAPI KillTimer(HWND window, UINT_PTR id);
 

@@ -204,6 +204,11 @@ void wakeForInput(ThreadState &thread)
     thread.wake.notify_all();
 }
 
+bool isWaitingForInput(const ThreadState &thread)
+{
+    return thread.isWaitingForInput.load();
+}
+
 } // namespace win32
 
 using namespace win32;

@@ -42,5 +42,7 @@ DWORD waitForObjectsOrInput(const HANDLE *objects, DWORD count, bool all, DWORD 
                             const InputWait &input);
 // To be called after a change of what an InputWait looks at. Costs next to nothing when the thread does not wait.
 void wakeForInput(ThreadState &thread);
+// Whether the thread is in such a wait now.
+bool isWaitingForInput(const ThreadState &thread);
 
 } // namespace win32

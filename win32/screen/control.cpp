@@ -4,6 +4,7 @@
 #include "gdi/bitmap.h"
 #include "kernel/kernel_internal.h"
 #include "kernel/paths.h"
+#include "picture.h"
 #include "png_file.h"
 #include "screen.h"
 #include "user/window.h"
@@ -12,11 +13,12 @@ using namespace win32;
 
 namespace {
 
-BOOL savePicture(LPCSTR path, const gdi::Surface &surface, const gdi::Box &part)
+BOOL saveScreen(LPCSTR path, const RECT *part, screen::WithCursor withCursor)
 {
     return guarded(FALSE, [&]() -> BOOL {
         std::string unixName;
-        return unixPath(path, unixName) && screen::writePng(unixName, surface, part);
+        gdi::Box whole = screen::surface().box();
+        return unixPath(path, unixName) && screen::savePicture(unixName, part ? gdi::boxOf(*part) : whole, withCursor);
     });
 }
 
@@ -34,12 +36,19 @@ BOOL Win32Control_SetScreenMode(LPCSTR mode)
 
 BOOL Win32Control_SaveScreen(LPCSTR path, const RECT *part)
 {
-    const gdi::Surface &surface = screen::surface();
-    return savePicture(path, surface, part ? gdi::boxOf(*part) : surface.box());
+    return saveScreen(path, part, screen::WithCursor::No);
+}
+
+BOOL Win32Control_SaveScreenWithCursor(LPCSTR path, const RECT *part)
+{
+    return saveScreen(path, part, screen::WithCursor::Yes);
 }
 
 BOOL Win32Control_SaveBitmap(LPCSTR path, HBITMAP handle)
 {
-    gdi::Bitmap *bitmap = gdi::find<gdi::Bitmap>(handle);
-    return bitmap && savePicture(path, bitmap->surface, bitmap->surface.box());
+    return guarded(FALSE, [&]() -> BOOL {
+        std::string unixName;
+        gdi::Bitmap *bitmap = gdi::find<gdi::Bitmap>(handle);
+        return bitmap && unixPath(path, unixName) && screen::writePng(unixName, bitmap->surface, bitmap->surface.box());
+    });
 }

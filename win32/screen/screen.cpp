@@ -1,35 +1,29 @@
 #include "screen.h"
 
+#include "damage.h"
+#include "display.h"
 #include "kernel/kernel_internal.h"
-
-#include <sys/mman.h>
+#include "replay_player.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <iterator>
-#include <new>
+#include <memory>
+#include <mutex>
 
 namespace win32::screen {
 namespace {
 
 using gdi::Box;
-using gdi::isEmpty;
 
 constexpr const char *defaultMode = "1024x768x32";
 constexpr int mostPixels = 1 << 26;
 
-class Damage final : public gdi::DamageListener {
-public:
-    void damaged(const Box &box) override { area = isEmpty(area) ? box : gdi::united(area, box); }
-
-    Box area{};
-};
-
 struct Screen {
     ~Screen() { free(surface.bits); }
 
+    std::string mode;
     gdi::Surface surface;
     gdi::ColorTable colors;
     std::vector<Monitor> monitors;
@@ -89,6 +83,21 @@ bool readMode(const std::string &text, std::vector<MonitorMode> &modes)
     return place[-1] == 0;
 }
 
+// One text for all spellings of a mode; empty for none.
+std::string spelledOut(const std::string &text)
+{
+    std::vector<MonitorMode> modes;
+    if (!readMode(text, modes))
+        return {};
+    std::string result;
+    for (const MonitorMode &mode : modes) {
+        result += (result.empty() ? "" : ",") + std::to_string(mode.width) + "x" + std::to_string(mode.height);
+        if (&mode == &modes.front())
+            result += "x" + std::to_string(mode.depth ? mode.depth : 32);
+    }
+    return result;
+}
+
 gdi::PixelFormat formatOf(int depth)
 {
     return depth == 16 ? gdi::bitfieldsFormat(16, 0xf800, 0x07e0, 0x001f)
@@ -102,6 +111,7 @@ std::unique_ptr<Screen> makeScreen(const std::string &text)
     if (!readMode(text, modes))
         return nullptr;
     auto screen = std::make_unique<Screen>();
+    screen->mode = spelledOut(text);
     gdi::Surface &surface = screen->surface;
     int64_t width = 0;
     for (const MonitorMode &mode : modes) {
@@ -122,9 +132,16 @@ std::unique_ptr<Screen> makeScreen(const std::string &text)
     fillSystemColors(screen->colors);
     if (surface.format.layout == gdi::PixelLayout::Index8)
         surface.colors = &screen->colors;
-    surface.listener = &screen->damage;
-    screen->damage.area = surface.box();
+    if (wantsDisplay())
+        surface.listener = &screen->damage;
     return screen;
+}
+
+// Held while the screen is exchanged, and by threads that do not draw.
+std::mutex &exchanging()
+{
+    static auto *made = new std::mutex;
+    return *made;
 }
 
 // Never destroyed: whoever draws may do so to the end of the process.
@@ -132,9 +149,13 @@ std::unique_ptr<Screen> &current()
 {
     static auto made = [] {
         const char *asked = getenv("WIN32_SCREEN");
+        std::string ofReplay = asked ? std::string() : replayedScreenMode();
+        if (!ofReplay.empty())
+            asked = ofReplay.c_str();
         std::unique_ptr<Screen> screen = asked ? makeScreen(asked) : nullptr;
         if (asked && !screen)
-            fprintf(stderr, "WIN32_SCREEN is no screen mode: \"%s\"; using %s\n", asked, defaultMode);
+            fprintf(stderr, "%s is no screen mode: \"%s\"; using %s\n", ofReplay.empty() ? "WIN32_SCREEN" : "The replay's",
+                    asked, defaultMode);
         if (!screen)
             screen = makeScreen(defaultMode);
         return new std::unique_ptr<Screen>(std::move(screen));
@@ -167,8 +188,31 @@ bool setMode(const std::string &mode)
     // Contexts on the screen of before keep its pixels; they draw where nobody sees it.
     static auto &retired = *new std::vector<std::unique_ptr<Screen>>;
     retired.reserve(retired.size() + 1);
-    retired.push_back(std::exchange(current(), std::move(screen)));
+    std::unique_ptr<Screen> &place = current();
+    std::lock_guard lock(exchanging());
+    retired.push_back(std::exchange(place, std::move(screen)));
+    place->damage.damaged(place->surface.box());
     return true;
+}
+
+gdi::Surface surfaceNow()
+{
+    std::unique_ptr<Screen> &place = current();
+    std::lock_guard lock(exchanging());
+    return place->surface;
+}
+
+Size screenSize()
+{
+    gdi::Surface surface = surfaceNow();
+    return {surface.width, surface.height};
+}
+
+std::string modeText()
+{
+    std::unique_ptr<Screen> &place = current();
+    std::lock_guard lock(exchanging());
+    return place->mode;
 }
 
 void beep()
@@ -190,9 +234,16 @@ void swapButtons(bool isSwapped)
     isRightButtonFirst = isSwapped;
 }
 
-Box takeDamage()
+bool isScreenMode(const std::string &text)
 {
-    return std::exchange(current()->damage.area, Box{});
+    return spelledOut(text) == modeText();
+}
+
+DamagedBoxes takeDamage()
+{
+    std::unique_ptr<Screen> &place = current();
+    std::lock_guard lock(exchanging());
+    return place->damage.take();
 }
 
 } // namespace win32::screen

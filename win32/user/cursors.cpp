@@ -3,7 +3,9 @@
 
 #include "kernel/kernel_internal.h"
 #include "message_queue.h"
+#include "screen/display.h"
 #include "system_cursors.h"
+#include "visibility.h"
 
 #include <memory>
 
@@ -65,12 +67,13 @@ Cursor *findCursor(HCURSOR handle)
     return static_cast<Cursor *>(findUserObject(handle, UserObjectType::Cursor));
 }
 
-// The thread in front says what shows.
+// The thread in front says what shows, but over the desktop, which belongs to none.
 Cursor *shownCursor()
 {
     UserLock lock;
     MessageQueue *queue = MessageQueue::foreground;
-    if (!queue)
+    bool isOverDesktop = queue && !queue->capture && windowAt(cursorPosition())->isDesktop();
+    if (!queue || isOverDesktop)
         return findCursor(LoadCursorA(nullptr, IDC_ARROW));
     return queue->cursorLevel >= 0 ? findCursor(queue->cursor) : nullptr;
 }
@@ -126,8 +129,14 @@ HCURSOR LoadCursorA(HINSTANCE module, LPCSTR name)
 
 HCURSOR SetCursor(HCURSOR handle)
 {
-    UserLock lock;
-    return std::exchange(MessageQueue::current().cursor, handle);
+    HCURSOR old;
+    {
+        UserLock lock;
+        old = std::exchange(MessageQueue::current().cursor, handle);
+    }
+    if (old != handle)
+        screen::cursorChanged();
+    return old;
 }
 
 HCURSOR GetCursor()
@@ -137,6 +146,11 @@ HCURSOR GetCursor()
 
 int ShowCursor(BOOL show)
 {
-    UserLock lock;
-    return MessageQueue::current().cursorLevel += show ? 1 : -1;
+    int level;
+    {
+        UserLock lock;
+        level = MessageQueue::current().cursorLevel += show ? 1 : -1;
+    }
+    screen::cursorChanged();
+    return level;
 }

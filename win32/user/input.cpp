@@ -4,6 +4,7 @@
 #include "kernel/kernel_internal.h"
 #include "message_queue.h"
 #include "mouse_tracking.h"
+#include "screen/display.h"
 #include "screen/screen.h"
 #include "visibility.h"
 
@@ -203,6 +204,12 @@ POINT cursorPosition()
     return mouse.position;
 }
 
+bool isToggled(BYTE key)
+{
+    UserLock lock;
+    return (keysNow[key] & 1) != 0;
+}
+
 WPARAM mouseKeys(const KeyStates &states)
 {
     WPARAM keys = 0;
@@ -299,9 +306,14 @@ BOOL GetCursorPos(LPPOINT point)
 
 BOOL SetCursorPos(int x, int y)
 {
-    UserLock lock;
-    moveTo(x, y);
-    deliver(newEvent(InputEvent::Kind::MouseMove, 0, 0), queueOfMouse());
+    POINT point;
+    {
+        UserLock lock;
+        moveTo(x, y);
+        deliver(newEvent(InputEvent::Kind::MouseMove, 0, 0), queueOfMouse());
+        point = mouse.position;
+    }
+    screen::pointerWasMoved(point);
     return TRUE;
 }
 

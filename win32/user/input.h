@@ -37,6 +37,8 @@ private:
 };
 
 POINT cursorPosition();
+// Whether a lock such as VK_CAPITAL is on, as all input so far has left it.
+bool isToggled(BYTE key);
 // MK_ bits of the buttons and modifiers.
 WPARAM mouseKeys(const KeyStates &states);
 // The character that a key gives with a state of the others; 0 for none, 0xFFFF for a key that only modifies.

@@ -3,6 +3,7 @@
 #include "kernel/kernel_internal.h"
 #include "kernel/waits.h"
 #include "placement.h"
+#include "screen/replay_player.h"
 #include "timers.h"
 #include "update.h"
 
@@ -53,8 +54,11 @@ bool MessageFilter::takesWindow(HWND target) const
 
 MessageQueue::MessageQueue() : threadId(GetCurrentThreadId()), thread(currentThreadState())
 {
-    UserLock lock;
-    queues()[threadId] = this;
+    {
+        UserLock lock;
+        queues()[threadId] = this;
+    }
+    screen::startReplay();
 }
 
 // A thread that ends leaves its windows to nobody: what is sent to them is answered with 0.
@@ -282,6 +286,8 @@ bool MessageQueue::next(MSG &message, const MessageFilter &filter, bool remove)
         messageTime = static_cast<LONG>(message.time);
         messagePoint = message.pt;
     }
+    if (!found && !filter.window && filter.first == 0 && filter.last == 0)
+        emptyLooks.store(emptyLooks.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
     return found;
 }
 

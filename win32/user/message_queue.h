@@ -107,6 +107,8 @@ public:
     // QS_ bits of what waits now, and of what came since they were asked for last.
     std::atomic<DWORD> currentBits{0};
     std::atomic<DWORD> changedBits{0};
+    // How often the thread looked at all that there is and found nothing.
+    std::atomic<unsigned> emptyLooks{0};
 
 private:
     bool takePosted(MSG &message, const MessageFilter &filter, bool remove);

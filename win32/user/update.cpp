@@ -91,12 +91,7 @@ void cutOutChildren(const Window &window, RegionValue &region)
 void paintDesktop(RegionValue &area)
 {
     cutOutChildren(*desktop(), area);
-    const gdi::Surface &surface = screen::surface();
-    COLORREF color = GetSysColor(COLOR_BACKGROUND);
-    gdi::ClipBoxes boxes = gdi::clipBoxesOf(area.pixels);
-    gdi::fillClipped(surface, boxes, boxes.extents, gdi::solidPaint(gdi::pixelFor(surface, color)), R2_COPYPEN);
-    if (surface.listener && boxes.count)
-        surface.listener->damaged(boxes.extents);
+    fillWithDesktop(area);
 }
 
 void invalidate(Window &window, RegionValue &area, UINT flags)
@@ -217,6 +212,16 @@ std::vector<HWND> childrenByHandle(HWND handle)
 }
 
 } // namespace
+
+void fillWithDesktop(const RegionValue &area)
+{
+    const gdi::Surface &surface = screen::surface();
+    COLORREF color = GetSysColor(COLOR_BACKGROUND);
+    gdi::ClipBoxes boxes = gdi::clipBoxesOf(area.pixels);
+    gdi::fillClipped(surface, boxes, boxes.extents, gdi::solidPaint(gdi::pixelFor(surface, color)), R2_COPYPEN);
+    if (surface.listener && boxes.count)
+        surface.listener->damaged(boxes.extents);
+}
 
 void changeUpdate(Window &window, const pixman_region32_t *region, UINT flags)
 {

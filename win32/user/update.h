@@ -11,6 +11,9 @@ struct MessageFilter;
 // screen coordinates; null means the whole window. Does not paint.
 void changeUpdate(Window &window, const pixman_region32_t *region, UINT redrawFlags);
 
+// Draws the desktop's colour on an area of the screen.
+void fillWithDesktop(const gdi::RegionValue &area);
+
 // After a change of position, order or visibility: what lay under `exposed` (screen coordinates) and shows now is
 // to be painted, in all windows below the place, with their frames.
 void exposeArea(Window &parent, const pixman_region32_t &exposed);

@@ -153,7 +153,8 @@ protected:
 
     void visitBasicPort()
     {
-        GrafPort basic{};
+        GrafPort basic;
+        memset(&basic, 0x5A, sizeof basic);
         OpenPort(&basic);
         PenPat(&stripes);
         leave(&basic);
@@ -238,6 +239,44 @@ TEST_F(GraphicsShortage, AnyRefusedMemoryIsSurvived)
     ASSERT_GT(count, 20u);
     refuseEach(count, [&](DWORD number) { refuse(number, WIN32_WITHOUT_END); });
     refuseEach(count, [&](DWORD number) { refuse(number, 2); });
+}
+
+PortInMemory *hostsPort;
+
+SInt32 drawInTheMidst(UInt64)
+{
+    Win32Control_Reset();
+    GrafPtr former = nullptr;
+    GetPort(&former);
+    MacSetPort(hostsPort->port());
+    PenPat(&qd.gray);
+    MacSetPort(former);
+    return 1;
+}
+
+TEST(DrawingHost, APatternThatIsSetInAShortageStaysTheOneAskedFor)
+{
+    NativeWindow main(0, 0, 100, 80);
+    hWndMain = main;
+    InitGraf(nullptr);
+    PortInMemory port, other;
+    hostsPort = &other;
+    MacSetPort(port.port());
+    SetGrowZoneEx(drawInTheMidst);
+    Win32Control_RefuseGdiCreations(1, 2);
+    PenPat(&stripes);
+    SetGrowZoneEx(nullptr);
+    Win32Control_Reset();
+    PatBlt(port.context(), 0, 0, 8, 2, PATCOPY);
+    EXPECT_EQ(port.pixel(0, 0), port.pixel(3, 0));
+    EXPECT_EQ(port.pixel(4, 0), port.pixel(7, 0));
+    EXPECT_NE(port.pixel(3, 0), port.pixel(4, 0));
+    EXPECT_EQ(other.port()->pnPat, qd.gray) << "the host was asked";
+    MacSetPort(nullptr);
+    DisposePort(port.release());
+    DisposePort(other.release());
+    MTBX_ShutdownGraf();
+    hWndMain = nullptr;
 }
 
 } // namespace
