@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CopyPaths_internal.h"
+#include "PixelRows_internal.h"
 
 // While the object lives, source and destination have their 32-bit pixels in the same order, as far as the
 // copy touches them.
@@ -21,7 +22,10 @@ private:
     static Change changeFor(const Copy &copy);
     void reverseArea() const;
 
+    bool isReversible(const UInt32 *masks);
+
     PixMap *map_;
+    PixelRows rows_;
     RECT area_;
     SInt32 formerFormat_;
     UInt32 formerMasks_[4];

@@ -1,12 +1,12 @@
 // Changing the format of pixels: the bytes of deep ones, the colour table of the others.
 #include "PixelFormats_internal.h"
 
+#include "PixelRows_internal.h"
+
 #include "Quickdraw/Quickdraw_internal.h"
-#include "Quickdraw/RowBytes_internal.h"
 
 #include <mtbx/MacErrors.h>
 
-#include <cstdlib>
 #include <cstring>
 
 namespace {
@@ -75,12 +75,19 @@ bool setIndexedFormat(PixMap &map, SInt32 format, const UInt32 *masks)
     return true;
 }
 
-void reverseAll(const PixMap &map)
+// False for pixels that are not 32 bits.
+bool reverseAll(const PixMap &map)
 {
-    if (!map.baseAddr)
-        return;
+    PixelRows rows;
+    if (map.pixelSize != 32)
+        return false;
+    if (!readPixelRows(map, rows))
+        return true;
+    if (rows.depth != 32)
+        return false;
     GdiFlush();
-    MTBX_ConvertBitsFast(map.baseAddr, std::abs(map.pmHeight), map.pmWidth, rowBytesOf(map));
+    MTBX_ConvertBitsFast(rows.base, rows.height, rows.width, rows.rowBytes);
+    return true;
 }
 
 bool setDirectFormat(PixMap &map, SInt32 format, const UInt32 *masks)
@@ -90,9 +97,8 @@ bool setDirectFormat(PixMap &map, SInt32 format, const UInt32 *masks)
         return false;
     if (haveSameColors(masksOf(map), target))
         return true;
-    if (map.pixelSize != 32)
+    if (!reverseAll(map))
         return false;
-    reverseAll(map);
     setMasks(map, format, target);
     return true;
 }
@@ -140,10 +146,8 @@ OSErr MTBX_SetGWorld32PixmapFormat(GWorldPtr world, SInt32 format)
     OSErr error = MTBX_GetGWorld32PixmapFormat(world, &present);
     if (error != noErr || present == format)
         return error;
-    const PixMap &map = *pixMapOfWorld(world);
     bool isKnown = format == kGWorld32AlphaFirst || format == kGWorld32BlueFirst;
-    if (!isKnown || map.pixelSize != 32)
+    if (!isKnown || !reverseAll(*pixMapOfWorld(world)))
         return paramErr;
-    reverseAll(map);
     return MTBX_AssumeGWorld32PixmapFormat(world, format);
 }

@@ -1,10 +1,12 @@
 // The bitmap of a world: made in a new size, filled from the old one, selected into the world's context.
 #include "WorldSizes_internal.h"
 
+#include "PixelRows_internal.h"
+#include "WorldBitmaps_internal.h"
+
 #include "Quickdraw/GdiGuard_internal.h"
 #include "Quickdraw/Quickdraw_internal.h"
 #include "Quickdraw/RowBytes_internal.h"
-#include "WorldBitmaps_internal.h"
 
 #include <mtbx/MTBXGlobals.h>
 
@@ -17,12 +19,10 @@ namespace {
 
 enum { directPixels = 16 };
 
-// A bitmap with its rows.
+// A bitmap with its rows, of which there may be none.
 struct Pixels {
     HBITMAP bitmap;
-    Ptr baseAddr;
-    SInt32 height;
-    SInt32 rowBytes;
+    PixelRows rows;
 };
 
 void drop(HBITMAP &bitmap)
@@ -40,15 +40,17 @@ HDC newScreenContext()
     return context;
 }
 
-// The bitmap of the former size, out of the context; the caller owns it.
+// The bitmap of the former size, out of the context; the caller owns it. The world is without one then,
+// should the host look at it from its grow-zone function.
 Pixels takeOutBitmap(PixMap &map)
 {
     if (!map.pmOldBitmap)
         return {};
-    auto bitmap = static_cast<HBITMAP>(SelectObject(map.pmDC, map.pmOldBitmap));
-    if (bitmap == map.pmOldBitmap)
-        return {};
-    return {bitmap, map.baseAddr, std::abs(map.pmHeight), rowBytesOf(map)};
+    Pixels pixels = {};
+    readPixelRows(map, pixels.rows);
+    pixels.bitmap = static_cast<HBITMAP>(SelectObject(map.pmDC, map.pmOldBitmap));
+    map.pmBitmap = nullptr;
+    return pixels.bitmap == map.pmOldBitmap ? Pixels{} : pixels;
 }
 
 bool setRowSize(PixMapHandle handle)
@@ -80,16 +82,13 @@ void setSizes(PixMap &map, SInt16 width, SInt16 height)
 }
 
 // Rows as they lie, whatever the depths.
-void copyRows(const Pixels &from, const PixMap &to)
+void copyRows(const PixelRows &from, const PixelRows &to)
 {
-    if (!from.baseAddr || !to.baseAddr)
-        return;
     GdiFlush();
-    SInt32 rowBytes = rowBytesOf(to);
-    SInt32 rows = std::min<SInt32>(from.height, to.pmHeight);
-    auto length = static_cast<size_t>(std::min(from.rowBytes, rowBytes));
+    SInt32 rows = std::min(from.height, to.height);
+    auto length = static_cast<size_t>(std::min(from.rowBytes, to.rowBytes));
     for (ptrdiff_t row = 0; row < rows; ++row)
-        memcpy(to.baseAddr + row * rowBytes, from.baseAddr + row * from.rowBytes, length);
+        memcpy(to.base + row * to.rowBytes, from.base + row * from.rowBytes, length);
 }
 
 // The old bitmap goes once the new one has its rows.
@@ -100,7 +99,9 @@ bool replaceBitmap(PixMapHandle handle, Pixels &old, SInt16 width, SInt16 height
     if (!map.pmBitmap || !setRowSize(handle))
         return false;
     setSizes(map, width, height);
-    copyRows(old, map);
+    PixelRows rows;
+    if (old.rows.base && readPixelRows(map, rows))
+        copyRows(old.rows, rows);
     drop(old.bitmap);
     auto former = static_cast<HBITMAP>(SelectObject(map.pmDC, map.pmBitmap));
     if (!former)

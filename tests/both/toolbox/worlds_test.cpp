@@ -80,8 +80,8 @@ TEST_F(Worlds, WhatCannotBeLeavesNothingBehind)
     struct {
         SInt16 depth;
         Rect bounds;
-    } const impossible[] = {{7, ltrb(0, 0, 10, 10)},      {64, ltrb(0, 0, 10, 10)},    {-1, ltrb(0, 0, 10, 10)},
-                            {32, ltrb(10, 0, 0, 10)},     {32, ltrb(0, 10, 10, 0)},    {32, ltrb(0, 0, 0, 5)},
+    } const impossible[] = {{7, ltrb(0, 0, 10, 10)},        {64, ltrb(0, 0, 10, 10)},      {-1, ltrb(0, 0, 10, 10)},
+                            {32, ltrb(10, 0, 0, 10)},       {32, ltrb(0, 10, 10, 0)},      {32, ltrb(0, 0, 0, 5)},
                             {8, ltrb(-20000, 0, 20000, 9)}, {32, ltrb(0, 0, 32767, 32767)}};
     for (const auto &each : impossible) {
         auto world = reinterpret_cast<GWorldPtr>(this);
