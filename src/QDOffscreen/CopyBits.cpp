@@ -99,8 +99,10 @@ void CopyBits(const BitMap *source, const BitMap *destination, const Rect *sourc
     if (!hasContext(target))
         return;
     std::optional<PlainBitmap> plain;
-    if (isPlainBitmap(*source))
-        origin = plain.emplace(*source, target.map->pmDC).side();
+    if (isPlainBitmap(*source)) {
+        HDC context = target.map->pmDC;
+        origin = plain.emplace(*source, context).side();
+    }
     if (!origin.map)
         return;
     Copy copy = describe(origin, target, from, to, mode);

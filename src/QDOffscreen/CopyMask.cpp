@@ -5,8 +5,6 @@
 
 #include <mtbx/MacErrors.h>
 
-#include <utility>
-
 namespace {
 
 // A region for the time of a call, null when memory is short.
@@ -42,9 +40,10 @@ private:
 // on the way back.
 class ClipExchange {
 public:
-    ClipExchange(GrafPort &port, RgnHandle clip)
-        : port_(port), former_(std::exchange(port.clipRgn, clip)), isDone_(computeClip(port, nullptr))
+    ClipExchange(GrafPort &port, RgnHandle clip) : port_(port), former_(port.clipRgn)
     {
+        port.clipRgn = clip;
+        isDone_ = computeClip(port, nullptr);
     }
     ~ClipExchange()
     {

@@ -4,11 +4,9 @@
 
 #include "CopyImages_internal.h"
 #include "CopySettings_internal.h"
-#include "PixelFormats_internal.h"
 #include "PixelOrder_internal.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -42,7 +40,7 @@ CopyOrder::Change CopyOrder::changeFor(const Copy &copy)
         return {};
     if (source.pmFormat == kPixelFormatNative)
         return {&destination, kPixelFormatNative, kNativeMasks};
-    return {&source, kPixelFormatCustom, destination.pmMasks};
+    return {&source, kPixelFormatCustom, readMasks(destination.pmMasks)};
 }
 
 CopyOrder::CopyOrder(const Copy &copy)
@@ -58,10 +56,9 @@ CopyOrder::CopyOrder(const Copy &copy)
     area_ = map_ == &copy.source ? areaOf(rows_, map_->pmDC, copy.from, copy.sourceWidth, copy.sourceHeight)
                                  : areaOf(rows_, map_->pmDC, copy.to, copy.width, copy.height);
     formerFormat_ = map_->pmFormat;
-    memcpy(formerMasks_, map_->pmMasks, sizeof formerMasks_);
+    formerMasks_ = readMasks(map_->pmMasks);
     reverseArea();
-    map_->pmFormat = change.format;
-    memcpy(map_->pmMasks, change.masks, sizeof map_->pmMasks);
+    setFormat(*map_, change.format, change.masks);
 }
 
 CopyOrder::~CopyOrder()
@@ -70,11 +67,10 @@ CopyOrder::~CopyOrder()
         return;
     GdiFlush();
     reverseArea();
-    map_->pmFormat = formerFormat_;
-    memcpy(map_->pmMasks, formerMasks_, sizeof map_->pmMasks);
+    setFormat(*map_, formerFormat_, formerMasks_);
 }
 
-bool CopyOrder::isReversible(const UInt32 *masks)
+bool CopyOrder::isReversible(const ChannelMasks &masks)
 {
     return map_->pixelSize == 32 && readPixelRows(*map_, rows_) && rows_.depth == 32
            && !haveSameColors(masksOf(*map_), masks);

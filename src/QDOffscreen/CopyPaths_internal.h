@@ -22,7 +22,8 @@ struct Copy {
 
 DWORD rasterOperationOf(SInt16 transferMode);
 
-// From the memory of the source, which has rows to copy. Nothing comes of a source that has none of its own, as a window.
+// From the memory of the source, which has rows to copy. Nothing comes of a source that has none of its own, as a
+// window.
 void copyFromMemory(const Copy &copy);
 void copyBetweenContexts(const Copy &copy);
 // Where a side has one bit a pixel.

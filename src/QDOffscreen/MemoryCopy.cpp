@@ -39,7 +39,7 @@ Span limited(Span span, LONG size)
 bool canMoveAsTheyLie(const Copy &copy)
 {
     return !copySettings.useBitfieldsIfPossible && copy.source.pixelSize == copy.destination.pixelSize
-           && copy.source.pixelSize == 32 && haveSameColors(copy.source, copy.destination);
+           && copy.source.pixelSize == 32 && haveSameColors(masksOf(copy.source), masksOf(copy.destination));
 }
 
 void describeColors(const Copy &copy, Picture &picture)

@@ -13,7 +13,7 @@ namespace {
 
 // The places of red, green, blue and alpha among the four bytes of a colour.
 struct BytePlaces {
-    explicit BytePlaces(const UInt32 *masks)
+    explicit BytePlaces(const ChannelMasks &masks)
     {
         for (int channel = 0; channel < 4; ++channel)
             of[channel] = placeOf(masks[channel]);
@@ -41,7 +41,7 @@ RGBQUAD permuted(const RGBQUAD &entry, const BytePlaces &present, const BytePlac
     return result;
 }
 
-void permuteColorTable(const PixMap &map, const UInt32 *present, const UInt32 *target)
+void permuteColorTable(const PixMap &map, const ChannelMasks &present, const ChannelMasks &target)
 {
     if (!map.pmDC || map.pixelSize < 1)
         return;
@@ -56,12 +56,6 @@ void permuteColorTable(const PixMap &map, const UInt32 *present, const UInt32 *t
         SelectObject(map.pmDC, former);
 }
 
-void setMasks(PixMap &map, SInt32 format, const UInt32 *masks)
-{
-    memmove(map.pmMasks, masks, sizeof map.pmMasks); // they may be its own
-    map.pmFormat = format;
-}
-
 bool setIndexedFormat(PixMap &map, SInt32 format, const UInt32 *masks)
 {
     bool toCustom = map.pmFormat == kPixelFormatIndexed && format == kPixelFormatCustom;
@@ -70,8 +64,9 @@ bool setIndexedFormat(PixMap &map, SInt32 format, const UInt32 *masks)
         return true;
     if (!masks)
         return false;
-    permuteColorTable(map, toCustom ? kNativeMasks : map.pmMasks, masks);
-    setMasks(map, format, masks);
+    ChannelMasks target = readMasks(masks);
+    permuteColorTable(map, toCustom ? kNativeMasks : readMasks(map.pmMasks), target);
+    setFormat(map, format, target);
     return true;
 }
 
@@ -92,14 +87,14 @@ bool reverseAll(const PixMap &map)
 
 bool setDirectFormat(PixMap &map, SInt32 format, const UInt32 *masks)
 {
-    const UInt32 *target = format == kPixelFormatNative ? kNativeMasks : masks;
-    if (!target)
+    if (format != kPixelFormatNative && !masks)
         return false;
+    ChannelMasks target = format == kPixelFormatNative ? kNativeMasks : readMasks(masks);
     if (haveSameColors(masksOf(map), target))
         return true;
     if (!reverseAll(map))
         return false;
-    setMasks(map, format, target);
+    setFormat(map, format, target);
     return true;
 }
 

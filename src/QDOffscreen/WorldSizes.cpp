@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <utility>
 
 namespace {
 
@@ -25,10 +24,10 @@ struct Pixels {
     PixelRows rows;
 };
 
-void drop(HBITMAP &bitmap)
+void drop(HBITMAP bitmap)
 {
-    if (HBITMAP dropped = std::exchange(bitmap, nullptr))
-        deleteWorldBitmap(dropped);
+    if (bitmap)
+        deleteWorldBitmap(bitmap);
 }
 
 HDC newScreenContext()
@@ -103,6 +102,7 @@ bool replaceBitmap(PixMapHandle handle, Pixels &old, SInt16 width, SInt16 height
     if (old.rows.base && readPixelRows(map, rows))
         copyRows(old.rows, rows);
     drop(old.bitmap);
+    old.bitmap = nullptr;
     auto former = static_cast<HBITMAP>(SelectObject(map.pmDC, map.pmBitmap));
     if (!former)
         return false;
@@ -139,6 +139,7 @@ void disposeWorldPixels(PixMap &map)
     if (map.pmDC && map.pmOldBitmap)
         SelectObject(map.pmDC, map.pmOldBitmap);
     drop(map.pmBitmap);
+    map.pmBitmap = nullptr;
     if (map.pmDC)
         DeleteDC(map.pmDC);
     map.pmDC = nullptr;

@@ -178,7 +178,8 @@ TEST_F(WhiteToBlack, RectanglesWithoutHeightCopyNothing)
 TEST_F(WhiteToBlack, AMaskThatIsNoRegionAnyMoreLetsNothingThrough)
 {
     RgnHandle mask = NewRgn();
-    HRGN native = std::exchange((*mask)->rgnNative, nullptr);
+    HRGN native = (*mask)->rgnNative;
+    (*mask)->rgnNative = nullptr;
     EXPECT_EQ(copied(source.asPort(), destination.asPort(), srcCopy, mask), 0);
     EXPECT_EQ(copied(source.asPort(), destination.asPixMap(), srcCopy, mask), 0);
     (*mask)->rgnNative = native;

@@ -79,7 +79,7 @@ TEST_F(WorldShortage, AWorldThatCannotBeMadeLeavesNothing)
                 EXPECT_TRUE(error == -108 ? !world : error == 0) << what;
                 ASSERT_TRUE(Held() == before) << what;
                 World next(depth, bounds);
-                ASSERT_TRUE(next.map().pmBitmap) << what;
+                ASSERT_TRUE(+next.map().pmBitmap) << what;
             });
     }
 }
@@ -194,8 +194,8 @@ TEST_F(WorldShortage, ACopyLeavesPortClipObjectsAndPixelOrder)
                 ASSERT_TRUE(Held() == before);
                 ASSERT_EQ(states(), statesBefore);
                 ASSERT_EQ(std::string(reinterpret_cast<char *>(window.port()), sizeof(WindowRecord)), portBefore);
-                ASSERT_EQ(alphaFirst.map().pmFormat, kPixelFormatMasks);
-                ASSERT_EQ(blueFirst.map().pmFormat, kPixelFormatNative);
+                ASSERT_EQ(+alphaFirst.map().pmFormat, kPixelFormatMasks);
+                ASSERT_EQ(+blueFirst.map().pmFormat, kPixelFormatNative);
                 // These two have a second way, and a second step.
                 bool isInSteps = each.mode == addOver || each.mode < 0;
                 auto after = pixels();
