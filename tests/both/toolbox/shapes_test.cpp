@@ -299,7 +299,7 @@ TEST_F(Shapes, MergedRectanglesKnowTheOrderOfPixelsAndTheBitsHook)
         for (int i = 0; i < side; ++i)
             EXPECT_EQ(memory.pixel(i, 10), direct[static_cast<size_t>(i)]) << i << " in mode " << mode;
         map.pmFormat = kPixelFormatNative;
-        EXPECT_EQ(qd.thePort, port());
+        EXPECT_EQ(+qd.thePort, port());
     }
     setHook([](CQDProcs &hooks) {
         hooks.bitsProc = [](const BitMap *, const Rect *from, const Rect *to, SInt16 mode, RgnHandle) {

@@ -279,7 +279,7 @@ TEST_F(Text, StringsInExclusiveOrTurnPixelsOverAndLeaveThePen)
     MoveTo(4, 30);
     EXPECT_EQ(drawn([] { DrawString(Pascal("Xor")); }), expected);
     EXPECT_EQ(port()->pnLoc, (Point{30, 4}));
-    EXPECT_EQ(qd.thePort, port());
+    EXPECT_EQ(+qd.thePort, port());
     DrawString(Pascal("Xor"));
     EXPECT_EQ(countBlack(), 0) << "and back";
     TextSize(60);

@@ -66,7 +66,7 @@ protected:
             scene();
             Win32Control_Reset();
             ASSERT_EQ(GetCurrentObject(context(), OBJ_FONT), font) << "refused " << number;
-            ASSERT_EQ(qd.thePort, port()) << "refused " << number;
+            ASSERT_EQ(+qd.thePort, port()) << "refused " << number;
             ASSERT_EQ(scene(), expected) << "after " << number << " was refused";
             ASSERT_EQ(Win32Control_GdiObjects(), objects) << "refused " << number;
             Win32Control_HeldMemory(&bytesAfter, &blocksAfter);
@@ -132,7 +132,7 @@ TEST_F(TextShortage, ExclusiveOrWithoutItsWorldDrawsNothing)
         DrawString(Pascal("Over"));
         Win32Control_Reset();
         EXPECT_EQ(countBlack(), 0);
-        EXPECT_EQ(qd.thePort, port());
+        EXPECT_EQ(+qd.thePort, port());
     }
     DrawString(Pascal("Over"));
     EXPECT_GT(countBlack(), 0);
