@@ -395,7 +395,7 @@ void SdlDisplay::refreshCursor()
 {
     int factor = std::max(layout_.factor, 1);
     HCURSOR shown = shownCursorHandle();
-    if (shown == cursor_ && (factor == cursorFactor_ || !shown))
+    if (shown == cursor_ && factor == cursorFactor_)
         return;
     cursor_ = shown;
     cursorFactor_ = factor;
