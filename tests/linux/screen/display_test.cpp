@@ -138,6 +138,21 @@ protected:
         return heard;
     }
 
+    static void resize(int width, int height)
+    {
+        SDL_CALL(SetWindowSize)(SDL_CALL(GetWindowFromID)(1), width, height);
+    }
+    // Whether moving there in the window moves the program's mouse to the point.
+    static bool isMouseAt(int x, int y, POINT expected)
+    {
+        move(x, y);
+        pump();
+        POINT point;
+        GetCursorPos(&point);
+        return point.x == expected.x && point.y == expected.y;
+    }
+
+    // Only while the display has nothing to do: it owns the surface.
     static Uint32 shownPixel(int x, int y)
     {
         SDL_Surface *surface = SDL_CALL(GetWindowSurface)(SDL_CALL(GetWindowFromID)(1));
@@ -170,19 +185,15 @@ TEST_F(Display, ShowsWhatIsDrawn)
 TEST_F(Display, ALargerWindowShowsLargerPixels)
 {
     fill({10, 10, 20, 20}, RGB(0xff, 0x80, 0x10));
-    SDL_CALL(SetWindowSize)(SDL_CALL(GetWindowFromID)(1), 700, 480);
-    EXPECT_TRUE(comesTrue([] { return shownPixel(30 + 20, 20) == 0xff8010; }));
+    resize(700, 480);
+    EXPECT_TRUE(comesTrue([] { return isMouseAt(30 + 2 * 100 + 1, 2 * 50, {100, 50}); }));
+    EXPECT_EQ(shownPixel(30 + 20, 20), 0xff8010u);
     EXPECT_EQ(shownPixel(30 + 39, 39), 0xff8010u);
     EXPECT_NE(shownPixel(30 + 40, 39), 0xff8010u);
     EXPECT_EQ(shownPixel(29, 100), 0x202020u);
-    move(30 + 2 * 100 + 1, 2 * 50);
-    EXPECT_TRUE(comesTrue([] {
-        POINT point;
-        GetCursorPos(&point);
-        return point.x == 100 && point.y == 50;
-    }));
-    SDL_CALL(SetWindowSize)(SDL_CALL(GetWindowFromID)(1), 320, 240);
-    EXPECT_TRUE(comesTrue([] { return shownPixel(15, 15) == 0xff8010; }));
+    resize(320, 240);
+    EXPECT_TRUE(comesTrue([] { return isMouseAt(120, 60, {120, 60}); }));
+    EXPECT_EQ(shownPixel(15, 15), 0xff8010u);
 }
 
 TEST_F(Display, BringsTheMouse)
