@@ -1,42 +1,27 @@
 // Changing ports and pen patterns, which a host does between all drawing.
+#include "graphics_scene.h"
 #include "pairs.h"
-
-#include <mtbx/MTBX.h>
 
 #include <benchmark/benchmark.h>
 
 namespace {
-
-HWND newWindow(int x)
-{
-    HWND window = CreateWindowExA(0, "MtbxBenchWindow", "", WS_POPUP, x, 0, 200, 200, nullptr, nullptr,
-                                  GetModuleHandleA(nullptr), nullptr);
-    ShowWindow(window, SW_SHOWNA);
-    return window;
-}
 
 struct PortWindow {
     explicit PortWindow(int x)
     {
         OpenCPort(&record.port);
         record.port.portRect = {0, 0, 200, 200};
-        (*record.port.portPixMap)->pmWindow = newWindow(x);
+        (*record.port.portPixMap)->pmWindow = bench::newWindow(x);
     }
 
     WindowRecord record{};
 };
 
-// Graphics on a main window, and two windows beside it, until the program ends.
+// Two windows until the program ends.
 struct Scene {
     Scene()
     {
-        WNDCLASSA description = {};
-        description.lpfnWndProc = DefWindowProcA;
-        description.hInstance = GetModuleHandleA(nullptr);
-        description.lpszClassName = "MtbxBenchWindow";
-        RegisterClassA(&description);
-        hWndMain = newWindow(0);
-        InitGraf(nullptr);
+        bench::useGraphics();
         a = new PortWindow(220);
         b = new PortWindow(440);
     }

@@ -1,27 +1,38 @@
 # Reads the library's list of exports and writes the linker's view of it: a module definition file
-# for Windows, a version script for Linux. A line is "name" or "name DATA"; one with another
-# word, such as "name COMMDLG", is there only with MTBX_HAS_COMMDLG.
+# for Windows, a version script for Linux. A line is "name" or "name DATA"; "name USER32" is a call of the
+# system that the library offers under the same name; a line with another word, such as "name COMMDLG", is
+# there only with MTBX_HAS_COMMDLG.
 
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/exports.list")
 
-function(mtbx_generate_exports list definition_file version_script)
+# forwards: a source for Linux, whose linker knows no forwarded exports. Each is a jump to the layer's function,
+# which has the same name and another version.
+function(mtbx_generate_exports list definition_file version_script forwards)
     file(STRINGS "${list}" lines)
     set(definitions "LIBRARY MTBX\nEXPORTS\n")
     set(globals "")
+    set(jumps "")
     foreach(line IN LISTS lines)
         if(line MATCHES "^#" OR line STREQUAL "")
             continue()
         endif()
-        if(line MATCHES " ([A-Z]+)$" AND NOT CMAKE_MATCH_1 STREQUAL "DATA")
+        string(REGEX REPLACE " .*" "" name "${line}")
+        if(line MATCHES " USER32$")
+            set(line "${name}=USER32.${name}")
+            string(APPEND jumps "    .symver forwarded_${name}, ${name}@WIN32_1\n    .globl ${name}\n"
+                "    .type ${name}, @function\n${name}:\n    jmp *forwarded_${name}@GOTPCREL(%rip)\n"
+                "    .size ${name}, .-${name}\n")
+        elseif(line MATCHES " ([A-Z]+)$" AND NOT CMAKE_MATCH_1 STREQUAL "DATA")
             if(NOT MTBX_HAS_${CMAKE_MATCH_1})
                 continue()
             endif()
-            string(REGEX REPLACE " .*" "" line "${line}")
+            set(line "${name}")
         endif()
         string(APPEND definitions "    ${line}\n")
-        string(REGEX REPLACE " .*" "" name "${line}")
         string(APPEND globals "        ${name};\n")
     endforeach()
     file(CONFIGURE OUTPUT "${definition_file}" CONTENT "@definitions@" @ONLY)
     file(CONFIGURE OUTPUT "${version_script}" CONTENT "MTBX_1 {\n    global:\n@globals@    local: *;\n};\n" @ONLY)
+    file(CONFIGURE OUTPUT "${forwards}" @ONLY
+        CONTENT "    .text\n@jumps@    .section .note.GNU-stack, \"\", @progbits\n")
 endfunction()

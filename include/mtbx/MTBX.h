@@ -4,6 +4,7 @@
 
 #include <mtbx/Aliases.h>
 #include <mtbx/ColorPicker.h>
+#include <mtbx/Controls.h>
 #include <mtbx/Dialogs.h>
 #include <mtbx/Displays.h>
 #include <mtbx/Drag.h>

@@ -597,6 +597,26 @@ MTBX_API void OpColor(const RGBColor *color);
    never refreshed. It belongs to the library. */
 MTBX_API CTabHandle GetBevelColorsFromSystem(void);
 
+/* Copies the pixels of a rectangle, scaled to the other rectangle's size. An image is a port, as
+   GetPortBitMapForCopyBits gives it, with rectangles in its own coordinates; a dereferenced PixMap, with
+   rectangles in the coordinates of its bounds; or, as the source only, a bitmap of one bit a pixel. Pixels
+   outside of the source are not copied. Colours become those of the destination; there is no dithering.
+
+   Modes 1 and 9 combine the pixels by OR, 2 and 34 by XOR, 7 by AND; 3 keeps what is not set in the
+   source, 5 combines by OR with the source inverted, 27 paints white. All others copy: notSrcCopy does
+   not invert, and there is no arithmetic. Between two images of one bit, 34 takes all of both if they
+   are of one size.
+
+   The mask limits what is drawn, in the destination's coordinates; null for none. A port is also limited
+   by its clip, a PixMap by the mask alone. A window has pixels to read only while it is current, and only
+   one-bit images and the setting "UseStretchBlt" read them. When memory is short nothing is drawn.
+
+   With graphics hooks in the current port, copies to that port go to its bitsProc. */
+MTBX_API void CopyBits(const BitMap *source, const BitMap *destination, const Rect *sourceRect,
+                       const Rect *destinationRect, SInt16 mode, RgnHandle mask);
+/* Kept as a flag, which no copy looks at. Gives the former value. */
+MTBX_API Boolean MTBX_EnableCopyBitsDirectDraw(Boolean enable);
+
 /* These do nothing. */
 MTBX_API void SetDeviceAttribute(GDHandle device, SInt16 attribute, Boolean value);
 MTBX_API void QDFlushPortBuffer(CGrafPtr port, RgnHandle rgn);
@@ -688,6 +708,107 @@ MTBX_API Boolean PtInRgn(Point point, RgnHandle rgn);
 MTBX_API Boolean RectInRgn(const Rect *rect, RgnHandle rgn);
 MTBX_API Boolean MacEqualRgn(RgnHandle a, RgnHandle b);
 MTBX_API Boolean EmptyRgn(RgnHandle rgn);
+
+/* Drawing goes to the current port in its own coordinates and is limited by its clip. A port without a
+   context draws nothing, and pnVis is not looked at. None of these calls sets QDError.
+
+   Rectangles, and lines that are level or upright, are exactly those of a Macintosh: the pen is a
+   rectangle that hangs below and to the right of its point, and a frame lies inside. They know two modes,
+   copying and, for the pen modes 2 and 10, exclusive-or; PaintRect knows more. Other lines, ovals and
+   round rectangles are drawn as GDI draws them, in the raster mode that PenMode set in the context.
+   Coordinates of rectangles and of the ends of lines are cut to +/-32000 before they go to GDI.
+
+   When the port has graphics hooks, the hook for the kind of shape is called in the library's place. */
+
+/* Draws from the pen to (h, v), with both ends, and moves the pen there; a line without length is one
+   dot of the pen. Lines that slant are centred, as wide as pnSize.h, in the pattern, and in exclusive-or
+   modes one pixel wide. Between OpenRgn and CloseRgn, OpenPoly and ClosePoly, OpenPoly2 and ClosePoly2 the
+   line is recorded in place of being drawn. A line hook leaves the pen where it is. */
+MTBX_API void MacLineTo(SInt16 h, SInt16 v);
+MTBX_API void Line(SInt16 dh, SInt16 dv);
+/* Draws through the points as slanting lines are drawn, with joins, and leaves the pen at the last one. It
+   is never recorded, and no hook is called. Nothing happens when count is not above 0. */
+MTBX_API void MTBX_PolyLine(SInt16 count, const Point *points);
+
+/* Four bars of the pen's size inside the rectangle; none lies on another one. */
+MTBX_API void MacFrameRect(const Rect *rect);
+/* Copies the pen pattern in every mode but these: 3 (srcBic) makes white what is white in the pattern,
+   9 (patOr) makes black what is black in it, and 32 (blend) paints the inverse of the colour of OpColor.
+   In these the pattern is black and white, and its first row lies at the top of the rectangle. */
+MTBX_API void PaintRect(const Rect *rect);
+/* Fills with the background colour; bkPat plays no part. */
+MTBX_API void EraseRect(const Rect *rect);
+MTBX_API void MacInvertRect(const Rect *rect);
+/* PaintRect in the pattern. The pen is the same afterwards. */
+MTBX_API void MacFillRect(const Rect *rect, const Pattern *pattern);
+
+/* Dots of the pen along the outline, inside the rectangle. The pen stays at the last dot. */
+MTBX_API void FrameOval(const Rect *rect);
+/* With the context's own outline, a black line of one pixel as long as the host selects no other pen. */
+MTBX_API void PaintOval(const Rect *rect);
+/* Fills with bkPat, without an outline. */
+MTBX_API void EraseOval(const Rect *rect);
+/* PaintOval in an exclusive-or mode, one pixel larger at each side. */
+MTBX_API void InvertOval(const Rect *rect);
+MTBX_API void FillOval(const Rect *rect, const Pattern *pattern);
+
+/* A black line as wide as pnSize.h, whatever the port's colour and pattern are. */
+MTBX_API void FrameRoundRect(const Rect *rect, SInt16 ovalWidth, SInt16 ovalHeight);
+MTBX_API void InvertRoundRect(const Rect *rect, SInt16 ovalWidth, SInt16 ovalHeight);
+/* These do nothing. */
+MTBX_API void PaintRoundRect(const Rect *rect, SInt16 ovalWidth, SInt16 ovalHeight);
+MTBX_API void EraseRoundRect(const Rect *rect, SInt16 ovalWidth, SInt16 ovalHeight);
+MTBX_API void FillRoundRect(const Rect *rect, SInt16 ovalWidth, SInt16 ovalHeight, const Pattern *pattern);
+
+/* Begins to record a polygon in the current port and gives its handle, which the caller owns; lines then
+   draw nothing. Null when one is being recorded already, or memory is short. The ends of lines become
+   vertices, the place where the first line begins does not, and MoveTo adds none. At most 8189 vertices
+   are kept, and those for which there is memory. */
+MTBX_API PolyHandle OpenPoly(void);
+MTBX_API void ClosePoly(void);
+MTBX_API void KillPoly(PolyHandle poly);
+/* Moves the vertices; polyBBox keeps the place where they were recorded. */
+MTBX_API void OffsetPoly(PolyHandle poly, SInt16 dh, SInt16 dv);
+/* The polygon as a region, closed, with the parts inside that an odd number of outlines surround. FramePoly
+   frames that region inside and has no hook. */
+MTBX_API void FramePoly(PolyHandle poly);
+MTBX_API void PaintPoly(PolyHandle poly);
+MTBX_API void InvertPoly(PolyHandle poly);
+MTBX_API void FillPoly(PolyHandle poly, const Pattern *pattern);
+
+/* The same on the path of the native context, which keeps several outlines and curves of GDI apart. There
+   is one path; the handle is a token that no call looks at, and drawing uses the path up. */
+MTBX_API PolyHandle OpenPoly2(void);
+MTBX_API void ClosePoly2(void);
+MTBX_API void FramePoly2(PolyHandle poly);
+MTBX_API void PaintPoly2(PolyHandle poly);
+MTBX_API void InvertPoly2(PolyHandle poly);
+MTBX_API void FillPoly2(PolyHandle poly, const Pattern *pattern);
+/* These do nothing. */
+MTBX_API void KillPoly2(PolyHandle poly);
+MTBX_API void OffsetPoly2(PolyHandle poly, SInt16 dh, SInt16 dv);
+MTBX_API void ErasePoly2(PolyHandle poly);
+
+/* Regions of the port's coordinates. A frame lies inside, as wide and high as the pen. MacFillRgn leaves
+   the pen alone; framing, painting and filling have no hook. */
+MTBX_API void MacFrameRgn(RgnHandle rgn);
+MTBX_API void MacPaintRgn(RgnHandle rgn);
+MTBX_API void EraseRgn(RgnHandle rgn);
+MTBX_API void MacInvertRgn(RgnHandle rgn);
+MTBX_API void MacFillRgn(RgnHandle rgn, const Pattern *pattern);
+
+/* Moves the pixels of the rectangle, as far as it lies within portRect. The region becomes the box of what
+   that uncovers, and the box is erased: all of the rectangle when it moves in both directions. With a null
+   region nothing is erased. */
+MTBX_API void ScrollRect(const Rect *rect, SInt16 dh, SInt16 dv, RgnHandle update);
+
+/* A pixel of the screen, in screen coordinates: neither port nor window counts. Outside of the screen the
+   colour stays as it is. */
+MTBX_API void GetCPixel(SInt16 h, SInt16 v, RGBColor *color);
+/* Whether that pixel is not black; false outside of the screen. */
+MTBX_API Boolean MacGetPixel(SInt16 h, SInt16 v);
+/* Does nothing. */
+MTBX_API void SetCPixel(SInt16 h, SInt16 v, const RGBColor *color);
 
 /* Makes the region the set bits of a bitmap, in the coordinates of its bounds. Only address, row bytes
    and bounds are looked at, so a PixMap serves too; whether it is one bit deep is judged by its row

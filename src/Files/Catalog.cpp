@@ -126,18 +126,20 @@ bool isLater(const FILETIME &left, const FILETIME &right)
 OSErr describeFile(const char *path, const WIN32_FIND_DATAA *known, HFileInfo &file)
 {
     constexpr UInt16 invisible = 0x4000;
+    WIN32_FIND_DATAA found{};
+    // Entering the parent may run the host's grow-zone function, which may walk a directory itself.
+    if (known)
+        found = *known;
     file.ioFlAttrib = 0;
     file.ioDirID = 0;
     file.ioFRefNum = 0;
     file.ioFlParID = GetParentDirectoryID(path);
-    WIN32_FIND_DATAA looked;
     if (!known) {
-        HANDLE search = FindFirstFileA(path, &looked);
+        HANDLE search = FindFirstFileA(path, &found);
         if (search == INVALID_HANDLE_VALUE)
             return static_cast<OSErr>(MTBX_GetLastError());
         FindClose(search);
     }
-    const WIN32_FIND_DATAA &found = known ? *known : looked;
     file.ioFlLgLen = file.ioFlPyLen = static_cast<SInt32>(found.nFileSizeLow);
     file.ioFlRLgLen = file.ioFlRPyLen = 0;
     file.ioFlFndrInfo.fdType = 0;

@@ -7,14 +7,17 @@
 #include <mtbx/MacErrors.h>
 #include <mtbx/MacMemory.h>
 
+#include <cctype>
 #include <cstring>
 #include <mbstring.h>
 #include <string.h>
+#include <utility>
 
 namespace {
 
 constexpr SInt32 firstDirectoryID = 3;
 constexpr SInt32 initialCapacity = 64;
+constexpr SInt32 highestCapacity = 1 << 22; // more would not fit a handle
 
 struct Directory {
     UInt32 hash;
@@ -37,12 +40,8 @@ DirectoryTable table;
 UInt32 hashOf(const char *path, size_t length)
 {
     UInt32 hash = 2166136261u;
-    for (size_t place = 0; place < length; ++place) {
-        auto character = static_cast<unsigned char>(path[place]);
-        if (character >= 'A' && character <= 'Z')
-            character = static_cast<unsigned char>(character + ('a' - 'A'));
-        hash = (hash ^ character) * 16777619u;
-    }
+    for (size_t place = 0; place < length; ++place)
+        hash = (hash ^ static_cast<UInt32>(tolower(static_cast<unsigned char>(path[place])))) * 16777619u;
     return hash;
 }
 
@@ -79,27 +78,45 @@ void enterSlot(SInt32 *slots, UInt32 mask, UInt32 hash, SInt32 place)
     slots[slot] = place + 1;
 }
 
-// Makes room for one directory more; on failure the table is as it was.
+// A table with the same directories and another capacity; false when memory is short.
+bool copyTable(SInt32 capacity, DirectoryTable &copy)
+{
+    copy.slots = NewHandleClear(capacity * 2 * static_cast<SInt32>(sizeof(SInt32)));
+    copy.directories = copy.slots ? NewHandle(capacity * static_cast<SInt32>(sizeof(Directory))) : nullptr;
+    if (!copy.directories || table.count > capacity)
+        return false;
+    copy.capacity = capacity;
+    copy.count = table.count;
+    if (copy.count > 0)
+        memcpy(*copy.directories, *table.directories, static_cast<size_t>(copy.count) * sizeof(Directory));
+    for (SInt32 place = 0; place < copy.count; ++place)
+        enterSlot(copy.slotArray(), copy.slotMask(), copy.at(place).hash, place);
+    return true;
+}
+
+void disposeTable(const DirectoryTable &disposed)
+{
+    DisposeHandle(disposed.directories);
+    DisposeHandle(disposed.slots);
+}
+
+// Makes room for one directory more; on failure the table is as it was. The host's grow-zone function may run
+// meanwhile and enter directories.
 bool growTable()
 {
-    if (table.count < table.capacity)
-        return true;
-    SInt32 capacity = table.capacity ? table.capacity * 2 : initialCapacity;
-    Handle slots = NewHandleClear(capacity * 2 * static_cast<SInt32>(sizeof(SInt32)));
-    Handle directories = slots ? NewHandle(capacity * static_cast<SInt32>(sizeof(Directory))) : nullptr;
-    if (!directories) {
-        DisposeHandle(slots);
-        return false;
+    while (table.count >= table.capacity) {
+        if (table.capacity >= highestCapacity)
+            return false;
+        DirectoryTable grown;
+        SInt32 capacity = table.capacity ? table.capacity * 2 : initialCapacity;
+        bool isCopied = copyTable(capacity, grown);
+        bool isOutrun = table.capacity >= capacity;
+        if (isCopied && !isOutrun)
+            std::swap(table, grown);
+        disposeTable(grown);
+        if (!isCopied && !isOutrun)
+            return false;
     }
-    if (table.count > 0)
-        memcpy(*directories, *table.directories, static_cast<size_t>(table.count) * sizeof(Directory));
-    DisposeHandle(table.directories);
-    DisposeHandle(table.slots);
-    table.directories = directories;
-    table.slots = slots;
-    table.capacity = capacity;
-    for (SInt32 place = 0; place < table.count; ++place)
-        enterSlot(table.slotArray(), table.slotMask(), table.at(place).hash, place);
     return true;
 }
 
@@ -114,8 +131,11 @@ SInt32 GetDirectoryID(const char *path)
     SInt32 place = findDirectory(hash, path, length);
     if (place >= 0)
         return place + firstDirectoryID;
+    SInt32 known = table.count;
     if (!growTable())
         return 0;
+    if (table.count != known)
+        return GetDirectoryID(path);
     place = table.count++;
     Directory &directory = table.at(place);
     directory.hash = hash;
@@ -161,7 +181,6 @@ OSErr GetWDInfo(SInt16 wdRefNum, SInt16 *vRefNum, SInt32 *dirID, SInt32 *procID)
 
 void MTBX_DisposeDirectoryTable()
 {
-    DisposeHandle(table.directories);
-    DisposeHandle(table.slots);
+    disposeTable(table);
     table = {};
 }

@@ -1,5 +1,6 @@
 // Volumes: drives and network shares, numbered as they are first seen, and the room on them.
 #include "Files_internal.h"
+#include "QuietErrors.h"
 
 #include <mtbx/MacErrors.h>
 #include <mtbx/MacMemory.h>
@@ -63,14 +64,25 @@ SInt16 findVolume(const char *name)
     return 0;
 }
 
+// The host's grow-zone function may run meanwhile and enter volumes, so the table is made before it is searched.
+bool makeTable()
+{
+    if (volumes)
+        return true;
+    Handle made = NewHandle(0);
+    if (volumes)
+        DisposeHandle(made);
+    else
+        volumes = made;
+    return volumes != nullptr;
+}
+
 SInt16 addVolume(const char *name)
 {
-    Size size = (volumeCount + 1) * static_cast<Size>(sizeof(Volume));
-    if (!volumes)
-        volumes = NewHandle(size);
-    else
-        SetHandleSize(volumes, size);
-    if (!volumes || MemError() != noErr)
+    if (volumeCount == INT16_MAX)
+        return 0;
+    SetHandleSize(volumes, (volumeCount + 1) * static_cast<Size>(sizeof(Volume)));
+    if (MemError() != noErr)
         return 0;
     memcpy(volumeArray()[volumeCount].name, name, strlen(name) + 1);
     return ++volumeCount;
@@ -185,17 +197,6 @@ bool driveNumber(SInt16 number, char *name)
     return *drive != 0;
 }
 
-class ErrorModeScope {
-public:
-    ErrorModeScope() : previous_(SetErrorMode(SEM_FAILCRITICALERRORS)) {}
-    ~ErrorModeScope() { SetErrorMode(previous_); }
-    ErrorModeScope(const ErrorModeScope &) = delete;
-    ErrorModeScope &operator=(const ErrorModeScope &) = delete;
-
-private:
-    UINT previous_;
-};
-
 // Settles which volume is meant. nsvErr past the last drive.
 OSErr chooseVolume(HVolumeParam &volume)
 {
@@ -223,6 +224,8 @@ SInt16 MTBX_VolumeRefFromPath(const char *path)
     if (isRelative)
         GetCurrentDirectoryA(sizeof current, current);
     volumeName(isRelative ? current : path, name);
+    if (!makeTable())
+        return 0;
     SInt16 found = findVolume(name);
     return found ? found : addVolume(name);
 }
@@ -274,7 +277,7 @@ OSErr PBHGetVInfoSync(HParmBlkPtr paramBlock)
     volume.ioVAlBlkSiz = 0;
     if (volume.ioVolIndex != 0)
         return noErr;
-    ErrorModeScope noDialogs;
+    QuietErrors noDialogs;
     Room room;
     volume.ioResult = roomOf(name, room);
     if (volume.ioResult == noErr)

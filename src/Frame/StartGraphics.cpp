@@ -1,6 +1,6 @@
 // Start and end of the graphics layer, which reach into all its managers.
 #include "Display/Display_internal.h"
-#include "MacWindows/WindowRecords_internal.h"
+#include "MacWindows/MacWindows_internal.h"
 #include "QDOffscreen/CopySettings_internal.h"
 #include "Quickdraw/ColorTables_internal.h"
 #include "Quickdraw/GdiGuard_internal.h"
@@ -49,7 +49,8 @@ void measureScreen()
 void openFirstPort()
 {
     HDC desktop = GetDC(GetDesktopWindow());
-    firstPort = MTBX_NewWindowRecord({0, 0, 100, 100}, false);
+    constexpr Rect bounds = {0, 0, 100, 100};
+    firstPort = NewCWindow(nullptr, &bounds, nullptr, false, documentProc, nullptr, false, 0);
     if (firstPort) {
         PixMap &map = **firstPort->portPixMap;
         map.pmWindow = hWndMain;
@@ -61,12 +62,9 @@ void openFirstPort()
 void openDesktopPort()
 {
     SetGlobalMode(1);
-    gDesktopWindow = MTBX_NewWindowRecord(qd.screenBits.bounds, true);
-    if (!gDesktopWindow)
-        return;
-    (*gDesktopWindow->portPixMap)->pmWindow = GetDesktopWindow();
-    reinterpret_cast<WindowPeek>(gDesktopWindow)->nextWindow = gFrontWindow;
-    gFrontWindow = gDesktopWindow;
+    gDesktopWindow = NewCWindow(nullptr, &qd.screenBits.bounds, nullptr, true, documentProc, nullptr, false, 0);
+    if (gDesktopWindow)
+        (*gDesktopWindow->portPixMap)->pmWindow = GetDesktopWindow();
 }
 
 // Not before the first port has another one, or none.
@@ -124,13 +122,13 @@ void closeFirstPort()
     (*firstPort->portPixMap)->pmDC = nullptr;
     (*firstPort->portPixMap)->pmWindow = nullptr;
     deleteStartContext();
-    MTBX_DisposeWindowRecord(firstPort);
+    DisposeWindow(firstPort);
     firstPort = nullptr;
 }
 
 void closeDesktopPort()
 {
-    MTBX_DisposeWindowRecord(gDesktopWindow);
+    DisposeWindow(gDesktopWindow);
     gDesktopWindow = nullptr;
     if (listEnd)
         DisposePtr(reinterpret_cast<Ptr>(listEnd));

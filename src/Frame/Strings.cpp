@@ -57,13 +57,14 @@ bool isIndex(SInt32 index)
 
 const char *MTBX_GetStringConstant(SInt32 index)
 {
-    return strings[isIndex(index) ? static_cast<size_t>(index) : 0];
+    const char *text = strings[isIndex(index) ? static_cast<size_t>(index) : 0];
+    return text ? text : "";
 }
 
 SInt32 MTBX_GetStringConstantInt(SInt32 index)
 {
     const char *text = MTBX_GetStringConstant(index);
-    const char *equals = text ? strrchr(text, '=') : nullptr;
+    const char *equals = strrchr(text, '=');
     return equals ? static_cast<SInt32>(strtol(equals + 1, nullptr, 0)) : 0;
 }
 

@@ -3,7 +3,7 @@
 
 #include <mtbx/MacTypes.h>
 
-// An index outside the table gives the string of index 0.
+// Never null. An index outside the table gives the string of index 0.
 const char *MTBX_GetStringConstant(SInt32 index);
 
 // The number behind the last '=' of a string, decimal or behind "0x" hexadecimal; 0 when there is no

@@ -1,52 +1,8 @@
-// The Window Manager's own port, and where windows stand.
+// The Window Manager's own port, and what it leaves to the system.
+#include "MacWindows_internal.h"
+
+#include <mtbx/MTBXEnvironment.h>
 #include <mtbx/MTBXGlobals.h>
-#include <mtbx/MacWindows.h>
-
-#include "Quickdraw/Quickdraw_internal.h"
-
-namespace {
-
-Rect inMainWindow(const POINT &topLeft, const POINT &bottomRight)
-{
-    return {static_cast<SInt16>(topLeft.y), static_cast<SInt16>(topLeft.x), static_cast<SInt16>(bottomRight.y),
-            static_cast<SInt16>(bottomRight.x)};
-}
-
-void setStructure(WindowRecord &record, HWND window)
-{
-    RECT frame = {};
-    GetWindowRect(window, &frame);
-    POINT corners[2] = {{frame.left, frame.top}, {frame.right, frame.bottom}};
-    for (POINT &corner : corners)
-        ScreenToClient(hWndMain, &corner);
-    Rect rect = inMainWindow(corners[0], corners[1]);
-    RectRgn(record.strucRgn, &rect);
-}
-
-void setContent(WindowRecord &record, HWND window)
-{
-    RECT client = {};
-    GetClientRect(window, &client);
-    POINT corners[2] = {{client.left, client.top}, {client.right, client.bottom}};
-    for (POINT &corner : corners) {
-        ClientToScreen(window, &corner);
-        ScreenToClient(hWndMain, &corner);
-    }
-    Rect rect = inMainWindow(corners[0], corners[1]);
-    RectRgn(record.contRgn, &rect);
-}
-
-} // namespace
-
-void AdjustStrucRgn(WindowPtr window)
-{
-    PixMapPtr map = pixMapOf(*window);
-    if (!map || !map->pmWindow)
-        return;
-    auto &record = reinterpret_cast<WindowRecord &>(*window);
-    setStructure(record, map->pmWindow);
-    setContent(record, map->pmWindow);
-}
 
 void GetWMgrPort(GrafPtr *port)
 {
@@ -73,4 +29,28 @@ void PaintOne(WindowPtr, RgnHandle)
 
 void CalcVisBehind(WindowPtr, RgnHandle)
 {
+}
+
+void ClipAbove(WindowPtr)
+{
+}
+
+void DragWindow(WindowPtr, Point, const Rect *)
+{
+}
+
+Boolean TrackBox(WindowPtr, Point, WindowPartCode)
+{
+    return false;
+}
+
+Boolean TrackGoAway(WindowPtr, Point)
+{
+    return true;
+}
+
+SInt32 DragGrayRgn(RgnHandle, Point, const Rect *, const Rect *, SInt16, DragGrayRgnProcPtr)
+{
+    StubError("MacWindows", "DragTheRgn");
+    return 0;
 }

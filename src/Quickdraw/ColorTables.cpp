@@ -31,12 +31,11 @@ CTabHandle tableFromResource(Handle resource, SInt16 tableID)
         return nullptr;
     // The host may have released or changed the resource when it was asked for memory.
     resource = GetResource(tableType, tableID);
-    if (!resource)
-        return table;
-    const char *source = *resource + resourceHeaderSize;
-    ColorSpec *entries = entriesOf(table), *end = entries + std::min(entryCount, entriesIn(resource));
-    for (; entries != end; ++entries, source += sizeof(ColorSpec))
-        memcpy(&entries->rgb, source + sizeof(UInt16), sizeof(RGBColor));
+    entryCount = std::min(entryCount, entriesIn(resource));
+    for (Size entry = 0; entry < entryCount; ++entry) {
+        const char *source = *resource + resourceHeaderSize + entry * Size{sizeof(ColorSpec)};
+        memcpy(&entriesOf(table)[entry].rgb, source + sizeof(UInt16), sizeof(RGBColor));
+    }
     return table;
 }
 

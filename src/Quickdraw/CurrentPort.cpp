@@ -55,7 +55,9 @@ void selectBitmap(const PixMap &map)
         DeleteObject(former);
 }
 
-void takeContext(GrafPort &port)
+} // namespace
+
+void MTBX_TakeContext(GrafPort &port)
 {
     if (!isColorPort(port)) {
         // Its context is its own and keeps its colours.
@@ -76,8 +78,6 @@ void takeContext(GrafPort &port)
     SetTextColor(map->pmDC, port.fgColor);
     SetBkMode(map->pmDC, port.txMode == srcOr ? TRANSPARENT : OPAQUE);
 }
-
-} // namespace
 
 void MTBX_GiveBackContext(GrafPort &port)
 {
@@ -105,7 +105,7 @@ void MacSetPort(GrafPtr port)
     if (qd.thePort)
         MTBX_GiveBackContext(*qd.thePort);
     qd.thePort = port;
-    takeContext(*port);
+    MTBX_TakeContext(*port);
     MTBX_ComputePortClip(*port, nullptr);
     // After the clip was computed: it serves the next computation.
     if (port->visRgn && isFreeToShowAll(*port, pixMapOf(*port)))

@@ -60,6 +60,14 @@ bool MTBX_RegionHook(GrafVerb verb, RgnHandle rgn)
     return hooks && call(hooks->rgnProc, verb, rgn);
 }
 
+bool MTBX_BitsHook(const BitMap *source, const BitMap *destination, const Rect *sourceRect,
+                   const Rect *destinationRect, SInt16 mode, RgnHandle mask)
+{
+    CQDProcsPtr hooks = currentHooks();
+    bool isToPort = hooks && destination == GetPortBitMapForCopyBits(qd.thePort);
+    return isToPort && call(hooks->bitsProc, source, sourceRect, destinationRect, mode, mask);
+}
+
 void SetStdCProcs(CQDProcsPtr procs)
 {
     *procs = {};

@@ -155,6 +155,9 @@ void OpenPort(GrafPtr port)
     port->device = 0;
     port->portBits = qd.screenBits;
     port->portRect = qd.screenBits.bounds;
+    // Whatever the record held, closing it is to be safe.
+    port->portDC = nullptr;
+    clearSelections(port);
     port->visRgn = NewRgn();
     port->clipRgn = NewRgn();
     if (!port->visRgn || !port->clipRgn) {
@@ -173,6 +176,5 @@ void OpenPort(GrafPtr port)
     port->portOffscreen = 1;
     port->portDC = newMemoryContext();
     port->portBitmap = port->portOldBitmap = nullptr;
-    clearSelections(port);
     MacSetPort(port);
 }

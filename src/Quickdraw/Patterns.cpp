@@ -1,11 +1,13 @@
 // Pattern brushes: one a port, made anew only when the pattern changes. The bits of a brush come from
 // one bitmap that all share, since GDI copies them.
 #include "GdiGuard_internal.h"
-#include "Quickdraw_internal.h"
+#include "Shapes_internal.h"
 
 #include <mtbx/MTBXEnvironment.h>
+#include <mtbx/MTBXGlobals.h>
 
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -30,6 +32,13 @@ void setPatternBits(const Pattern &pattern)
     SetBitmapBits(patternBitmap, sizeof rows, rows);
 }
 
+// In force until the bits are set for another pattern.
+LOGBRUSH describe(const Pattern &pattern)
+{
+    setPatternBits(pattern);
+    return {BS_PATTERN, 0, reinterpret_cast<ULONG_PTR>(patternBitmap)};
+}
+
 bool isPatternBrush(HGDIOBJ brush)
 {
     LOGBRUSH description = {};
@@ -52,6 +61,22 @@ void deleteBrush(GrafPort &port, HGDIOBJ brush)
         port.portSavedBrush = nothingSaved;
 }
 
+// In a world of one bit the lighter grey stands for the medium one.
+Pattern fitting(const GrafPort &port, const Pattern &pattern)
+{
+    if (port.portOffscreen && pattern == qd.gray) [[unlikely]] {
+        PixMapPtr map = pixMapOf(port);
+        if (map && map->pixelSize == 1)
+            return qd.ltGray;
+    }
+    return pattern;
+}
+
+bool isInForce(const GrafPort &port, const Pattern &pattern)
+{
+    return pattern == port.pnPat && port.portBrush && hasSelectedPatternBrush(port);
+}
+
 void replaceBrush(GrafPort &port, HBRUSH brush)
 {
     HDC context = contextOf(port);
@@ -59,7 +84,7 @@ void replaceBrush(GrafPort &port, HBRUSH brush)
     HBRUSH old = port.portBrush;
     if (old)
         deleteBrush(port, old);
-    if (former && former != old)
+    if (former && former != old && former != brush)
         deleteBrush(port, former);
     port.portBrush = brush;
     port.filler = 0;
@@ -92,9 +117,22 @@ HBRUSH MTBX_NewPatternBrush(const Pattern &pattern)
 {
     if (!patternBitmap)
         return nullptr;
-    setPatternBits(pattern);
-    LOGBRUSH description = {BS_PATTERN, 0, reinterpret_cast<ULONG_PTR>(patternBitmap)};
-    return MTBX_CreateBrushIndirect(&description);
+    // The bits are set for each try: between two of them the host's grow-zone function may have used the bitmap.
+    return createGuarded("CreateBrushIndirect(a)", [&] {
+        LOGBRUSH description = describe(pattern);
+        return CreateBrushIndirect(&description);
+    });
+}
+
+HPEN MTBX_NewPatternPen(const Pattern &pattern, SInt16 width)
+{
+    if (!patternBitmap)
+        return nullptr;
+    auto create = [&] {
+        LOGBRUSH description = describe(pattern);
+        return ExtCreatePen(PS_GEOMETRIC, static_cast<DWORD>(width), &description, 0, nullptr);
+    };
+    return gWin95 ? create() : createGuarded("ExtCreatePen(a, b, c, d, e)", create);
 }
 
 void PenPat(const Pattern *pattern)
@@ -102,17 +140,40 @@ void PenPat(const Pattern *pattern)
     GrafPtr port = qd.thePort;
     if (!port)
         return;
-    Pattern wanted = *pattern;
-    if (port->portOffscreen && wanted == qd.gray) [[unlikely]] {
-        PixMapPtr map = pixMapOf(*port);
-        if (map && map->pixelSize == 1)
-            wanted = qd.ltGray;
-    }
-    if (wanted == port->pnPat && port->portBrush && hasSelectedPatternBrush(*port))
+    Pattern wanted = fitting(*port, *pattern);
+    if (isInForce(*port, wanted))
         return;
     port->pnPat = wanted;
     if (patternBitmap)
         replaceBrush(*port, MTBX_NewPatternBrush(wanted));
+}
+
+FillPatternScope::FillPatternScope(const Pattern *pattern) : port_(qd.thePort)
+{
+    GetPenState(&state_);
+    if (!port_)
+        return;
+    Pattern wanted = fitting(*port_, *pattern);
+    if (isInForce(*port_, wanted))
+        return;
+    ownBrush_ = std::exchange(port_->portBrush, MTBX_NewPatternBrush(wanted));
+    port_->pnPat = wanted;
+    HDC context = contextOf(*port_);
+    HGDIOBJ former = context && port_->portBrush ? SelectObject(context, port_->portBrush) : nullptr;
+    if (former && former != ownBrush_)
+        deleteBrush(*port_, former);
+}
+
+FillPatternScope::~FillPatternScope()
+{
+    // A hook that left another port current may have closed this one.
+    if (ownBrush_ && port_ != qd.thePort)
+        DeleteObject(ownBrush_);
+    else if (ownBrush_) {
+        replaceBrush(*port_, ownBrush_);
+        port_->pnPat = state_.pnPat;
+    }
+    SetPenState(&state_);
 }
 
 PatHandle GetPattern(SInt16)

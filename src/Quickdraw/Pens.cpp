@@ -17,11 +17,6 @@ UInt8 useSafeXorMode;
 constexpr DWORD rasterTable[16] = {PATCOPY, PATCOPY, PATINVERT, PATCOPY, PATCOPY, PATCOPY, PATCOPY, PATCOPY,
                                    PATCOPY, PATCOPY, PATINVERT, PATCOPY, PATCOPY, PATCOPY, PATCOPY, PATCOPY};
 
-bool isXorMode(SInt16 mode)
-{
-    return mode == srcXor || mode == patXor;
-}
-
 // 0 for a mode that leaves the context as it is.
 int rasterMode(SInt16 mode)
 {

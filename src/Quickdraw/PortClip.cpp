@@ -1,15 +1,18 @@
 // The clip of the current port and its origin, and how they become the clip of a native context.
-#include "GdiGuard_internal.h"
 #include "Quickdraw_internal.h"
 #include "Regions_internal.h"
 
 #include <mtbx/MTBXGlobals.h>
 #include <mtbx/MacErrors.h>
 
+#include <utility>
+
 namespace {
 
-// The region that the clip is worked out in.
+// The region that the clip is worked out in, and one that limits it. They are kept, since making one may run the
+// host's grow-zone function in the midst of the work.
 RgnHandle clipScratchRgn;
+RgnHandle clipLimitRgn;
 
 void noteShortage()
 {
@@ -61,16 +64,14 @@ RECT mainWindowOnDesktop(HWND desktop)
     return {corners[0].x, corners[0].y, corners[1].x, corners[1].y};
 }
 
-// Limits the desktop port to the main window; the kind of the result, ERROR when there is no memory.
+// Limits the desktop port to the main window; the kind of the result, ERROR when there is no region for it.
 int limitToMainWindow(HRGN clip, HWND desktop)
 {
     RECT window = mainWindowOnDesktop(desktop);
-    HRGN limit = MTBX_CreateRectRgn(window.left, window.top, window.right, window.bottom);
-    if (!limit)
+    HRGN limit = nativeRegion(clipLimitRgn);
+    if (!SetRectRgn(limit, window.left, window.top, window.right, window.bottom))
         return ERROR;
-    int kind = intersect(clip, clip, limit);
-    DeleteObject(limit);
-    return kind;
+    return intersect(clip, clip, limit);
 }
 
 bool isDesktopPort(const GrafPort &port)
@@ -101,13 +102,13 @@ GrafPtr openPort()
 void MTBX_StartClipping()
 {
     clipScratchRgn = NewRgn();
+    clipLimitRgn = NewRgn();
 }
 
 void MTBX_StopClipping()
 {
-    if (clipScratchRgn)
-        DisposeRgn(clipScratchRgn);
-    clipScratchRgn = nullptr;
+    DisposeRgn(std::exchange(clipScratchRgn, nullptr));
+    DisposeRgn(std::exchange(clipLimitRgn, nullptr));
 }
 
 void MTBX_ComputePortClip(GrafPort &port, RgnHandle extraRgn)

@@ -64,6 +64,8 @@ inline void unselectPortFont(GrafPort &port)
 // hWndMain.
 extern HWND (*modalOwnerCall)();
 
+// Gives a port its context, with its origin, brush, font, bitmap and colours selected there.
+void MTBX_TakeContext(GrafPort &port);
 // Takes a port's brush and font out of its context; a window's is released.
 void MTBX_GiveBackContext(GrafPort &port);
 
@@ -86,6 +88,14 @@ inline COLORREF cutColor(const RGBColor &color)
 // deletes it.
 HBRUSH MTBX_NewPatternBrush(const Pattern &pattern);
 
+// A pen of that width, from 0, that draws the pattern likewise; for diagonal lines. Null when GDI refuses it.
+HPEN MTBX_NewPatternPen(const Pattern &pattern, SInt16 width);
+
+inline bool isXorMode(SInt16 penMode)
+{
+    return penMode == srcXor || penMode == patXor;
+}
+
 // The raster operation of PatBlt for a pen mode.
 DWORD MTBX_PatternRaster(SInt16 penMode);
 // The raster mode of lines and shapes that stands for the exclusive-or modes.
@@ -100,6 +110,9 @@ bool MTBX_RoundRectHook(GrafVerb verb, const Rect *rect, SInt16 ovalWidth, SInt1
 bool MTBX_OvalHook(GrafVerb verb, const Rect *rect);
 bool MTBX_PolyHook(GrafVerb verb, PolyHandle poly);
 bool MTBX_RegionHook(GrafVerb verb, RgnHandle rgn);
+// For a copy to the current port; to other images the hook is not called.
+bool MTBX_BitsHook(const BitMap *source, const BitMap *destination, const Rect *sourceRect,
+                   const Rect *destinationRect, SInt16 mode, RgnHandle mask);
 
 // Regions that ports and windows of minimal mode take instead of regions of their own; never disposed
 // with them.

@@ -2,6 +2,7 @@
 #include "ResourceFiles_internal.h"
 
 #include "Files/Files_internal.h"
+#include "Files/QuietErrors.h"
 #include "ReleasingResources.h"
 #include "Resources_internal.h"
 
@@ -51,18 +52,6 @@ bool standsForHost(const ResourceFile &file)
 {
     return file.isModule && file.module == hResInst;
 }
-
-// A missing disk in a drive is an error like any other, not a question to the user.
-class QuietErrors {
-public:
-    QuietErrors() : mode_(SetErrorMode(SEM_FAILCRITICALERRORS)) {}
-    ~QuietErrors() { SetErrorMode(mode_); }
-    QuietErrors(const QuietErrors &) = delete;
-    QuietErrors &operator=(const QuietErrors &) = delete;
-
-private:
-    UINT mode_;
-};
 
 HMODULE loadModule(const char *path)
 {

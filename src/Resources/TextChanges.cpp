@@ -77,6 +77,13 @@ OSErr changeKeys(const TextSection &section, const KeyChange *changes, size_t co
     return error;
 }
 
+// An equals sign in a name would end the key early: it would be found as another resource's, and never as this
+// one's.
+bool canBeLookedUp(const char *name)
+{
+    return *name && !strchr(name, '=');
+}
+
 // A line end in a name would begin a new line of the file, and could change other resources.
 bool canBeWritten(const TextSection &section, const char *name)
 {
@@ -93,13 +100,16 @@ OSErr writeToText(const ResourceFile &file, ResType type, SInt16 id, const char 
     TextKey number(id, "");
     char size[16];
     snprintf(size, sizeof size, "%d", static_cast<int>(GetHandleSize(h)));
-    const KeyChange changes[] = {
+    KeyChange changes[] = {
         {TextKey(id, "_Size"), size, nullptr},
         {number, nullptr, h},
         {TextKey(name), number.text(), nullptr},
         {TextKey(id, "_Name"), name, nullptr},
     };
-    return changeKeys(section, changes, *name ? 4 : 2);
+    if (canBeLookedUp(name))
+        return changeKeys(section, changes, 4);
+    changes[2] = changes[3];
+    return changeKeys(section, changes, *name ? 3 : 2);
 }
 
 OSErr removeFromText(const ResourceFile &file, ResType type, SInt16 id, const char *name)
@@ -111,7 +121,7 @@ OSErr removeFromText(const ResourceFile &file, ResType type, SInt16 id, const ch
         {TextKey(id, "_Name"), nullptr, nullptr},
         {TextKey(name), nullptr, nullptr},
     };
-    return changeKeys(section, changes, *name ? 4 : 3);
+    return changeKeys(section, changes, canBeLookedUp(name) ? 4 : 3);
 }
 
 } // namespace resources

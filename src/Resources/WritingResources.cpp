@@ -16,9 +16,13 @@ void AddResource(Handle h, ResType type, SInt16 id, ConstStr255Param name)
         return;
     char text[256];
     files::copyName(name, text);
-    if (ResourceFile *current = currentPlace())
-        listResource(*current, type, id, h, text);
-    WriteResource(h);
+    ResourceFile *current = currentPlace();
+    bool isListed = current && listResource(*current, type, id, h, text) == noErr;
+    // What is listed elsewhere already must not be written there in its place.
+    if (isListed)
+        WriteResource(h);
+    else
+        resError = addResFailed;
 }
 
 void WriteResource(Handle h)

@@ -29,7 +29,9 @@ ContextState::ContextState()
 {
 }
 
-DeviceContext::DeviceContext() : Object(objectType) {}
+DeviceContext::DeviceContext() : Object(objectType)
+{
+}
 
 void DeviceContext::reset()
 {
@@ -74,8 +76,8 @@ void DeviceContext::mappingChanged()
 {
     const ContextState &s = state;
     bool wasTranslation = isTranslation_;
-    isTranslation_ = s.mapMode == MM_TEXT
-                     || (s.windowExtent.cx == s.viewportExtent.cx && s.windowExtent.cy == s.viewportExtent.cy);
+    isTranslation_ =
+        s.mapMode == MM_TEXT || (s.windowExtent.cx == s.viewportExtent.cx && s.windowExtent.cy == s.viewportExtent.cy);
     offset_ = {wrappingDifference(s.viewportOrigin.x, s.windowOrigin.x),
                wrappingDifference(s.viewportOrigin.y, s.windowOrigin.y)};
     if (!wasTranslation || !isTranslation_)
@@ -172,8 +174,7 @@ COLORREF DeviceContext::plainColor(COLORREF color) const
         if ((color & 0xff0000) == 0xff0000 && surface.format.isIndexed())
             return colorOf(surface, color & 0xff);
         return color & rgbBits;
-    default:
-        return color & rgbBits;
+    default: return color & rgbBits;
     }
 }
 
@@ -186,12 +187,9 @@ BrushColors DeviceContext::brushColors(const Brush &brush) const
 COLORREF DeviceContext::ownColorOf(const Brush &brush) const
 {
     switch (brush.colorSource) {
-    case ColorSource::ContextBrush:
-        return plainColor(state.dcBrushColor);
-    case ColorSource::ContextPen:
-        return plainColor(state.dcPenColor);
-    default:
-        return plainColor(brush.color);
+    case ColorSource::ContextBrush: return plainColor(state.dcBrushColor);
+    case ColorSource::ContextPen: return plainColor(state.dcPenColor);
+    default: return plainColor(brush.color);
     }
 }
 
@@ -218,14 +216,22 @@ Paint DeviceContext::penPaint()
     return paintOf(brush, penTile_);
 }
 
+// A tile of one colour is laid as that colour, which takes less.
+Paint DeviceContext::paintOf(const Tile &tile) const
+{
+    if (tile.isUniform)
+        return solidPaint(tile.pixels.front());
+    return {Paint::Kind::Tiled, 0, &tile, wrappingSum(origin.x, state.brushOrigin.x),
+            wrappingSum(origin.y, state.brushOrigin.y)};
+}
+
 Paint DeviceContext::paintOf(const Brush &brush, Tile &scratch) const
 {
     Paint paint;
     if (solidPaintOf(brush, paint))
         return paint;
     makeTile(brush, surface, brushColors(brush), scratch);
-    return {Paint::Kind::Tiled, 0, &scratch, wrappingSum(origin.x, state.brushOrigin.x),
-            wrappingSum(origin.y, state.brushOrigin.y)};
+    return paintOf(scratch);
 }
 
 Paint DeviceContext::paintOf(const Brush &brush, CachedTile &cached)
@@ -234,8 +240,8 @@ Paint DeviceContext::paintOf(const Brush &brush, CachedTile &cached)
     if (solidPaintOf(brush, paint))
         return paint;
     BrushColors colors = brushColors(brush);
-    bool isCurrent = cached.brushStamp == brush.stamp && cached.tableStamp == stampOf(surface) && cached.colors == colors
-                     && cached.format == surface.format;
+    bool isCurrent = cached.brushStamp == brush.stamp && cached.tableStamp == stampOf(surface)
+                     && cached.colors == colors && cached.format == surface.format;
     if (!isCurrent) {
         cached.brushStamp = 0; // making the tile may throw
         makeTile(brush, surface, colors, cached.tile);
@@ -244,8 +250,7 @@ Paint DeviceContext::paintOf(const Brush &brush, CachedTile &cached)
         cached.tableStamp = stampOf(surface);
         cached.colors = colors;
     }
-    return {Paint::Kind::Tiled, 0, &cached.tile, wrappingSum(origin.x, state.brushOrigin.x),
-            wrappingSum(origin.y, state.brushOrigin.y)};
+    return paintOf(cached.tile);
 }
 
 uint32_t DeviceContext::fontGeneration()

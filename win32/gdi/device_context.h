@@ -234,6 +234,7 @@ private:
     static uint32_t fontGeneration();
     void realizeFont();
     Paint paintOf(const Brush &brush, CachedTile &cached);
+    Paint paintOf(const Tile &tile) const;
     bool solidPaintOf(const Brush &brush, Paint &paint) const;
     COLORREF ownColorOf(const Brush &brush) const;
 

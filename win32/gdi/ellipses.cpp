@@ -92,11 +92,20 @@ Box withMargin(const Box &box)
     return {box.x1 - 1, box.y1 - 1, box.x2 + 1, box.y2 + 1};
 }
 
+bool areOneColor(const Paint &a, const Paint &b)
+{
+    return a.kind == Paint::Kind::Solid && b.kind == Paint::Kind::Solid && a.pixel == b.pixel;
+}
+
 void drawPlain(Drawing &drawing, Stroker &stroker, const RoundShape &shape)
 {
     DeviceContext &dc = drawing.dc();
     int rop2 = dc.state.rop2;
     Scratch &scratch = emptyScratch();
+    if (rop2 == R2_COPYPEN && areOneColor(dc.brushPaint(), stroker.paint())) {
+        drawing.fill(scanned(shape, drawing.clip().extents, scratch), stroker.paint(), rop2);
+        return;
+    }
     scratch.rows.set(scanned(shape, withMargin(drawing.clip().extents), scratch));
     scratch.rows.split(scratch.frame, scratch.inside);
     // Where a pen covers what the brush leaves, that need not be laid.

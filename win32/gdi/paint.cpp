@@ -3,6 +3,9 @@
 #include "brush.h"
 #include "convert.h"
 
+#include <algorithm>
+#include <functional>
+
 namespace win32::gdi {
 
 namespace {
@@ -69,6 +72,19 @@ void makePattern(const Surface &pattern, const Surface &surface, const BrushColo
         converter.convert(pattern.row(y), 0, pattern.width, &tile.pixels[static_cast<size_t>(y) * tile.width]);
 }
 
+void fillTile(const Brush &brush, const Surface &surface, const BrushColors &colors, Tile &tile)
+{
+    if (brush.style == BS_HATCHED)
+        return makeHatch(brush, surface, colors, tile);
+    if (brush.style == BS_SOLID)
+        return makeDither(colors.brush, tile);
+    if (!brush.isSmallPattern)
+        return makePattern(brush.pattern->surface, surface, colors, tile);
+    bool areBitsPixels = surface.format.isMonochrome;
+    fillBitmapTile(tile, brush.rows, areBitsPixels ? 0 : pixelFor(surface, colors.text),
+                   areBitsPixels ? 1 : pixelFor(surface, colors.background));
+}
+
 } // namespace
 
 uint32_t linePixelFor(const Surface &surface, COLORREF color, COLORREF background)
@@ -87,15 +103,9 @@ bool isDithered(const Surface &surface, COLORREF color)
 
 void makeTile(const Brush &brush, const Surface &surface, const BrushColors &colors, Tile &tile)
 {
-    if (brush.style == BS_HATCHED)
-        return makeHatch(brush, surface, colors, tile);
-    if (brush.style == BS_SOLID)
-        return makeDither(colors.brush, tile);
-    if (!brush.isSmallPattern)
-        return makePattern(brush.pattern->surface, surface, colors, tile);
-    bool areBitsPixels = surface.format.isMonochrome;
-    fillBitmapTile(tile, brush.rows, areBitsPixels ? 0 : pixelFor(surface, colors.text),
-                   areBitsPixels ? 1 : pixelFor(surface, colors.background));
+    fillTile(brush, surface, colors, tile);
+    bool hasTwoPixels = std::ranges::adjacent_find(tile.pixels, std::not_equal_to{}) != tile.pixels.end();
+    tile.isUniform = !tile.pixels.empty() && tile.coverage.empty() && !hasTwoPixels;
 }
 
 } // namespace win32::gdi

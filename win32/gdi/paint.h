@@ -16,6 +16,7 @@ struct Tile {
     std::vector<uint32_t> pixels; // row by row
     // 1 where the tile paints, for patterns with holes; empty when it paints everywhere.
     std::vector<uint8_t> coverage;
+    bool isUniform = false; // one pixel value everywhere, as of the black and white patterns
 };
 
 struct Paint {

@@ -134,8 +134,8 @@ void RoundRectScan::writeRows(int64_t first, int64_t last, int64_t inset)
     int64_t right = std::min<int64_t>(box_.x2 - inset, bounds_.x2);
     if (left >= right)
         return;
-    writer_.begin(static_cast<int>(box_.y1 + first), static_cast<int>(box_.y1 + last));
-    writer_.add(static_cast<int>(left), static_cast<int>(right));
+    writer_.addBand(static_cast<int>(box_.y1 + first), static_cast<int>(box_.y1 + last), static_cast<int>(left),
+                    static_cast<int>(right));
 }
 
 void scanRounded(const Box &box, int64_t ellipseWidth, int64_t ellipseHeight, const Box &bounds,

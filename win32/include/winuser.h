@@ -781,6 +781,17 @@ typedef struct tagINPUT {
     };
 } INPUT, *LPINPUT;
 
+/* What MapVirtualKey makes of what. */
+#define MAPVK_VK_TO_VSC 0
+#define MAPVK_VSC_TO_VK 1
+#define MAPVK_VK_TO_CHAR 2
+
+/* The high word of a key message's lParam. */
+#define KF_EXTENDED 0x0100
+#define KF_ALTDOWN 0x2000
+#define KF_REPEAT 0x4000
+#define KF_UP 0x8000
+
 #define VK_LBUTTON 0x01
 #define VK_RBUTTON 0x02
 #define VK_CANCEL 0x03

@@ -1,4 +1,4 @@
-// How a program's compiled resources, linked into it by win32_add_resources, reach the layer.
+// How a program's compiled resources, linked into it by mtbx_add_resources, reach the layer.
 #pragma once
 
 #include <windows.h>

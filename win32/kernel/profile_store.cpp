@@ -1,10 +1,9 @@
 #include "profile_store.h"
 
 #include "descriptor.h"
-#include "file_information.h"
 #include "kernel_internal.h"
 #include "paths.h"
-#include "share_locks.h"
+#include "replaced_file.h"
 
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -13,12 +12,7 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
-#include <climits>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <list>
 #include <mutex>
 
@@ -164,71 +158,19 @@ CachedFile *unchanged(LPCSTR path)
     return &*known;
 }
 
-bool writeAll(int file, const std::string &content)
-{
-    size_t written = 0;
-    while (written < content.size()) {
-        ssize_t count = write(file, content.data() + written, content.size() - written);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            return false;
-        written += static_cast<size_t>(count);
-    }
-    return true;
-}
-
-// A file left by a program that crashed may have the name already.
-int openTemporary(const std::string &path, mode_t mode, std::string &temporary)
-{
-    static std::atomic<unsigned> counter{0};
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        char suffix[48];
-        snprintf(suffix, sizeof suffix, ".%ld.%u.tmp", static_cast<long>(getpid()), counter++);
-        temporary = path + suffix;
-        int file = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-        if (file >= 0 || errno != EEXIST)
-            return file;
-    }
-    return -1;
-}
-
-// Writes beside the old file and renames over it, so that at every moment one of the two is whole.
 // The stamp tells which content was changed: when the file on disk is another one by now, changedByOthers says
 // that the change is to be made anew.
-bool replaceFile(const std::string &path, const std::string &content, Stamp &stamp, bool &changedByOthers)
+bool replaceUnlessChanged(const std::string &path, const std::string &content, Stamp &stamp, bool &changedByOthers)
 {
-    struct stat old;
-    bool existed = stat(path.c_str(), &old) == 0;
-    if (existed && !S_ISREG(old.st_mode))
-        return fail(ERROR_ACCESS_DENIED, false);
-    if (existed && (isReadOnly(old.st_mode) || access(path.c_str(), W_OK) != 0))
-        return fail(ERROR_ACCESS_DENIED, false);
-    if (existed && deniesWriting(path.c_str()))
-        return fail(ERROR_SHARING_VIOLATION, false);
-    std::string temporary;
-    Descriptor file(openTemporary(path, existed ? old.st_mode & 0777 : 0666, temporary));
-    if (file < 0)
-        return fail(errno == ENOENT ? DWORD{ERROR_PATH_NOT_FOUND} : errorFromErrno(errno), false);
-    // The mode given at creation passes through the mask; the old file's mode is to stay as it is.
-    bool ready = !existed || fchmod(file, old.st_mode & 07777) == 0;
-    if (existed && (old.st_uid != geteuid() || old.st_gid != getegid()))
-        ready = fchown(file, old.st_uid, old.st_gid) == 0 && ready;
-    if (existed)
-        copyKeptAttributes(path.c_str(), file);
     struct stat made;
-    ready = ready && writeAll(file, content) && fstat(file, &made) == 0 && file.close();
-    int problem = errno;
-    DWORD error;
-    changedByOthers = ready && !(stampOfPath(path, error) == stamp);
-    errno = problem;
-    if (ready && !changedByOthers && rename(temporary.c_str(), path.c_str()) == 0) {
+    bool replaced = replaceFile(path, content, made, [&] {
+        DWORD error;
+        changedByOthers = !(stampOfPath(path, error) == stamp);
+        return !changedByOthers;
+    });
+    if (replaced)
         stamp = stampOf(made);
-        return true;
-    }
-    int reason = errno;
-    unlink(temporary.c_str());
-    return fail(errorFromErrno(reason), false);
+    return replaced;
 }
 
 // Holds the folder against other processes that change a profile in it at the same time.
@@ -258,23 +200,6 @@ private:
     bool isRefused_ = false;
 };
 
-// A profile behind a symbolic link is replaced, or made, where the link leads; the link stays.
-std::string withoutLinks(std::string path)
-{
-    char target[PATH_MAX];
-    if (realpath(path.c_str(), target))
-        return target;
-    constexpr int longestChain = 40;
-    for (int link = 0; link < longestChain; ++link) {
-        ssize_t length = readlink(path.c_str(), target, sizeof target);
-        if (length <= 0)
-            break;
-        size_t folder = target[0] == '/' ? 0 : path.rfind('/') + 1;
-        path = path.substr(0, folder) + std::string(target, static_cast<size_t>(length));
-    }
-    return path;
-}
-
 enum class Outcome { Done, Failed, ChangedByOthers };
 
 // With the mutex and the folder's lock held.
@@ -295,7 +220,7 @@ Outcome changeOnce(const std::string &path, const std::function<void(ProfileFile
     if (after == before)
         return Outcome::Done;
     bool changedByOthers = false;
-    if (!replaceFile(path, after, cached.stamp, changedByOthers))
+    if (!replaceUnlessChanged(path, after, cached.stamp, changedByOthers))
         return changedByOthers ? Outcome::ChangedByOthers : Outcome::Failed;
     cached.readError = NO_ERROR;
     if (!cached.file.isStale())

@@ -92,7 +92,6 @@ HWND enterWindow(const Creation &creation)
     window->extra.resize(static_cast<size_t>(creation.windowClass->windowBytes));
     window->icon = creation.windowClass->icon;
     window->parent = creation.parent;
-    window->owner = creation.owner;
     window->queue = &MessageQueue::current();
     if (window->isChild())
         window->id = reinterpret_cast<UINT_PTR>(record.hMenu);
@@ -106,6 +105,7 @@ HWND enterWindow(const Creation &creation)
     if (!enterObject(window.get()))
         return nullptr;
     ++creation.windowClass->windowCount;
+    setOwner(*window, creation.owner);
     linkBelow(*window, window->isChild() ? creation.parent->lastChild : nullptr);
     return window.release()->hwnd();
 }

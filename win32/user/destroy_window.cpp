@@ -41,12 +41,9 @@ void release(HWND handle)
     if (!window)
         return;
     unlink(*window);
-    for (Window *other = desktop()->firstChild; other; other = other->next) {
-        if (other->owner == window.get())
-            other->owner = nullptr;
-        if (other->lastActivePopup == handle)
-            other->lastActivePopup = nullptr;
-    }
+    setOwner(*window, nullptr);
+    while (window->firstOwned)
+        setOwner(*window->firstOwned, nullptr);
     forgetUpdate(*window);
     if (window->queue)
         window->queue->forget(handle);
@@ -96,16 +93,11 @@ void collectOf(const Window &window, const MessageQueue &queue, std::vector<HWND
     }
 }
 
-std::vector<HWND> ownedBy(HWND owner)
+std::vector<HWND> ownedByHandle(HWND owner)
 {
-    std::vector<HWND> owned;
     UserLock lock;
-    Window *window = findWindowQuietly(owner);
-    for (Window *other = window ? desktop()->firstChild : nullptr; other; other = other->next) {
-        if (other->owner == window)
-            owned.push_back(other->hwnd());
-    }
-    return owned;
+    const Window *window = findWindowQuietly(owner);
+    return window ? ownedBy(*window) : std::vector<HWND>{};
 }
 
 // True for the one call that is to destroy the window.
@@ -158,7 +150,7 @@ BOOL DestroyWindow(HWND window)
         else if (style & WS_VISIBLE)
             changePosition(window, nullptr, 0, 0, 0, 0,
                            SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-        for (HWND owned : ownedBy(window))
+        for (HWND owned : ownedByHandle(window))
             DestroyWindow(owned);
         sendToTree(window, WM_DESTROY);
         free(window);

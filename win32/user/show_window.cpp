@@ -236,13 +236,10 @@ BOOL ShowOwnedPopups(HWND owner, BOOL show)
             Window *window = findWindow(owner);
             if (!window)
                 return FALSE;
-            for (Window *other = desktop()->firstChild; other; other = other->next) {
-                if (other->owner == window && other->isVisible() != (show != FALSE))
-                    owned.push_back(other->hwnd());
-            }
+            owned = ownedBy(*window);
         }
         for (HWND popup : owned) {
-            if (!show || !IsWindow(popup) || !(styleOf(popup) & WS_VISIBLE))
+            if (IsWindow(popup) && ((styleOf(popup) & WS_VISIBLE) != 0) != (show != FALSE))
                 sendMessage(popup, WM_SHOWWINDOW, show, show ? SW_PARENTOPENING : SW_PARENTCLOSING);
         }
         return TRUE;

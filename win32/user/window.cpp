@@ -115,7 +115,8 @@ void linkBelow(Window &window, Window *after)
     window.next = after ? after->next : parent.firstChild;
     (window.previous ? window.previous->next : parent.firstChild) = &window;
     (window.next ? window.next->previous : parent.lastChild) = &window;
-    visibilityChanged();
+    if (window.isVisible())
+        visibilityChanged();
 }
 
 void unlink(Window &window)
@@ -124,7 +125,33 @@ void unlink(Window &window)
     (window.previous ? window.previous->next : parent.firstChild) = window.next;
     (window.next ? window.next->previous : parent.lastChild) = window.previous;
     window.previous = window.next = nullptr;
-    visibilityChanged();
+    if (window.isVisible())
+        visibilityChanged();
+}
+
+void setOwner(Window &window, Window *owner)
+{
+    if (window.owner) {
+        (window.previousOwned ? window.previousOwned->nextOwned : window.owner->firstOwned) = window.nextOwned;
+        if (window.nextOwned)
+            window.nextOwned->previousOwned = window.previousOwned;
+        window.previousOwned = window.nextOwned = nullptr;
+    }
+    window.owner = owner;
+    if (!owner)
+        return;
+    window.nextOwned = owner->firstOwned;
+    if (window.nextOwned)
+        window.nextOwned->previousOwned = &window;
+    owner->firstOwned = &window;
+}
+
+std::vector<HWND> ownedBy(const Window &window)
+{
+    std::vector<HWND> owned;
+    for (const Window *each = window.firstOwned; each; each = each->nextOwned)
+        owned.push_back(each->hwnd());
+    return owned;
 }
 
 std::vector<HWND> childrenOf(const Window &window)

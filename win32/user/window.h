@@ -12,6 +12,7 @@
 namespace win32::user {
 
 class MessageQueue;
+class WindowContext;
 
 struct WindowProperty {
     ATOM name;
@@ -65,11 +66,16 @@ public:
 
     // The tree. The first child lies on top of its siblings. Null parent: the desktop.
     Window *parent = nullptr;
-    Window *owner = nullptr;
     Window *firstChild = nullptr;
     Window *lastChild = nullptr;
     Window *next = nullptr; // the sibling below
     Window *previous = nullptr;
+
+    // A window and those that it owns, in no order. setOwner alone writes these.
+    Window *owner = nullptr;
+    Window *firstOwned = nullptr;
+    Window *nextOwned = nullptr;
+    Window *previousOwned = nullptr;
 
     // Screen coordinates, as those of all children.
     RECT windowRect{};
@@ -86,8 +92,8 @@ public:
 
     bool isDestroyed = false;  // its destruction has begun
     bool isActiveFrame = false; // how the caption is shown
-    HWND lastActivePopup = nullptr;
-    HDC ownContext = nullptr; // CS_OWNDC
+    HWND lastActivePopup = nullptr; // maybe of a window that is no more
+    WindowContext *firstContext = nullptr; // of those that the window has or had last
     int captionButtonDown = 0;
 };
 
@@ -112,6 +118,11 @@ Window *topLevelOf(Window *window);
 // list. Topmost windows stay above the others.
 void linkBelow(Window &window, Window *after);
 void unlink(Window &window);
+
+// Null makes it nobody's.
+void setOwner(Window &window, Window *owner);
+// Handles of the windows that it owns, as they were at the time. Throws bad_alloc.
+std::vector<HWND> ownedBy(const Window &window);
 
 // The client area's corner on the screen, and rectangles to and from coordinates that begin at a point.
 POINT clientOrigin(const Window &window);

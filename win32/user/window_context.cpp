@@ -10,9 +10,11 @@
 #include <vector>
 
 namespace win32::user {
-namespace {
 
-constexpr DWORD ownFlags = 0x10000000; // of a class or window that has a context of its own
+struct Links {
+    WindowContext *next = nullptr;
+    WindowContext *previous = nullptr;
+};
 
 class WindowContext final : public gdi::ScreenPlace {
 public:
@@ -21,16 +23,81 @@ public:
 
     HDC context = nullptr;
     HWND window = nullptr;
+    Window *record = nullptr; // of the window, until it ends
     DWORD flags = 0;
     bool isInUse = false;
+    Links ofWindow;
+    Links amongWaiting; // while it is not in use
     std::unique_ptr<gdi::RegionValue> within;  // DCX_INTERSECTRGN, screen coordinates
     std::unique_ptr<gdi::RegionValue> without; // DCX_EXCLUDERGN
 };
+
+namespace {
+
+constexpr DWORD ownFlags = 0x10000000; // of a class or window that has a context of its own
+
+// So many contexts are made before one that waits for a window is given to another.
+constexpr size_t keptContexts = 16;
 
 std::vector<std::unique_ptr<WindowContext>> &contexts()
 {
     static auto *made = new std::vector<std::unique_ptr<WindowContext>>;
     return *made;
+}
+
+template <Links WindowContext::*links> void insertFirst(WindowContext *&first, WindowContext &context)
+{
+    (context.*links).next = first;
+    (context.*links).previous = nullptr;
+    if (first)
+        (first->*links).previous = &context;
+    first = &context;
+}
+
+template <Links WindowContext::*links> void remove(WindowContext *&first, WindowContext &context)
+{
+    Links &own = context.*links;
+    (own.previous ? (own.previous->*links).next : first) = own.next;
+    if (own.next)
+        (own.next->*links).previous = own.previous;
+    own = {};
+}
+
+// Those that were given back, the last one first.
+WindowContext *firstWaiting;
+WindowContext *lastWaiting;
+
+void addWaiting(WindowContext &context)
+{
+    context.isInUse = false;
+    insertFirst<&WindowContext::amongWaiting>(firstWaiting, context);
+    if (!lastWaiting)
+        lastWaiting = &context;
+}
+
+void removeWaiting(WindowContext &context)
+{
+    context.isInUse = true;
+    if (lastWaiting == &context)
+        lastWaiting = context.amongWaiting.previous;
+    remove<&WindowContext::amongWaiting>(firstWaiting, context);
+}
+
+void detach(WindowContext &context)
+{
+    if (context.record)
+        remove<&WindowContext::ofWindow>(context.record->firstContext, context);
+    context.record = nullptr;
+}
+
+void attach(WindowContext &context, Window &window)
+{
+    if (context.record == &window)
+        return;
+    detach(context);
+    context.record = &window;
+    context.window = window.hwnd();
+    insertFirst<&WindowContext::ofWindow>(window.firstContext, context);
 }
 
 void findVisible(const Window &window, const WindowContext &context, gdi::RegionValue &result)
@@ -49,11 +116,12 @@ void findVisible(const Window &window, const WindowContext &context, gdi::Region
         throw std::bad_alloc();
 }
 
+} // namespace
+
 // A context whose window is gone, or for which memory is short, shows nothing.
 void WindowContext::locate(gdi::DeviceContext &dc)
 {
     UserLock lock;
-    Window *record = findWindowQuietly(window);
     pixman_region32_clear(&dc.visible.pixels);
     dc.surface = screen::surface();
     if (record) {
@@ -76,6 +144,8 @@ void WindowContext::release(gdi::DeviceContext &)
     ReleaseDC(window, context);
 }
 
+namespace {
+
 DWORD styleFlags(const Window &window)
 {
     DWORD flags = 0;
@@ -89,6 +159,7 @@ DWORD styleFlags(const Window &window)
     return flags;
 }
 
+// In use; null when it cannot be made.
 WindowContext *addContext(HWND window)
 {
     auto made = std::make_unique<WindowContext>();
@@ -96,6 +167,7 @@ WindowContext *addContext(HWND window)
     made->context = gdi::createScreenContext(window, made.get());
     if (!made->context)
         return nullptr;
+    made->isInUse = true;
     contexts().push_back(std::move(made));
     return contexts().back().get();
 }
@@ -105,27 +177,29 @@ bool isPlain(const WindowContext &context)
     return !context.within && !context.without;
 }
 
-// A waiting context, best one of the same window; a new one when none waits. Null when none can be made.
-WindowContext *takeContext(HWND window, DWORD flags)
+WindowContext *findOfWindow(const Window &window, DWORD flags, bool isInUse)
 {
-    WindowContext *waiting = nullptr;
-    for (const auto &context : contexts()) {
-        if (context->isInUse || context->flags & ownFlags)
-            continue;
-        if (context->window == window && context->flags == flags && isPlain(*context))
-            return context.get();
-        waiting = context.get();
-    }
-    return waiting ? waiting : addContext(window);
-}
-
-WindowContext *findOwn(HWND window, DWORD flags)
-{
-    for (const auto &context : contexts()) {
-        if (context->isInUse && context->window == window && context->flags == flags)
-            return context.get();
+    for (WindowContext *context = window.firstContext; context; context = context->ofWindow.next) {
+        if (context->isInUse == isInUse && context->flags == flags && (isInUse || isPlain(*context)))
+            return context;
     }
     return nullptr;
+}
+
+// Best one that waits for this window. Null when none waits and none can be made.
+WindowContext *takeContext(const Window &window, DWORD flags)
+{
+    WindowContext *waiting = findOfWindow(window, flags, false);
+    if (!waiting && contexts().size() >= keptContexts)
+        waiting = lastWaiting;
+    if (!waiting) {
+        if (WindowContext *added = addContext(window.hwnd()))
+            return added;
+        waiting = lastWaiting;
+    }
+    if (waiting)
+        removeWaiting(*waiting);
+    return waiting;
 }
 
 struct Limits {
@@ -137,17 +211,17 @@ HDC contextFor(Window &window, DWORD flags, Limits limits)
 {
     HWND handle = window.hwnd();
     if (flags & ownFlags) {
-        if (WindowContext *own = findOwn(handle, flags))
+        if (WindowContext *own = findOfWindow(window, flags, true))
             return own->context;
     }
-    WindowContext *context = takeContext(handle, flags);
+    WindowContext *context = takeContext(window, flags);
     if (!context)
         return nullptr;
     auto dc = gdi::find<gdi::DeviceContext>(context->context);
-    bool isPlaceKept = context->window == handle && context->flags == flags && isPlain(*context) && !limits.within
+    bool isPlaceKept = context->record == &window && context->flags == flags && isPlain(*context) && !limits.within
                        && !limits.without;
-    context->isInUse = true;
-    context->window = dc->window = handle;
+    attach(*context, window);
+    dc->window = handle;
     context->flags = flags;
     context->within = std::move(limits.within);
     context->without = std::move(limits.without);
@@ -178,34 +252,31 @@ HDC contextWithRegion(HWND handle, HRGN clip, DWORD flags)
 
 WindowContext *findInUse(HDC handle)
 {
-    for (const auto &context : contexts()) {
-        if (context->context == handle && context->isInUse)
-            return context.get();
-    }
-    return nullptr;
+    auto dc = gdi::find<gdi::DeviceContext>(handle);
+    auto *context = dc ? static_cast<WindowContext *>(dc->place) : nullptr;
+    return context && context->isInUse ? context : nullptr;
 }
 
 void giveBack(WindowContext &context)
 {
     if (auto dc = gdi::find<gdi::DeviceContext>(context.context))
         dc->reset();
-    context.isInUse = false;
+    addWaiting(context);
 }
 
 } // namespace
 
 void releaseContextsOf(Window &window)
 {
-    for (const auto &context : contexts()) {
-        if (context->window != window.hwnd())
-            continue;
+    if (!window.firstContext)
+        return;
+    while (WindowContext *context = window.firstContext) {
         // A cached context that the program still holds stays its own, on nothing.
-        if (context->flags & ownFlags) {
-            context->flags = 0;
+        bool isOwn = context->isInUse && (context->flags & ownFlags);
+        context->flags &= ~ownFlags;
+        detach(*context);
+        if (isOwn)
             giveBack(*context);
-        }
-        if (!context->isInUse)
-            context->window = nullptr;
     }
     visibilityChanged();
 }

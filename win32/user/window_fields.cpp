@@ -35,7 +35,7 @@ LONG_PTR changeOwner(Window &window, HWND next)
     for (const Window *each = owner; each; each = each->owner)
         isLoop |= each == &window;
     if (!isLoop)
-        window.owner = owner && !owner->isDesktop() ? owner : nullptr;
+        setOwner(window, owner && !owner->isDesktop() ? owner : nullptr);
     return reinterpret_cast<LONG_PTR>(old);
 }
 

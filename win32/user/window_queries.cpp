@@ -272,7 +272,7 @@ HWND GetLastActivePopup(HWND handle)
     Window *window = findWindow(handle);
     if (!window)
         return nullptr;
-    return window->lastActivePopup ? window->lastActivePopup : handle;
+    return findWindowQuietly(window->lastActivePopup) ? window->lastActivePopup : handle;
 }
 
 HWND FindWindowExA(HWND parentHandle, HWND afterHandle, LPCSTR className, LPCSTR title)

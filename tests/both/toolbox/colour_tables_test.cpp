@@ -69,7 +69,11 @@ TEST_F(ColorTableResources, ResourceComesBeforeTheRule)
     EXPECT_EQ((*table)->ctFlags, 0);
     EXPECT_EQ((*table)->ctSize, 1);
     EXPECT_EQ(takeColors(table), std::vector<RGBColor>({{0x1111, 0x2222, 0x3333}, {0xFFFF, 0, 0x8000}}));
-    EXPECT_FALSE(GetCTable(301));
+    EXPECT_FALSE(GetCTable(302));
+    table = GetCTable(301);
+    ASSERT_TRUE(table) << "a resource without data is a table without entries";
+    EXPECT_EQ((*table)->ctSize, -1);
+    DisposeCTable(table);
 }
 
 TEST(ColorTables, NumbersWithoutATableGiveNull)

@@ -222,6 +222,7 @@ TEST_F(TextResources, APairOrAHandleIsAddedOnce)
     // A handle in two lists would be disposed twice.
     openText("s.txt");
     AddResource(h, abcd, 129, Pascal());
+    EXPECT_EQ(ResError(), addResFailed);
     EXPECT_EQ(HomeResFile(h), first);
     EXPECT_EQ(value("s.txt", "ABCD", "129_Size"), "(none)");
 }
@@ -236,6 +237,19 @@ TEST_F(TextResources, NamesThatWouldBreakTheFileAreNotWritten)
     EXPECT_EQ(ResError(), addResFailed);
     EXPECT_EQ(value("r.txt", "ABCD", "129_Size"), "4");
     EXPECT_EQ(Count1Resources(abcd), 1);
+}
+
+TEST_F(TextResources, ANameWithAnEqualsSignIsKeptButLeadsToNoOtherResource)
+{
+    openText("r.txt");
+    Handle h = add(abcd, 128, "a=b", "x");
+    WriteResource(h);
+    EXPECT_EQ(ResError(), noErr);
+    TextSearch search;
+    reopen("r.txt");
+    EXPECT_EQ(name(Get1Resource(abcd, 128)), "a=b");
+    EXPECT_EQ(Get1NamedResource(abcd, Pascal("a")), nullptr);
+    EXPECT_EQ(value("r.txt", "ABCD", "Name_a"), "(none)");
 }
 
 TEST_F(TextResources, ALongNameIsWrittenWholeAndReadInPart)

@@ -98,6 +98,32 @@ TEST(Brushes, ANullBrushDrawsNothing)
     EXPECT_EQ(canvas.rows(), Rows{"#."});
 }
 
+TEST(Brushes, APatternOfOneColorIsThatColorInThePresentColors)
+{
+    UINT16 bits[8] = {};
+    HBITMAP bitmap = CreateBitmap(8, 8, 1, 1, bits);
+    HBRUSH brush = CreatePatternBrush(bitmap);
+    for (int depth : {8, 16, 24, 32}) {
+        Canvas canvas(4, 1, depth);
+        auto painted = [&](HBRUSH used, DWORD rop) {
+            canvas.clear(0x3c);
+            SelectObject(canvas.dc, used);
+            PatBlt(canvas.dc, 1, 0, 2, 1, rop);
+            SelectObject(canvas.dc, GetStockObject(WHITE_BRUSH));
+            return canvas.pixels();
+        };
+        for (COLORREF color : {RGB(255, 255, 255), RGB(0, 0, 255), RGB(0, 0, 0)})
+            for (DWORD rop : {DWORD{PATCOPY}, DWORD{PATINVERT}, DWORD{DSTINVERT}, DWORD{0x00A000C9}}) {
+                SetTextColor(canvas.dc, color);
+                HBRUSH solid = CreateSolidBrush(color);
+                EXPECT_EQ(painted(brush, rop), painted(solid, rop)) << depth << ' ' << color << ' ' << rop;
+                DeleteObject(solid);
+            }
+    }
+    DeleteObject(brush);
+    DeleteObject(bitmap);
+}
+
 TEST(Pixels, AreSetAndReadAsTheNearestColor)
 {
     Canvas deep(2, 1, 16), bits(2, 1, CanvasFormat::monochrome());

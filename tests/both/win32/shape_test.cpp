@@ -148,6 +148,20 @@ TEST(Shapes, PolygonsOfSeveralPartsAreFilledTogether)
     EXPECT_FALSE(Polygon(canvas.dc, points, 1));
 }
 
+TEST(Shapes, AnEllipseWithPenAndBrushOfOneColorCoversTheSame)
+{
+    for (int width : {1, 2, 7, 30}) {
+        ShapeCanvas canvas(32, 20);
+        Ellipse(canvas.dc, 1, 1, 1 + width, 18);
+        Rows twoColors = canvas.rows();
+        HGDIOBJ brush = SelectObject(canvas.dc, GetStockObject(WHITE_BRUSH));
+        canvas.clear();
+        Ellipse(canvas.dc, 1, 1, 1 + width, 18);
+        EXPECT_EQ(canvas.rows(), twoColors) << width;
+        SelectObject(canvas.dc, brush);
+    }
+}
+
 TEST(Shapes, ArcsRunCounterClockwiseFromOneRayToTheOther)
 {
     ShapeCanvas canvas(30, 11);

@@ -118,29 +118,43 @@ protected:
             qd.thePort = nullptr;
     }
 
+    void drawInWindow(WindowPtr window)
+    {
+        pixMapOf(window).pmWindow = other;
+        SizeWindow(window, 60, 60, true);
+        MacSetPort(window);
+        PenPat(&stripes);
+        PenMode(patXor);
+        Rect corner = ltrb(44, 44, 60, 60);
+        InvalWindowRect(window, &corner);
+        BeginUpdate(window);
+        ClipRect(&corner);
+        DrawGrowIcon(window);
+        EndUpdate(window);
+        pixMapOf(window).pmWindow = nullptr;
+    }
+
     void visitWindows()
     {
-        WindowRecord record{};
-        OpenCPort(&record.port);
-        if (QDError() == 0) {
-            pixMapOf(&record.port).pmWindow = other;
-            MacSetPort(&record.port);
-            PenPat(&stripes);
-            PenMode(patXor);
-        }
+        Rect bounds = ltrb(0, 0, 60, 60);
+        const UInt8 title[] = {1, 'w'};
+        WindowPtr window = NewCWindow(nullptr, &bounds, title, false, documentProc, nullptr, false, 0);
+        if (window)
+            drawInWindow(window);
         GrafPtr desktop = nullptr;
         GetWMgrPort(&desktop);
+        Point point = {30, 30};
+        WindowPtr found = nullptr;
+        MacFindWindow(point, &found);
         if (desktop)
             MacSetPort(desktop);
-        leave(&record.port);
-        if (record.port.portPixMap)
-            pixMapOf(&record.port).pmWindow = nullptr;
-        CloseCPort(&record.port);
+        DisposeWindow(window);
     }
 
     void visitBasicPort()
     {
-        GrafPort basic{};
+        GrafPort basic;
+        memset(&basic, 0x5A, sizeof basic);
         OpenPort(&basic);
         PenPat(&stripes);
         leave(&basic);
@@ -225,6 +239,44 @@ TEST_F(GraphicsShortage, AnyRefusedMemoryIsSurvived)
     ASSERT_GT(count, 20u);
     refuseEach(count, [&](DWORD number) { refuse(number, WIN32_WITHOUT_END); });
     refuseEach(count, [&](DWORD number) { refuse(number, 2); });
+}
+
+PortInMemory *hostsPort;
+
+SInt32 drawInTheMidst(UInt64)
+{
+    Win32Control_Reset();
+    GrafPtr former = nullptr;
+    GetPort(&former);
+    MacSetPort(hostsPort->port());
+    PenPat(&qd.gray);
+    MacSetPort(former);
+    return 1;
+}
+
+TEST(DrawingHost, APatternThatIsSetInAShortageStaysTheOneAskedFor)
+{
+    NativeWindow main(0, 0, 100, 80);
+    hWndMain = main;
+    InitGraf(nullptr);
+    PortInMemory port, other;
+    hostsPort = &other;
+    MacSetPort(port.port());
+    SetGrowZoneEx(drawInTheMidst);
+    Win32Control_RefuseGdiCreations(1, 2);
+    PenPat(&stripes);
+    SetGrowZoneEx(nullptr);
+    Win32Control_Reset();
+    PatBlt(port.context(), 0, 0, 8, 2, PATCOPY);
+    EXPECT_EQ(port.pixel(0, 0), port.pixel(3, 0));
+    EXPECT_EQ(port.pixel(4, 0), port.pixel(7, 0));
+    EXPECT_NE(port.pixel(3, 0), port.pixel(4, 0));
+    EXPECT_EQ(other.port()->pnPat, qd.gray) << "the host was asked";
+    MacSetPort(nullptr);
+    DisposePort(port.release());
+    DisposePort(other.release());
+    MTBX_ShutdownGraf();
+    hWndMain = nullptr;
 }
 
 } // namespace

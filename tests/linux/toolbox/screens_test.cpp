@@ -4,6 +4,7 @@
 
 #include <win32/control.h>
 
+#include <memory>
 #include <vector>
 
 namespace {
@@ -82,6 +83,32 @@ TEST_F(Screens, A256ColorScreenShowsTheLibrarysPalette)
     }
     EXPECT_EQ(gdiObjectCount(), objects);
     EXPECT_EQ(MEM_GetMemUsage(), usage);
+}
+
+TEST_F(Screens, PixelsAreReadFromTheScreen)
+{
+    NativeWindow main(0, 0, 100, 80);
+    hWndMain = main;
+    InitGraf(nullptr);
+    auto window = std::make_unique<PortWindow>(ltrb(200, 150, 260, 190));
+    MacSetPort(window->port());
+    Rect whole = ltrb(0, 0, 60, 40), dot = ltrb(3, 4, 4, 5);
+    RGBColor color = {65535, 0, 0x8000}, out = {1, 2, 3};
+    RGBBackColor(&color);
+    EraseRect(&whole);
+    PaintRect(&dot);
+    GdiFlush();
+    GetCPixel(200, 150, &out);
+    EXPECT_EQ(out, (RGBColor{65535, 0, 128 * 257}));
+    EXPECT_TRUE(MacGetPixel(200, 150));
+    EXPECT_FALSE(MacGetPixel(203, 154));
+    out = {1, 2, 3};
+    GetCPixel(-32768, 0, &out);
+    EXPECT_EQ(out, (RGBColor{1, 2, 3})) << "no pixel there";
+    EXPECT_FALSE(MacGetPixel(-32768, 0));
+    window.reset();
+    MTBX_ShutdownGraf();
+    hWndMain = nullptr;
 }
 
 } // namespace

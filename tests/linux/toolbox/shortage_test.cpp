@@ -161,6 +161,39 @@ TEST_F(Shortage, CopiesReportAndChangeNothing)
     DisposeHandle(h);
 }
 
+TEST_F(Shortage, AHostMayEnterDirectoriesWhileOneIsEntered)
+{
+    onGrowZone = [] {
+        Win32Control_AllowAllocations(WIN32_ALLOCATION_C_HEAP);
+        for (int number = 0; number < 300; ++number)
+            GetDirectoryID(("C:\\nested\\" + std::to_string(number)).c_str());
+        EXPECT_EQ(GetDirectoryID("C:\\outer"), 303);
+        return 1;
+    };
+    refuseFrom(1);
+    EXPECT_EQ(GetDirectoryID("C:\\outer"), 303);
+    for (int number = 0; number < 300; ++number)
+        EXPECT_EQ(GetDirectoryID(("C:\\nested\\" + std::to_string(number)).c_str()), number + 3);
+    MTBX_ShutdownMemory();
+}
+
+TEST_F(Shortage, AHostMayEnterVolumesWhileOneIsEntered)
+{
+    onGrowZone = [] {
+        Win32Control_AllowAllocations(WIN32_ALLOCATION_C_HEAP);
+        FSSpec spec;
+        EXPECT_EQ(PathNameToFSSpec("X:\\file", &spec), noErr);
+        EXPECT_EQ(spec.vRefNum, 1);
+        return 1;
+    };
+    GetDirectoryID("Y:");
+    refuseFrom(1);
+    FSSpec spec;
+    EXPECT_EQ(PathNameToFSSpec("Y:\\file", &spec), noErr);
+    EXPECT_EQ(spec.vRefNum, 2);
+    MTBX_ShutdownMemory();
+}
+
 // Every allocation of a scenario is refused in turn; each time the call fails cleanly, nothing is
 // left over, and the next try works.
 TEST_F(Shortage, EveryRefusalInAScenarioIsClean)

@@ -1,9 +1,9 @@
-# win32_add_resources(target file.rc): compiles a resource script into a program, for either platform.
+# mtbx_add_resources(target file.rc): compiles a resource script into a program, for either platform.
 #
 # On Windows the linker takes the compiled resources. On Linux the bytes of the .res file are put into
 # the program by a small object that names them to the layer before main.
 
-function(win32_add_resources target script)
+function(mtbx_add_resources target script)
     get_filename_component(script "${script}" ABSOLUTE)
     if(WIN32)
         target_sources(${target} PRIVATE "${script}")
@@ -13,6 +13,7 @@ function(win32_add_resources target script)
     get_filename_component(name "${script}" NAME_WE)
     set(compiled "${CMAKE_CURRENT_BINARY_DIR}/${target}-${name}.res")
     set(embedding "${CMAKE_CURRENT_BINARY_DIR}/${target}-${name}-resources.cpp")
+    string(MAKE_C_IDENTIFIER "win32Resources_${name}" symbol) # a program may have several scripts
     add_custom_command(OUTPUT "${compiled}"
         COMMAND "${MTBX_WINDRES}" -O res -i "${script}" -o "${compiled}"
         DEPENDS "${script}" VERBATIM)
@@ -21,16 +22,16 @@ function(win32_add_resources target script)
 #include <stddef.h>
 
 extern "C" void Win32_AddProgramResources(const void *resFile, size_t size);
-extern "C" const char win32ResourcesBegin[] __attribute__((visibility("hidden")));
-extern "C" const char win32ResourcesEnd[] __attribute__((visibility("hidden")));
+extern "C" const char @symbol@Begin[] __attribute__((visibility("hidden")));
+extern "C" const char @symbol@End[] __attribute__((visibility("hidden")));
 __asm__(".section .rodata\n.balign 16\n"
-        ".hidden win32ResourcesBegin\n.hidden win32ResourcesEnd\n"
-        ".globl win32ResourcesBegin\nwin32ResourcesBegin:\n.incbin \"@compiled@\"\n"
-        ".globl win32ResourcesEnd\nwin32ResourcesEnd:\n.byte 0\n.text\n");
+        ".hidden @symbol@Begin\n.hidden @symbol@End\n"
+        ".globl @symbol@Begin\n@symbol@Begin:\n.incbin \"@compiled@\"\n"
+        ".globl @symbol@End\n@symbol@End:\n.byte 0\n.text\n");
 
 __attribute__((constructor)) static void addResources()
 {
-    Win32_AddProgramResources(win32ResourcesBegin, static_cast<size_t>(win32ResourcesEnd - win32ResourcesBegin));
+    Win32_AddProgramResources(@symbol@Begin, static_cast<size_t>(@symbol@End - @symbol@Begin));
 }
 ]])
     set_source_files_properties("${embedding}" PROPERTIES OBJECT_DEPENDS "${compiled}")
