@@ -191,7 +191,8 @@ bool setMode(const std::string &mode)
     std::unique_ptr<Screen> &place = current();
     std::lock_guard lock(exchanging());
     retired.push_back(std::exchange(place, std::move(screen)));
-    place->damage.damaged(place->surface.box());
+    if (place->surface.listener)
+        place->surface.listener->damaged(place->surface.box());
     return true;
 }
 

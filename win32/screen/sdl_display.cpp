@@ -397,7 +397,7 @@ void SdlDisplay::refreshCursor()
 {
     int factor = std::max(layout_.factor, 1);
     uint32_t shown = shownCursorSerial();
-    if (shown == cursor_ && (factor == cursorFactor_ || !shown))
+    if (shown == cursor_ && factor == cursorFactor_)
         return;
     cursor_ = shown;
     cursorFactor_ = factor;

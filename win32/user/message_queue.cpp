@@ -57,6 +57,7 @@ MessageQueue::MessageQueue() : threadId(GetCurrentThreadId()), thread(currentThr
     {
         UserLock lock;
         queues()[threadId] = this;
+        cursor = LoadCursorA(nullptr, IDC_ARROW);
     }
     screen::startReplay();
 }

@@ -97,7 +97,7 @@ public:
     KeyStates keys; // as of the last message taken
     std::vector<Timer> timers;
     int cursorLevel = 0;
-    HCURSOR cursor = nullptr;
+    HCURSOR cursor = nullptr; // the arrow until the thread chooses another
 
     LONG messageTime = 0;
     POINT messagePoint{};

@@ -130,14 +130,6 @@ TEST_F(Clipboard, TextInOneFormatCanBeHadInAll)
     EXPECT_EQ(memcmp(GlobalLock(wide), expected, sizeof expected), 0);
     GlobalUnlock(wide);
     EXPECT_EQ(GetClipboardData(CF_UNICODETEXT), wide);
-
-    // A new text takes the place of all forms of the old one.
-    const WCHAR unterminated[] = {'n', 'e', 'w'};
-    EXPECT_TRUE(SetClipboardData(CF_UNICODETEXT, blockOf(unterminated, sizeof unterminated)));
-    CloseClipboard();
-    ASSERT_TRUE(OpenClipboard(nullptr));
-    EXPECT_EQ(textOf(GetClipboardData(CF_OEMTEXT)), "new");
-    EXPECT_EQ(textOf(GetClipboardData(CF_TEXT)), "caf\xe9"); // was given, so it stays
     EXPECT_EQ(GetClipboardData(CF_DIB), nullptr);
 }
 
