@@ -15,22 +15,27 @@
 namespace win32::user {
 namespace {
 
+// Ending a window must work when memory is short, so nothing here keeps lists of windows.
+
+// The first child that has not been told, and now will be; null when there is none.
+HWND nextToTell(HWND handle)
+{
+    UserLock lock;
+    Window *window = findWindowQuietly(handle);
+    Window *child = window ? window->firstChild : nullptr;
+    while (child && child->isToldOfEnd)
+        child = child->next;
+    if (!child)
+        return nullptr;
+    child->isToldOfEnd = true;
+    return child->hwnd();
+}
+
 void sendToTree(HWND handle, UINT message)
 {
-    clipboard::ownerIsEnding(handle);
     sendMessage(handle, message, 0, 0);
-    std::vector<HWND> children;
-    {
-        UserLock lock;
-        Window *window = findWindowQuietly(handle);
-        if (!window)
-            return;
-        children = childrenOf(*window);
-    }
-    for (HWND child : children) {
-        if (IsWindow(child))
-            sendToTree(child, message);
-    }
+    while (HWND child = nextToTell(handle))
+        sendToTree(child, message);
 }
 
 // After its last message: nothing in the system names the window any more.
@@ -55,31 +60,21 @@ void release(HWND handle)
     --window->windowClass->windowCount;
 }
 
+HWND firstChildOf(HWND handle)
+{
+    UserLock lock;
+    Window *window = findWindowQuietly(handle);
+    return window && window->firstChild ? window->firstChild->hwnd() : nullptr;
+}
+
 void free(HWND handle)
 {
-    std::vector<HWND> children;
-    {
-        UserLock lock;
-        Window *window = findWindowQuietly(handle);
-        if (!window)
-            return;
-        children = childrenOf(*window);
-    }
-    for (HWND child : children)
+    while (HWND child = firstChildOf(handle))
         free(child);
     sendMessage(handle, WM_NCDESTROY, 0, 0);
     // What the procedure made for a window that is ending goes with it.
-    for (;;) {
-        HWND late;
-        {
-            UserLock lock;
-            Window *window = findWindowQuietly(handle);
-            late = window && window->firstChild ? window->firstChild->hwnd() : nullptr;
-        }
-        if (!late)
-            break;
-        free(late);
-    }
+    while (HWND child = firstChildOf(handle))
+        free(child);
     release(handle);
 }
 
@@ -93,11 +88,34 @@ void collectOf(const Window &window, const MessageQueue &queue, std::vector<HWND
     }
 }
 
-std::vector<HWND> ownedByHandle(HWND owner)
+// Owned windows go first. One that does not, as another thread's, is nobody's from then on.
+void destroyOwned(HWND handle)
 {
-    UserLock lock;
-    const Window *window = findWindowQuietly(owner);
-    return window ? ownedBy(*window) : std::vector<HWND>{};
+    for (;;) {
+        HWND owned;
+        {
+            UserLock lock;
+            Window *window = findWindowQuietly(handle);
+            owned = window && window->firstOwned ? window->firstOwned->hwnd() : nullptr;
+        }
+        if (!owned)
+            return;
+        if (DestroyWindow(owned))
+            continue;
+        UserLock lock;
+        if (Window *window = findWindowQuietly(owned))
+            setOwner(*window, nullptr);
+    }
+}
+
+void hide(HWND window)
+{
+    auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
+    if ((style & WS_VISIBLE) && (style & WS_CHILD))
+        ShowWindow(window, SW_HIDE);
+    else if (style & WS_VISIBLE)
+        changePosition(window, nullptr, 0, 0, 0, 0,
+                       SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // True for the one call that is to destroy the window.
@@ -142,16 +160,14 @@ BOOL DestroyWindow(HWND window)
     return guarded(FALSE, [&]() -> BOOL {
         if (!begin(window))
             return FALSE;
-        notifyParent(window, WM_DESTROY);
-        windowIsGoing(window);
-        auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
-        if ((style & WS_VISIBLE) && (style & WS_CHILD))
-            ShowWindow(window, SW_HIDE);
-        else if (style & WS_VISIBLE)
-            changePosition(window, nullptr, 0, 0, 0, 0,
-                           SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-        for (HWND owned : ownedByHandle(window))
-            DestroyWindow(owned);
+        // When memory is short the window ends all the same.
+        guarded(false, [&] {
+            notifyParent(window, WM_DESTROY);
+            windowIsGoing(window);
+            hide(window);
+            return true;
+        });
+        destroyOwned(window);
         sendToTree(window, WM_DESTROY);
         free(window);
         return TRUE;

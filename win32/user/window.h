@@ -91,6 +91,7 @@ public:
     bool hasInternalPaint = false;
 
     bool isDestroyed = false;  // its destruction has begun
+    bool isToldOfEnd = false;  // WM_DESTROY was sent
     bool isActiveFrame = false; // how the caption is shown
     HWND lastActivePopup = nullptr; // maybe of a window that is no more
     WindowContext *firstContext = nullptr; // of those that the window has or had last

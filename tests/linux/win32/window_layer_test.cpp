@@ -1,5 +1,8 @@
-// Windows changed at random: exactly what was hidden is painted anew.
+// Windows changed at random: exactly what was hidden is painted anew. And windows when memory is short.
+#include "TestWindows.h"
 #include "WindowScene.h"
+
+#include <win32/control.h>
 
 #include <gtest/gtest.h>
 
@@ -64,6 +67,84 @@ TEST(RandomWindows, InvalidateExactlyWhatWasHidden)
             scene.settle();
         }
     }
+}
+
+// What cannot be painted for want of memory comes again and again, so there is an end to this.
+void serveSome()
+{
+    MSG message;
+    for (int i = 0; i < 100 && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE); ++i)
+        DispatchMessageA(&message);
+}
+
+// A life of two windows with input, timers, boxes of both kinds of scroll bars and a caret.
+void liveOnce(TestWindows &windows)
+{
+    HWND frame = windows.make(WS_POPUP | WS_CAPTION | WS_THICKFRAME | WS_HSCROLL | WS_VSCROLL | WS_VISIBLE, {20, 20, 220, 170});
+    HWND child = windows.makeChild(frame, {10, 10, 90, 60});
+    HWND button = CreateWindowExA(0, "BUTTON", "Press", WS_CHILD | WS_VISIBLE, 100, 10, 60, 25, frame, nullptr, nullptr, nullptr);
+    windows.handler = [](const TestWindows::Noted &noted, LRESULT &) {
+        if (noted.message != WM_PAINT)
+            return false;
+        PAINTSTRUCT paint;
+        HDC context = BeginPaint(noted.window, &paint);
+        Rectangle(context, 5, 5, 50, 40);
+        TextOutA(context, 3, 3, "Text", 4);
+        EndPaint(noted.window, &paint);
+        return true;
+    };
+    SetPropA(frame, "Property", frame);
+    SetWindowTextA(frame, "Another title");
+    SetScrollRange(frame, SB_VERT, 0, 50, TRUE);
+    CreateCaret(child, nullptr, 2, 10);
+    ShowCaret(child);
+    SetTimer(frame, 1, 1, nullptr);
+    PostMessageA(child, WM_APP, 0, 0);
+    SetFocus(child);
+    SetWindowPos(frame, nullptr, 40, 35, 180, 160, SWP_NOZORDER);
+    ScrollWindow(child, 3, 4, nullptr, nullptr);
+    serveSome();
+    SetWindowPos(child, HWND_TOP, 0, 0, 70, 50, 0);
+    InvalidateRect(button, nullptr, TRUE);
+    UpdateWindow(frame);
+    if (HDC context = GetWindowDC(frame))
+        ReleaseDC(frame, context);
+    windows.handler = nullptr;
+    windows.noted.clear();
+    windows.noted.reserve(1000);
+    DestroyWindow(frame);
+    DestroyWindow(child);
+    DestroyWindow(button);
+    serveSome();
+}
+
+TEST(WindowShortage, AnyRefusedMemoryOrObjectIsSurvived)
+{
+    TestWindows windows;
+    windows.noted.reserve(1000);
+    LoadCursorA(nullptr, IDC_ARROW); // made once
+    for (int i = 0; i < 3; ++i)
+        liveOnce(windows);
+    for (Win32Allocation kind : {WIN32_ALLOCATION_LAYER, WIN32_ALLOCATION_CONTEXT, WIN32_ALLOCATION_BRUSH, WIN32_ALLOCATION_REGION,
+                                 WIN32_ALLOCATION_BITMAP, WIN32_ALLOCATION_FONT, WIN32_ALLOCATION_PEN}) {
+        Win32Control_RefuseAllocations(kind, 0, 0, 0);
+        liveOnce(windows);
+        DWORD count = Win32Control_AllocationsCounted(kind);
+        Win32Control_AllowAllocations(kind);
+        DWORD objects = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), pictures = Win32Control_GdiObjects();
+        for (DWORD number = 1; number <= count; ++number)
+            for (DWORD refused : {DWORD{1}, DWORD{WIN32_WITHOUT_END}}) {
+                Win32Control_RefuseAllocations(kind, number, refused, 0);
+                liveOnce(windows);
+                Win32Control_AllowAllocations(kind);
+                TestWindows::drain();
+                ASSERT_EQ(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), objects) << kind << ", " << number;
+                ASSERT_LE(Win32Control_GdiObjects(), pictures) << kind << ", " << number;
+            }
+        liveOnce(windows);
+        EXPECT_EQ(Win32Control_GdiObjects(), pictures) << kind;
+    }
+    Win32Control_Reset();
 }
 
 } // namespace
