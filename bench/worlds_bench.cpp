@@ -78,6 +78,20 @@ void copyToWindow(benchmark::State &state, GWorldPtr Scene::*source)
     MacSetPort(nullptr);
 }
 
+// As after a small part of a window was uncovered.
+void updateWindow(benchmark::State &state)
+{
+    MacSetPort(&scene().window.port);
+    constexpr Rect uncovered = {500, 500, 540, 600};
+    RgnHandle part = NewRgn();
+    RectRgn(part, &uncovered);
+    const BitMap *target = GetPortBitMapForCopyBits(&scene().window.port);
+    for (auto _ : state)
+        CopyBits(imageOf(scene().alphaFirst), target, &whole, &whole, srcCopy, part);
+    DisposeRgn(part);
+    MacSetPort(nullptr);
+}
+
 void copyMemory(benchmark::State &state)
 {
     void *from = pixelsOf(scene().source), *to = pixelsOf(scene().target);
@@ -136,6 +150,7 @@ constexpr double plainRatio = 1 / 0.85, reversedRatio = 1 / 0.25, scaledRatio = 
     pairs::ratio("CopyBits 2:1 down", scaledRatio),
     pairs::within("CopyBits of 16x16", 300),
     pairs::within("CopyBits of 16x16 of a reversed world", 500),
+    pairs::within("CopyBits reversed world, 100x40 of the window", 5000),
     pairs::within("NewGWorld 640x480x32", 60000),
 };
 
@@ -157,6 +172,7 @@ BENCHMARK_CAPTURE(copy, down, &Scene::source, &Scene::small, whole, half)->Name(
 BENCHMARK_CAPTURE(pixmanNearest, down, &Scene::source, whole, &Scene::small, half)->Name("CopyBits 2:1 down/reference");
 BENCHMARK_CAPTURE(copyIcon, plain, &Scene::source)->Name("CopyBits of 16x16/ours");
 BENCHMARK_CAPTURE(copyIcon, reversed, &Scene::alphaFirst)->Name("CopyBits of 16x16 of a reversed world/ours");
+BENCHMARK(updateWindow)->Name("CopyBits reversed world, 100x40 of the window/ours");
 BENCHMARK(makeWorld)->Name("NewGWorld 640x480x32/ours");
 
 } // namespace

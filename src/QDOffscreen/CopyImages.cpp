@@ -30,8 +30,11 @@ bool isPlainBitmap(const BitMap &image)
 
 CopySide sideOf(const BitMap &image)
 {
-    if (kindOf(image) == portKind)
-        return {pixMapOf(*portOf(image)), portOf(image), {0, 0}};
+    if (kindOf(image) == portKind) {
+        GrafPtr port = portOf(image);
+        PixMapPtr map = pixMapOf(*port);
+        return map ? CopySide{map, port, {0, 0}} : CopySide{};
+    }
     if (kindOf(image) != pixMapKind)
         return {};
     auto map = reinterpret_cast<PixMapPtr>(const_cast<BitMap *>(&image));

@@ -3,7 +3,8 @@
 
 #include <mtbx/QDOffscreen.h>
 
-// An image with a context. There is no PixMap for a plain bitmap, nor for a port that is closed.
+// An image with a context. All is null for a plain bitmap, for a port that is closed, and for the PixMap of a
+// window, which has the mark of a port.
 struct CopySide {
     PixMapPtr map;
     GrafPtr port; // null for a PixMap by itself

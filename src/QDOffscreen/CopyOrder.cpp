@@ -1,5 +1,5 @@
-// Only the pixels that take part in the copy are turned around, and back afterwards: in a large world a
-// small copy costs little.
+// Only the pixels that can be seen of the copy are turned around, and back afterwards: in a large world a
+// small copy costs little, and so does a small update of a large window.
 #include "CopyOrder_internal.h"
 
 #include "CopyImages_internal.h"
@@ -25,6 +25,22 @@ RECT areaOf(const PixelRows &rows, HDC context, POINT corner, SInt16 width, SInt
     span(corner.x - origin.x, width, rows.width, area.left, area.right);
     span(corner.y - origin.y, height, rows.height, area.top, area.bottom);
     return area;
+}
+
+// What a copy comes to within the clip of its destination.
+Copy visiblePart(const Copy &copy)
+{
+    Copy part = copy;
+    RECT clip;
+    if (copy.isStretched() || copy.width < 1 || !copy.hasRows() || GetClipBox(copy.destination.pmDC, &clip) == ERROR)
+        return part;
+    LONG left = std::max(copy.to.x, clip.left), right = std::min(copy.to.x + copy.width, clip.right);
+    LONG top = std::max(copy.to.y, clip.top), bottom = std::min(copy.to.y + copy.height, clip.bottom);
+    part.from = {copy.from.x + left - copy.to.x, copy.from.y + top - copy.to.y};
+    part.to = {left, top};
+    part.width = part.sourceWidth = static_cast<SInt16>(std::max<LONG>(right - left, 0));
+    part.height = part.sourceHeight = static_cast<SInt16>(std::max<LONG>(bottom - top, 0));
+    return part;
 }
 
 } // namespace
@@ -53,8 +69,9 @@ CopyOrder::CopyOrder(const Copy &copy)
         map_ = nullptr;
         return;
     }
-    area_ = map_ == &copy.source ? areaOf(rows_, map_->pmDC, copy.from, copy.sourceWidth, copy.sourceHeight)
-                                 : areaOf(rows_, map_->pmDC, copy.to, copy.width, copy.height);
+    Copy part = visiblePart(copy);
+    area_ = map_ == &copy.source ? areaOf(rows_, map_->pmDC, part.from, part.sourceWidth, part.sourceHeight)
+                                 : areaOf(rows_, map_->pmDC, part.to, part.width, part.height);
     formerFormat_ = map_->pmFormat;
     formerMasks_ = readMasks(map_->pmMasks);
     reverseArea();

@@ -49,14 +49,15 @@ void doublePixels(const uint8_t *source, bool isFirstSingle, size_t count, uint8
 WIN32_FOR_EACH_PROCESSOR
 void halvePixels(const uint8_t *source, size_t count, uint8_t *bytes)
 {
-    using Vector [[gnu::vector_size(16)]] = uint32_t;
+    constexpr size_t step = 8;
+    using Vector [[gnu::vector_size(4 * step)]] = uint32_t;
     size_t i = 0;
     // Nothing behind the last pixel may be read.
-    for (; i + 4 < count; i += 4) {
+    for (; i + step < count; i += step) {
         Vector first, second;
         memcpy(&first, source + 8 * i, sizeof first);
         memcpy(&second, source + 8 * i + sizeof first, sizeof second);
-        first = __builtin_shuffle(first, second, Vector{0, 2, 4, 6});
+        first = __builtin_shuffle(first, second, Vector{0, 2, 4, 6, 8, 10, 12, 14});
         memcpy(bytes + 4 * i, &first, sizeof first);
     }
     for (; i < count; ++i)

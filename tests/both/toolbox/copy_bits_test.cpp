@@ -157,6 +157,13 @@ TEST_F(WhiteToBlack, WhatHasNoContextGetsNothing)
     EXPECT_EQ(copied(GetPortBitMapForCopyBits(&closed), destination.asPort()), 0);
     plain.bitmap.baseAddr = nullptr;
     EXPECT_EQ(copied(plain.bits(), destination.asPort()), 0);
+    PortWindow window(ltrb(300, 200, 308, 204));
+    auto windowsPixMap = reinterpret_cast<const BitMap *>(&pixMapOf(window.port()));
+    pixMapOf(window.port()).rowBytes = SInt16(0xC000);
+    copied(source.asPort(), windowsPixMap);
+    PlainImage mask(8, 4, 0, {});
+    CopyMask(source.asPort(), mask.bits(), windowsPixMap, &all, &all, &all);
+    EXPECT_EQ(copied(windowsPixMap, destination.asPort()), 0) << "not even that of a window";
 }
 
 TEST_F(WhiteToBlack, Mode27PaintsWhiteWhateverTheSource)
