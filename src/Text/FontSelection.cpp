@@ -21,12 +21,15 @@ template <class Field, class Value> void change(Field GrafPort::*field, Value va
     setDirty(*port);
 }
 
-// The spare context serves all ports that have none, so another port's font may be in it meanwhile.
+// The spare context serves all ports that have none, so another port's font may be in it meanwhile. A port that
+// got a context of its own since then has nothing saved of that.
 bool isInForce(const GrafPort &port, HDC context)
 {
-    bool hasOwnContext = contextOf(port);
-    return !port.portFontDirty
-           && (hasOwnContext || !port.portFont || GetCurrentObject(context, OBJ_FONT) == port.portFont);
+    if (port.portFontDirty)
+        return false;
+    if (!port.portFont)
+        return true;
+    return contextOf(port) ? port.portSavedFont != nothingSaved : GetCurrentObject(context, OBJ_FONT) == port.portFont;
 }
 
 // Where the spare context serves, there is nothing to put back for the port.
@@ -90,7 +93,7 @@ SInt16 MTBX_SelectFont(GrafPtr port)
     if (code == kFontNoError) {
         if (instance != port->portFontInstance)
             code = adopt(*port, context, instance);
-        else if (!own)
+        else
             select(*port, context, port->portFont);
     }
     port->portFontDirty = 0;

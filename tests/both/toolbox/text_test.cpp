@@ -243,6 +243,23 @@ TEST_F(Text, PortsWithoutContextMeasureEachInItsOwnFont)
     EXPECT_EQ(+instance->lockCount, 0);
 }
 
+TEST_F(Text, AWorldThatGetsItsPixelsLaterGetsItsFontToo)
+{
+    Rect nothing = {}, bounds = ltrb(0, 0, 50, 50);
+    GWorldPtr world;
+    ASSERT_EQ(NewGWorld(&world, 32, &nothing, nullptr, nullptr, 0), noErr);
+    SetGWorld(world, nullptr);
+    TextFont(arial);
+    TextSize(30);
+    int width = CharWidth('W');
+    ASSERT_EQ(UpdateGWorld(&world, 32, &bounds, nullptr, nullptr, 0), 0u);
+    EXPECT_EQ(CharWidth('W'), width);
+    DrawChar('W');
+    EXPECT_EQ(GetCurrentObject(contextOf(world), OBJ_FONT), +world->portFont);
+    MacSetPort(port());
+    DisposeGWorld(world);
+}
+
 TEST_F(Text, AWindowsPortDrawsInItsFontAfterEachReturn)
 {
     PortWindow window(ltrb(200, 150, 260, 190));
