@@ -24,7 +24,11 @@ class RealizedFont;
 class RegionValue {
 public:
     RegionValue() { pixman_region32_init(&pixels); }
-    explicit RegionValue(const Box &box) { pixman_region32_init_rect(&pixels, box.x1, box.y1, unsigned(box.x2 - box.x1), unsigned(box.y2 - box.y1)); }
+    explicit RegionValue(Box box) : RegionValue()
+    {
+        if (!isEmpty(box))
+            pixman_region32_init_with_extents(&pixels, &box);
+    }
     RegionValue(const RegionValue &other) : RegionValue() { copyFrom(other.pixels); }
     RegionValue &operator=(const RegionValue &other)
     {

@@ -113,6 +113,9 @@ TEST_F(RegionLayer, ShapesOfTooManyRowsAreRefused)
     EXPECT_FALSE(CreatePolygonRgn(tall, 3, WINDING));
     EXPECT_EQ(GetLastError(), DWORD{ERROR_NOT_ENOUGH_MEMORY});
     EXPECT_FALSE(CreateEllipticRgn(0, INT_MIN, 100, INT_MAX));
+    // Few boxes, but all rows have to be looked at for them.
+    constexpr POINT steep[] = {{0, INT_MIN}, {5, INT_MAX}, {-5, INT_MAX}};
+    EXPECT_FALSE(CreatePolygonRgn(steep, 3, WINDING));
 }
 
 TEST_F(RegionLayer, ManyBoxesOverEachOtherTakeNoTimeOfTheirSquare)
