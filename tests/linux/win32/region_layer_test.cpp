@@ -156,15 +156,9 @@ TEST_F(RegionLayer, FramesHaveTheirFullWidthAlsoAlongNarrowGaps)
     HRGN region = box(1, 1, 13, 7), gap = box(6, 1, 7, 5);
     CombineRgn(region, region, gap, RGN_DIFF);
     EXPECT_TRUE(FrameRgn(canvas.dc, region, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)), 3, 1));
-    EXPECT_EQ(canvas.rows(), (std::vector<std::string>{
-        "..............",
-        ".#####.######.",
-        ".#####.######.",
-        ".#####.######.",
-        ".#####.######.",
-        ".###..#...###.",
-        ".############.",
-        ".............."}));
+    EXPECT_EQ(canvas.rows(),
+              (std::vector<std::string>{"..............", ".#####.######.", ".#####.######.", ".#####.######.",
+                                        ".#####.######.", ".###..#...###.", ".############.", ".............."}));
 }
 
 TEST_F(RegionLayer, DataThatLiesAboutItselfIsRefused)
