@@ -24,7 +24,11 @@ class RealizedFont;
 class RegionValue {
 public:
     RegionValue() { pixman_region32_init(&pixels); }
-    explicit RegionValue(const Box &box) { pixman_region32_init_rect(&pixels, box.x1, box.y1, unsigned(box.x2 - box.x1), unsigned(box.y2 - box.y1)); }
+    explicit RegionValue(Box box) : RegionValue()
+    {
+        if (!isEmpty(box))
+            pixman_region32_init_with_extents(&pixels, &box);
+    }
     RegionValue(const RegionValue &other) : RegionValue() { copyFrom(other.pixels); }
     RegionValue &operator=(const RegionValue &other)
     {
@@ -150,10 +154,10 @@ public:
     bool isMemory = false;
     Bitmap *bitmap = nullptr; // of a memory context
     HWND window = nullptr;
-    ScreenPlace *place = nullptr; // of a window's context
-    uint32_t layout = 0;          // the screen's layout for which the place was found
-    POINT origin{0, 0};    // of device coordinates, on the surface
-    RegionValue visible;   // what may be drawn on, in surface coordinates
+    ScreenPlace *place = nullptr;       // of a window's context
+    uint32_t layout = 0;                // the screen's layout for which the place was found
+    POINT origin{0, 0};                 // of device coordinates, on the surface
+    RegionValue visible;                // what may be drawn on, in surface coordinates
     bool isPaletteInBackground = false; // as SelectPalette was told
 
     ContextState state;
@@ -183,7 +187,8 @@ public:
     bool isTranslation() const { return isTranslation_; }
     POINT toDevice(POINT logical) const
     {
-        return isTranslation_ ? POINT{wrappingSum(logical.x, offset_.x), wrappingSum(logical.y, offset_.y)} : scaled(logical);
+        return isTranslation_ ? POINT{wrappingSum(logical.x, offset_.x), wrappingSum(logical.y, offset_.y)}
+                              : scaled(logical);
     }
     POINT toLogical(POINT device) const;
     // A box of logical coordinates on the surface; its sides come in order.

@@ -56,6 +56,7 @@ void EdgeScan::begin(int fillMode, const Box &bounds)
     active_.clear();
     admitted_ = 0;
     slanted_ = 0;
+    walked_ = 0;
 }
 
 template <class Point> void EdgeScan::add(Point from, Point to, int fromRow, int toRow)
@@ -94,9 +95,12 @@ void EdgeScan::run(std::vector<Box> &boxes)
             row = edges_[admitted_].top;
         admit(row);
         if (active_.size() == 2 && slanted_) {
-            row = writePair(writer, row, nextChange());
+            int next = nextChange();
+            walk(int64_t{next} - row);
+            row = writePair(writer, row, next);
         } else {
             int next = slanted_ ? row + 1 : nextChange();
+            walk(slanted_ ? 1 : 0);
             write(writer, row, next);
             row = next;
         }
@@ -105,6 +109,15 @@ void EdgeScan::run(std::vector<Box> &boxes)
         advance(row);
     }
     writer.finish();
+}
+
+// Rows along slanted edges are taken one by one, and edges from outside may be two thousand million rows high.
+void EdgeScan::walk(int64_t rows)
+{
+    constexpr int64_t mostRows = 1 << 26; // as far as coordinates of regions go
+    walked_ += rows;
+    if (walked_ > mostRows)
+        throw std::bad_alloc();
 }
 
 void EdgeScan::admit(int row)

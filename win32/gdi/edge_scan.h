@@ -50,6 +50,7 @@ private:
     static Edge edgeFrom(POINT upper, POINT lower, int firstRow);
     static Edge edgeFrom(FixedPoint upper, FixedPoint lower, int firstRow);
     template <class Point> void add(Point from, Point to, int fromRow, int toRow);
+    void walk(int64_t rows);
     void admit(int row);
     void sortActive();
     void write(Writer &writer, int top, int bottom);
@@ -63,6 +64,7 @@ private:
     size_t admitted_ = 0;
     std::vector<Edge *> active_; // from left to right
     size_t slanted_ = 0;         // among the active ones
+    int64_t walked_ = 0;
 };
 
 } // namespace win32::gdi

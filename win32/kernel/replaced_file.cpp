@@ -92,8 +92,8 @@ bool replaceFile(const std::string &path, std::string_view content, struct stat 
     Descriptor file = openTemporary(path, existed ? old.st_mode & 0777 : 0666, temporary);
     if (file < 0)
         return fail(errno == ENOENT ? DWORD{ERROR_PATH_NOT_FOUND} : errorFromErrno(errno), false);
-    bool ready = (!existed || takeAfter(path, old, file)) && writeAll(file, content) && fstat(file, &made) == 0
-                 && file.close();
+    bool ready =
+        (!existed || takeAfter(path, old, file)) && writeAll(file, content) && fstat(file, &made) == 0 && file.close();
     if (ready && mayReplace() && rename(temporary.c_str(), path.c_str()) == 0)
         return true;
     int reason = errno;

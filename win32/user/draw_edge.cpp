@@ -102,7 +102,10 @@ void drawDiagonal(SystemPainter &painter, const Box &box, const Layers &all, UIN
     bool isFalling = sides == BF_TOPLEFT || sides == BF_BOTTOMRIGHT;
     bool isInnerRight = isFalling ? sides == BF_TOPLEFT : (sides & BF_RIGHT) != 0;
     int length = std::min(box.x2 - box.x1, box.y2 - box.y1);
-    for (int i = 0; i < length; ++i) {
+    Box seen = painter.visibleBox();
+    int first = std::max(0, isFalling ? seen.y1 - box.y1 : box.y2 - seen.y2);
+    int end = std::min(length, isFalling ? seen.y2 - box.y1 : box.y2 - seen.y1);
+    for (int i = first; i < end; ++i) {
         int x = box.x1 + i, y = isFalling ? box.y1 + i : box.y2 - 1 - i;
         for (int layer = 0; layer < all.drawn; ++layer) {
             int place = isInnerRight ? x + layer : x - layer;
@@ -147,10 +150,10 @@ BOOL DrawEdge(HDC context, LPRECT rect, UINT edge, UINT flags)
         bool isDrawn = drawEdge(painter, box, edge, flags);
         if (flags & BF_ADJUST) {
             int rings = !!(edge & BDR_OUTER) + !!(edge & BDR_INNER);
-            rect->left += flags & BF_LEFT ? rings : 0;
-            rect->top += flags & BF_TOP ? rings : 0;
-            rect->right -= flags & BF_RIGHT ? rings : 0;
-            rect->bottom -= flags & BF_BOTTOM ? rings : 0;
+            rect->left = gdi::wrappingSum(rect->left, flags & BF_LEFT ? rings : 0);
+            rect->top = gdi::wrappingSum(rect->top, flags & BF_TOP ? rings : 0);
+            rect->right = gdi::wrappingDifference(rect->right, flags & BF_RIGHT ? rings : 0);
+            rect->bottom = gdi::wrappingDifference(rect->bottom, flags & BF_BOTTOM ? rings : 0);
         }
         return isDrawn ? TRUE : FALSE;
     });

@@ -64,15 +64,17 @@ void drawSizeGrip(SystemPainter &painter, const Box &box, bool isOnRight)
     painter.fill(box, COLOR_BTNFACE);
     Box square = middleSquare(box);
     int side = square.x2 - square.x1, unit = std::max(1, side / 16);
+    Box seen = painter.visibleBox();
     for (int i = 0; i < side; ++i) {
         int line = i / unit / step, part = i / unit % step; // 0 is the gap, 1 and 2 are shadow, 3 is light
         if (line >= lines || part == 0)
             continue;
         int color = part == step - 1 ? COLOR_BTNHIGHLIGHT : COLOR_BTNSHADOW;
-        for (int j = 0; j <= i; ++j) {
-            int x = isOnRight ? box.x2 - 1 - i + j : box.x1 + i - j, y = box.y2 - 1 - j;
-            painter.fill(pixelBox(x, y), color);
-        }
+        int start = isOnRight ? box.x2 - 1 - i : box.x1 + i;
+        int first = std::max({0, box.y2 - seen.y2, isOnRight ? seen.x1 - start : start - seen.x2 + 1});
+        int last = std::min({i, box.y2 - 1 - seen.y1, isOnRight ? seen.x2 - 1 - start : start - seen.x1});
+        for (int j = first; j <= last; ++j)
+            painter.fill(pixelBox(isOnRight ? start + j : start - j, box.y2 - 1 - j), color);
     }
 }
 

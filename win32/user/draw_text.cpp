@@ -234,7 +234,7 @@ std::string_view TextBlock::withEllipsis(const Line &line)
     bool isWanted = (flags_ & DT_WORD_ELLIPSIS) || (line.isLast && (flags_ & (DT_END_ELLIPSIS | DT_PATH_ELLIPSIS)));
     if (!isWanted || advanced(line.text, 0) <= width())
         return line.text;
-    int room = width() - widthOf(context_, ellipsis);
+    int room = std::max(width(), 0) - widthOf(context_, ellipsis);
     std::string_view tail;
     if (flags_ & DT_PATH_ELLIPSIS) {
         size_t separator = line.text.rfind('\\');

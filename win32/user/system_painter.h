@@ -13,10 +13,14 @@ public:
 
     explicit operator bool() const { return static_cast<bool>(drawing_); }
 
+    // Farther out than any screen reaches the sides of frames do not count, so that sizes can be reckoned with.
     gdi::Box boxOf(const RECT &rect) const
     {
-        return drawing_.dc().toSurface(rect.left, rect.top, rect.right, rect.bottom);
+        auto cut = [](int side) { return std::clamp(side, -farthestSide, farthestSide); };
+        gdi::Box box = drawing_.dc().toSurface(rect.left, rect.top, rect.right, rect.bottom);
+        return {cut(box.x1), cut(box.y1), cut(box.x2), cut(box.y2)};
     }
+    gdi::Box visibleBox() const { return drawing_.clip().extents; }
 
     void fill(const gdi::Box &box, int color) { fill(box, paintOf(color)); }
     void fill(std::span<const gdi::Box> boxes, int color) { fill(boxes, paintOf(color)); }
@@ -27,6 +31,8 @@ public:
     void fillMixed(const gdi::Box &box, int first, int second);
 
 private:
+    static constexpr int farthestSide = 1 << 17;
+
     gdi::Paint paintOf(int color) { return drawing_.dc().paintOf(*systemBrush(color), scratch_); }
     gdi::Paint plainPaint(COLORREF color) const { return gdi::solidPaint(gdi::pixelFor(drawing_.surface(), color)); }
     void fill(const gdi::Box &box, const gdi::Paint &paint)

@@ -297,7 +297,9 @@ TEST_F(DrawingLayer, AnyCoordinatesAreHarmless)
         bool isPath = random() % 8 == 0;
         if (isPath)
             BeginPath(canvas.dc);
-        switch (random() % 9) {
+        char text[] = "some words\tof text";
+        RECT area = {any(), any(), any(), any()};
+        switch (random() % 13) {
         case 0: Polyline(canvas.dc, points, 4); break;
         case 1: Polygon(canvas.dc, points, 4); break;
         case 2: PolyBezier(canvas.dc, points, 4); break;
@@ -306,6 +308,13 @@ TEST_F(DrawingLayer, AnyCoordinatesAreHarmless)
         case 5: RoundRect(canvas.dc, any(), any(), any(), any(), any(), any()); break;
         case 6: Arc(canvas.dc, any(), any(), any(), any(), any(), any(), any(), any()); break;
         case 7: Pie(canvas.dc, any(), any(), any(), any(), any(), any(), any(), any()); break;
+        case 8: DrawEdge(canvas.dc, &area, random() % 16, random() & 0xffff); break;
+        case 9: DrawFrameControl(canvas.dc, &area, random() % 6, random() & 0xffff); break;
+        case 10: DrawTextA(canvas.dc, text, -1, &area, random() & 0xeffff); break;
+        case 11:
+            ExcludeClipRect(canvas.dc, any(), any(), any(), any());
+            SelectClipRgn(canvas.dc, nullptr);
+            break;
         default: MoveToEx(canvas.dc, any(), any(), nullptr); LineTo(canvas.dc, any(), any());
         }
         if (isPath) {

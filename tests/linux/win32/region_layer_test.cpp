@@ -113,6 +113,9 @@ TEST_F(RegionLayer, ShapesOfTooManyRowsAreRefused)
     EXPECT_FALSE(CreatePolygonRgn(tall, 3, WINDING));
     EXPECT_EQ(GetLastError(), DWORD{ERROR_NOT_ENOUGH_MEMORY});
     EXPECT_FALSE(CreateEllipticRgn(0, INT_MIN, 100, INT_MAX));
+    // Few boxes, but all rows have to be looked at for them.
+    constexpr POINT steep[] = {{0, INT_MIN}, {5, INT_MAX}, {-5, INT_MAX}};
+    EXPECT_FALSE(CreatePolygonRgn(steep, 3, WINDING));
 }
 
 TEST_F(RegionLayer, ManyBoxesOverEachOtherTakeNoTimeOfTheirSquare)
@@ -153,15 +156,9 @@ TEST_F(RegionLayer, FramesHaveTheirFullWidthAlsoAlongNarrowGaps)
     HRGN region = box(1, 1, 13, 7), gap = box(6, 1, 7, 5);
     CombineRgn(region, region, gap, RGN_DIFF);
     EXPECT_TRUE(FrameRgn(canvas.dc, region, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)), 3, 1));
-    EXPECT_EQ(canvas.rows(), (std::vector<std::string>{
-        "..............",
-        ".#####.######.",
-        ".#####.######.",
-        ".#####.######.",
-        ".#####.######.",
-        ".###..#...###.",
-        ".############.",
-        ".............."}));
+    EXPECT_EQ(canvas.rows(),
+              (std::vector<std::string>{"..............", ".#####.######.", ".#####.######.", ".#####.######.",
+                                        ".#####.######.", ".###..#...###.", ".############.", ".............."}));
 }
 
 TEST_F(RegionLayer, DataThatLiesAboutItselfIsRefused)
