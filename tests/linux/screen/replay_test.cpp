@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string>
+#include <sys/resource.h>
 #include <sys/wait.h>
 
 namespace {
@@ -118,6 +119,25 @@ TEST_F(Replay, AProgramThatEndsEarlyIsTold)
     result = play("wait window \"Sketch\"\nkey Alt+F4\n"); // the last step may end it
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(result.status, 0);
+}
+
+// In the processor's time of all that has run so far.
+double processorSeconds()
+{
+    rusage usage;
+    getrusage(RUSAGE_CHILDREN, &usage);
+    return static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec)
+           + static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
+}
+
+TEST_F(Replay, AProgramThatWaitsCostsNothing)
+{
+    double before = processorSeconds();
+    play("wait window \"Sketch\"\nwait idle\nquit\n");
+    double between = processorSeconds();
+    play("wait window \"Sketch\"\nwait idle\nwait 3000\nquit\n");
+    double idle = (processorSeconds() - between) - (between - before);
+    EXPECT_LT(idle, 0.03) << "of 3 seconds, where 1 in 100 is allowed";
 }
 
 TEST_F(Replay, ScreenshotsShowTheCursorUnlessToldOtherwise)
