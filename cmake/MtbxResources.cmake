@@ -1,11 +1,13 @@
 # mtbx_add_resources(target file.rc): compiles a resource script into a program, for either platform.
 #
-# On Windows the linker takes the compiled resources. On Linux the bytes of the .res file are put into
+# Files that the script names are looked for beside it. On Windows the linker takes the compiled resources. On Linux the bytes of the .res file are put into
 # the program by a small object that names them to the layer before main.
 
 function(mtbx_add_resources target script)
     get_filename_component(script "${script}" ABSOLUTE)
+    get_filename_component(folder "${script}" DIRECTORY)
     if(WIN32)
+        set_property(SOURCE "${script}" APPEND PROPERTY INCLUDE_DIRECTORIES "${folder}")
         target_sources(${target} PRIVATE "${script}")
         return()
     endif()
@@ -15,7 +17,7 @@ function(mtbx_add_resources target script)
     set(embedding "${CMAKE_CURRENT_BINARY_DIR}/${target}-${name}-resources.cpp")
     string(MAKE_C_IDENTIFIER "win32Resources_${name}" symbol) # a program may have several scripts
     add_custom_command(OUTPUT "${compiled}"
-        COMMAND "${MTBX_WINDRES}" -O res -i "${script}" -o "${compiled}"
+        COMMAND "${MTBX_WINDRES}" -I "${folder}" -O res -i "${script}" -o "${compiled}"
         DEPENDS "${script}" VERBATIM)
     file(CONFIGURE OUTPUT "${embedding}" @ONLY CONTENT [[
 // The compiled resources of this program, handed to the layer before main.

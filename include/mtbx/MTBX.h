@@ -12,6 +12,7 @@
 #include <mtbx/Files.h>
 #include <mtbx/FixMath.h>
 #include <mtbx/Folders.h>
+#include <mtbx/Fonts.h>
 #include <mtbx/Gestalt.h>
 #include <mtbx/LowMem.h>
 #include <mtbx/MTBXEnvironment.h>
@@ -24,9 +25,11 @@
 #include <mtbx/MacWindows.h>
 #include <mtbx/OSUtils.h>
 #include <mtbx/Palettes.h>
+#include <mtbx/Pictures.h>
 #include <mtbx/Processes.h>
 #include <mtbx/QDOffscreen.h>
 #include <mtbx/Quickdraw.h>
+#include <mtbx/QuickdrawText.h>
 #include <mtbx/Resources.h>
 #include <mtbx/Script.h>
 #include <mtbx/TextEdit.h>

@@ -614,6 +614,12 @@ MTBX_API CTabHandle GetBevelColorsFromSystem(void);
    With graphics hooks in the current port, copies to that port go to its bitsProc. */
 MTBX_API void CopyBits(const BitMap *source, const BitMap *destination, const Rect *sourceRect,
                        const Rect *destinationRect, SInt16 mode, RgnHandle mask);
+/* Copies the pixels of the source rectangle for which the mask, a bitmap of one bit a pixel in the
+   coordinates of the source, has a set bit; the port's background is laid under them first. The mask is not
+   scaled, and its rectangle does not count. The destination is a port. When memory is short nothing is
+   drawn. */
+MTBX_API void CopyMask(const BitMap *source, const BitMap *mask, const BitMap *destination, const Rect *sourceRect,
+                       const Rect *maskRect, const Rect *destinationRect);
 /* Kept as a flag, which no copy looks at. Gives the former value. */
 MTBX_API Boolean MTBX_EnableCopyBitsDirectDraw(Boolean enable);
 

@@ -1,11 +1,13 @@
 // Start and end of the graphics layer, which reach into all its managers.
 #include "Display/Display_internal.h"
 #include "MacWindows/MacWindows_internal.h"
+#include "Pictures/Pictures_internal.h"
 #include "QDOffscreen/CopySettings_internal.h"
 #include "Quickdraw/ColorTables_internal.h"
 #include "Quickdraw/GdiGuard_internal.h"
 #include "Quickdraw/Quickdraw_internal.h"
 #include "Scrap/ClipboardFormats_internal.h"
+#include "Text/Text_internal.h"
 
 #include <mtbx/Displays.h>
 #include <mtbx/Files.h>
@@ -142,17 +144,21 @@ void InitGraf(void *)
     if (isStarted)
         MTBX_ShutdownGraf();
     isStarted = true;
+    MTBX_StartText();
     measureScreen();
     MTBX_StartClipping();
     MTBX_StartSharedRegions();
     openFirstPort();
     startEnvironment();
     MTBX_ReadCopySettings();
+    MTBX_StartCursors();
 }
 
 void MTBX_ShutdownGraf()
 {
     isStarted = false;
+    MTBX_StopCursors();
+    MTBX_StopText();
     closeFirstPort();
     MTBX_ClearIndexedFileNameCache();
     closeDesktopPort();

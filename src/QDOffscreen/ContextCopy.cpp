@@ -1,8 +1,6 @@
 // Copying between contexts: with one bit a pixel, and where the settings want it.
 #include "CopyPaths_internal.h"
 
-#include "WholeBitmaps_internal.h"
-
 namespace {
 
 constexpr COLORREF paletteEntry(COLORREF index)
@@ -56,10 +54,6 @@ void copyBetweenContexts(const Copy &copy)
 
 void copyOneBit(const Copy &copy)
 {
-    bool isWhole = copy.mode == addOver && copy.source.pixelSize == 1 && copy.destination.pixelSize == 1
-                   && xorWholeBitmaps(copy.source.pmBitmap, copy.destination.pmBitmap);
-    if (isWhole)
-        return;
     OneBitColors colors(copy);
     copyBetweenContexts(copy);
 }

@@ -5,6 +5,7 @@
 #include "CopyPaths_internal.h"
 #include "CopySettings_internal.h"
 #include "PlainBitmaps_internal.h"
+#include "WholeBitmaps_internal.h"
 
 #include "Quickdraw/Quickdraw_internal.h"
 
@@ -46,6 +47,14 @@ bool isWithinOneBitmap(const Copy &copy)
     return copy.source.pmBitmap && copy.source.pmDC == copy.destination.pmDC;
 }
 
+// Both images whole, without regard to rectangles and clip.
+bool combineWhole(const Copy &copy)
+{
+    bool isAsked = copy.mode == addOver && !copySettings.useStretchBlt && copy.source.pixelSize == 1
+                   && copy.destination.pixelSize == 1;
+    return isAsked && xorWholeBitmaps(copy.source.pmBitmap, copy.destination.pmBitmap);
+}
+
 void perform(const Copy &copy)
 {
     CopyOrder order(copy);
@@ -54,10 +63,8 @@ void perform(const Copy &copy)
         copyBetweenContexts(copy);
     else if (copy.source.pixelSize == 1 || copy.destination.pixelSize == 1)
         copyOneBit(copy);
-    else if (isWithinOneBitmap(copy))
-        copyBetweenContexts(copy);
-    else
-        copyFromMemory(copy);
+    else if (copy.hasRows())
+        isWithinOneBitmap(copy) ? copyBetweenContexts(copy) : copyFromMemory(copy);
 }
 
 Copy describe(const CopySide &source, const CopySide &destination, const Rect &from, const Rect &to, SInt16 mode)
@@ -92,14 +99,19 @@ void CopyBits(const BitMap *source, const BitMap *destination, const Rect *sourc
     if (!hasContext(target))
         return;
     std::optional<PlainBitmap> plain;
-    if (isPlainBitmap(*source))
-        origin = plain.emplace(*source, target.map->pmDC).side();
+    if (isPlainBitmap(*source)) {
+        HDC context = target.map->pmDC;
+        origin = plain.emplace(*source, context).side();
+    }
     if (!origin.map)
+        return;
+    Copy copy = describe(origin, target, from, to, mode);
+    if (combineWhole(copy))
         return;
     CopyClip clip(target, mask);
     // The host may have made another port current while it was asked for memory.
     if (clip.isReady() && hasContext(target))
-        perform(describe(origin, target, from, to, mode));
+        perform(copy);
 }
 
 Boolean MTBX_EnableCopyBitsDirectDraw(Boolean enable)

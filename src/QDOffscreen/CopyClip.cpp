@@ -10,17 +10,6 @@
 
 namespace {
 
-// False when the clip stayed what it was. An error that the host has not read yet stays.
-bool computeClip(GrafPort &port, RgnHandle mask)
-{
-    SInt16 pendingError = std::exchange(qdErrorValue, noErr);
-    MTBX_ComputePortClip(port, mask);
-    bool isComputed = qdErrorValue == noErr;
-    if (pendingError != noErr)
-        qdErrorValue = pendingError;
-    return isComputed;
-}
-
 // The mask is in the coordinates of the PixMap, the clip in those of its pixels.
 bool selectMask(const CopySide &side, RgnHandle mask)
 {
@@ -31,6 +20,16 @@ bool selectMask(const CopySide &side, RgnHandle mask)
 }
 
 } // namespace
+
+bool computeClip(GrafPort &port, RgnHandle mask)
+{
+    SInt16 pendingError = std::exchange(qdErrorValue, noErr);
+    MTBX_ComputePortClip(port, mask);
+    bool isComputed = qdErrorValue == noErr;
+    if (pendingError != noErr)
+        qdErrorValue = pendingError;
+    return isComputed;
+}
 
 CopyClip::CopyClip(const CopySide &destination, RgnHandle mask)
     : destination_(destination), mask_(mask), former_(mask ? MTBX_CreateRectRgn(0, 0, 0, 0) : nullptr),

@@ -4,6 +4,10 @@
 #include "CopyImages_internal.h"
 #include "Quickdraw/Regions_internal.h"
 
+// Computes a port's clip, limited to the mask unless that is null. False when it stayed what it was. An
+// error that the host has not read yet stays.
+bool computeClip(GrafPort &port, RgnHandle mask);
+
 // Limits the destination's context to the mask, unless that is null, while the object lives. The host's
 // grow-zone function may run while it is made.
 class CopyClip {

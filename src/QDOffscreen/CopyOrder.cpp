@@ -4,14 +4,9 @@
 
 #include "CopyImages_internal.h"
 #include "CopySettings_internal.h"
-#include "PixelFormats_internal.h"
 #include "PixelOrder_internal.h"
 
-#include "Quickdraw/RowBytes_internal.h"
-
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
 
 namespace {
 
@@ -23,12 +18,12 @@ void span(LONG position, SInt16 size, SInt32 limit, LONG &first, LONG &end)
     end = std::min<LONG>(size < 0 ? position + 1 : position + size, limit);
 }
 
-RECT areaOf(const PixMap &map, POINT corner, SInt16 width, SInt16 height)
+RECT areaOf(const PixelRows &rows, HDC context, POINT corner, SInt16 width, SInt16 height)
 {
-    POINT origin = contextOrigin(map.pmDC);
+    POINT origin = contextOrigin(context);
     RECT area;
-    span(corner.x - origin.x, width, map.pmWidth, area.left, area.right);
-    span(corner.y - origin.y, height, std::abs(map.pmHeight), area.top, area.bottom);
+    span(corner.x - origin.x, width, rows.width, area.left, area.right);
+    span(corner.y - origin.y, height, rows.height, area.top, area.bottom);
     return area;
 }
 
@@ -45,24 +40,25 @@ CopyOrder::Change CopyOrder::changeFor(const Copy &copy)
         return {};
     if (source.pmFormat == kPixelFormatNative)
         return {&destination, kPixelFormatNative, kNativeMasks};
-    return {&source, kPixelFormatCustom, destination.pmMasks};
+    return {&source, kPixelFormatCustom, readMasks(destination.pmMasks)};
 }
 
 CopyOrder::CopyOrder(const Copy &copy)
 {
     Change change = changeFor(copy);
     map_ = change.map;
-    if (map_ && (map_->pixelSize != 32 || !map_->baseAddr || haveSameColors(masksOf(*map_), change.masks)))
-        map_ = nullptr;
     if (!map_)
         return;
-    area_ = map_ == &copy.source ? areaOf(*map_, copy.from, copy.sourceWidth, copy.sourceHeight)
-                                 : areaOf(*map_, copy.to, copy.width, copy.height);
+    if (!isReversible(change.masks)) {
+        map_ = nullptr;
+        return;
+    }
+    area_ = map_ == &copy.source ? areaOf(rows_, map_->pmDC, copy.from, copy.sourceWidth, copy.sourceHeight)
+                                 : areaOf(rows_, map_->pmDC, copy.to, copy.width, copy.height);
     formerFormat_ = map_->pmFormat;
-    memcpy(formerMasks_, map_->pmMasks, sizeof formerMasks_);
+    formerMasks_ = readMasks(map_->pmMasks);
     reverseArea();
-    map_->pmFormat = change.format;
-    memcpy(map_->pmMasks, change.masks, sizeof map_->pmMasks);
+    setFormat(*map_, change.format, change.masks);
 }
 
 CopyOrder::~CopyOrder()
@@ -71,16 +67,21 @@ CopyOrder::~CopyOrder()
         return;
     GdiFlush();
     reverseArea();
-    map_->pmFormat = formerFormat_;
-    memcpy(map_->pmMasks, formerMasks_, sizeof map_->pmMasks);
+    setFormat(*map_, formerFormat_, formerMasks_);
+}
+
+bool CopyOrder::isReversible(const ChannelMasks &masks)
+{
+    return map_->pixelSize == 32 && readPixelRows(*map_, rows_) && rows_.depth == 32
+           && !haveSameColors(masksOf(*map_), masks);
 }
 
 void CopyOrder::reverseArea() const
 {
-    ptrdiff_t rowBytes = rowBytesOf(*map_);
+    ptrdiff_t rowBytes = rows_.rowBytes;
     if (area_.left >= area_.right)
         return;
     auto count = static_cast<size_t>(area_.right - area_.left);
     for (LONG row = area_.top; row < area_.bottom; ++row)
-        reversePixels(reinterpret_cast<UInt32 *>(map_->baseAddr + row * rowBytes) + area_.left, count);
+        reversePixels(reinterpret_cast<UInt32 *>(rows_.base + row * rowBytes) + area_.left, count);
 }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "CopyPaths_internal.h"
+#include "PixelFormats_internal.h"
+#include "PixelRows_internal.h"
 
 // While the object lives, source and destination have their 32-bit pixels in the same order, as far as the
 // copy touches them.
@@ -16,13 +18,16 @@ private:
     struct Change {
         PixMap *map; // null for none
         SInt32 format;
-        const UInt32 *masks;
+        ChannelMasks masks;
     };
     static Change changeFor(const Copy &copy);
     void reverseArea() const;
 
+    bool isReversible(const ChannelMasks &masks);
+
     PixMap *map_;
+    PixelRows rows_;
     RECT area_;
     SInt32 formerFormat_;
-    UInt32 formerMasks_[4];
+    ChannelMasks formerMasks_;
 };

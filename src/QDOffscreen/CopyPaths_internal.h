@@ -16,12 +16,14 @@ struct Copy {
     SInt16 mode;
     DWORD rasterOperation;
 
+    bool hasRows() const { return sourceHeight > 0 && height > 0; }
     bool isStretched() const { return sourceWidth != width || sourceHeight != height; }
 };
 
 DWORD rasterOperationOf(SInt16 transferMode);
 
-// From the memory of the source. Nothing comes of a source that has none of its own, as a window.
+// From the memory of the source, which has rows to copy. Nothing comes of a source that has none of its own, as a
+// window.
 void copyFromMemory(const Copy &copy);
 void copyBetweenContexts(const Copy &copy);
 // Where a side has one bit a pixel.

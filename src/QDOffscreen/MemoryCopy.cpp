@@ -6,6 +6,7 @@
 #include "CopyImages_internal.h"
 #include "CopySettings_internal.h"
 #include "PixelFormats_internal.h"
+#include "PixelRows_internal.h"
 
 #include <algorithm>
 #include <cstring>
@@ -13,10 +14,7 @@
 namespace {
 
 struct Picture {
-    const char *bits;
-    LONG width;
-    LONG height;
-    LONG rowBytes;
+    PixelRows rows;
     struct {
         BITMAPINFOHEADER header;
         RGBQUAD colors[256]; // or four masks
@@ -41,7 +39,7 @@ Span limited(Span span, LONG size)
 bool canMoveAsTheyLie(const Copy &copy)
 {
     return !copySettings.useBitfieldsIfPossible && copy.source.pixelSize == copy.destination.pixelSize
-           && copy.source.pixelSize == 32 && haveSameColors(copy.source, copy.destination);
+           && copy.source.pixelSize == 32 && haveSameColors(masksOf(copy.source), masksOf(copy.destination));
 }
 
 void describeColors(const Copy &copy, Picture &picture)
@@ -61,35 +59,31 @@ void describeColors(const Copy &copy, Picture &picture)
 
 bool describe(const Copy &copy, Picture &picture)
 {
-    const PixMap &map = copy.source;
-    BITMAP bitmap;
-    if (!map.pmBitmap || !map.baseAddr || !GetObjectA(map.pmBitmap, sizeof bitmap, &bitmap))
+    if (!copy.source.pmBitmap || !readPixelRows(copy.source, picture.rows))
         return false;
-    picture.bits = map.baseAddr;
-    picture.width = bitmap.bmWidth;
-    picture.height = bitmap.bmHeight;
-    picture.rowBytes = bitmap.bmWidthBytes;
     picture.info.header = {};
     picture.info.header.biSize = sizeof picture.info.header;
-    picture.info.header.biWidth = bitmap.bmWidth;
+    picture.info.header.biWidth = picture.rows.width;
     picture.info.header.biPlanes = 1;
-    picture.info.header.biBitCount = bitmap.bmBitsPixel;
+    picture.info.header.biBitCount = static_cast<WORD>(picture.rows.depth);
     describeColors(copy, picture);
     return true;
 }
 
 void draw(const Copy &copy, Picture &picture, const Span &columns, const Span &rows, int width, int height)
 {
-    LONG firstRow = rows.from, rowCount = picture.height, position = picture.height - rows.from - rows.length;
-    if (firstRow >= 0 && position >= 0) {
-        picture.bits += firstRow * ptrdiff_t{picture.rowBytes};
+    const PixelRows &all = picture.rows;
+    LONG rowCount = all.height, position = all.height - rows.from - rows.length;
+    const char *bits = all.base;
+    if (rows.from >= 0 && position >= 0) {
+        bits += rows.from * ptrdiff_t{all.rowBytes};
         rowCount = rows.length;
         position = 0;
     }
     picture.info.header.biHeight = -rowCount;
-    picture.info.header.biSizeImage = static_cast<DWORD>(rowCount * picture.rowBytes);
+    picture.info.header.biSizeImage = static_cast<DWORD>(rowCount * all.rowBytes);
     StretchDIBits(copy.destination.pmDC, columns.to, rows.to, width, height, columns.from, position, columns.length,
-                  rows.length, picture.bits, reinterpret_cast<const BITMAPINFO *>(&picture.info), DIB_RGB_COLORS,
+                  rows.length, bits, reinterpret_cast<const BITMAPINFO *>(&picture.info), DIB_RGB_COLORS,
                   copy.rasterOperation);
 }
 
@@ -98,7 +92,7 @@ void draw(const Copy &copy, Picture &picture, const Span &columns, const Span &r
 void copyFromMemory(const Copy &copy)
 {
     Picture picture;
-    if (copy.sourceHeight < 1 || copy.height < 1 || !describe(copy, picture))
+    if (!describe(copy, picture))
         return;
     POINT origin = contextOrigin(copy.source.pmDC);
     Span columns = {copy.from.x - origin.x, copy.to.x, copy.sourceWidth};
@@ -107,8 +101,8 @@ void copyFromMemory(const Copy &copy)
         draw(copy, picture, columns, rows, copy.width, copy.height);
         return;
     }
-    columns = limited(columns, picture.width);
-    rows = limited(rows, picture.height);
+    columns = limited(columns, picture.rows.width);
+    rows = limited(rows, picture.rows.height);
     if (columns.length > 0 && rows.length > 0)
         draw(copy, picture, columns, rows, columns.length, rows.length);
 }

@@ -1,19 +1,19 @@
 // Changing the format of pixels: the bytes of deep ones, the colour table of the others.
 #include "PixelFormats_internal.h"
 
+#include "PixelRows_internal.h"
+
 #include "Quickdraw/Quickdraw_internal.h"
-#include "Quickdraw/RowBytes_internal.h"
 
 #include <mtbx/MacErrors.h>
 
-#include <cstdlib>
 #include <cstring>
 
 namespace {
 
 // The places of red, green, blue and alpha among the four bytes of a colour.
 struct BytePlaces {
-    explicit BytePlaces(const UInt32 *masks)
+    explicit BytePlaces(const ChannelMasks &masks)
     {
         for (int channel = 0; channel < 4; ++channel)
             of[channel] = placeOf(masks[channel]);
@@ -41,7 +41,7 @@ RGBQUAD permuted(const RGBQUAD &entry, const BytePlaces &present, const BytePlac
     return result;
 }
 
-void permuteColorTable(const PixMap &map, const UInt32 *present, const UInt32 *target)
+void permuteColorTable(const PixMap &map, const ChannelMasks &present, const ChannelMasks &target)
 {
     if (!map.pmDC || map.pixelSize < 1)
         return;
@@ -56,12 +56,6 @@ void permuteColorTable(const PixMap &map, const UInt32 *present, const UInt32 *t
         SelectObject(map.pmDC, former);
 }
 
-void setMasks(PixMap &map, SInt32 format, const UInt32 *masks)
-{
-    memmove(map.pmMasks, masks, sizeof map.pmMasks); // they may be its own
-    map.pmFormat = format;
-}
-
 bool setIndexedFormat(PixMap &map, SInt32 format, const UInt32 *masks)
 {
     bool toCustom = map.pmFormat == kPixelFormatIndexed && format == kPixelFormatCustom;
@@ -70,30 +64,37 @@ bool setIndexedFormat(PixMap &map, SInt32 format, const UInt32 *masks)
         return true;
     if (!masks)
         return false;
-    permuteColorTable(map, toCustom ? kNativeMasks : map.pmMasks, masks);
-    setMasks(map, format, masks);
+    ChannelMasks target = readMasks(masks);
+    permuteColorTable(map, toCustom ? kNativeMasks : readMasks(map.pmMasks), target);
+    setFormat(map, format, target);
     return true;
 }
 
-void reverseAll(const PixMap &map)
+// False for pixels that are not 32 bits.
+bool reverseAll(const PixMap &map)
 {
-    if (!map.baseAddr)
-        return;
+    PixelRows rows;
+    if (map.pixelSize != 32)
+        return false;
+    if (!readPixelRows(map, rows))
+        return true;
+    if (rows.depth != 32)
+        return false;
     GdiFlush();
-    MTBX_ConvertBitsFast(map.baseAddr, std::abs(map.pmHeight), map.pmWidth, rowBytesOf(map));
+    MTBX_ConvertBitsFast(rows.base, rows.height, rows.width, rows.rowBytes);
+    return true;
 }
 
 bool setDirectFormat(PixMap &map, SInt32 format, const UInt32 *masks)
 {
-    const UInt32 *target = format == kPixelFormatNative ? kNativeMasks : masks;
-    if (!target)
+    if (format != kPixelFormatNative && !masks)
         return false;
+    ChannelMasks target = format == kPixelFormatNative ? kNativeMasks : readMasks(masks);
     if (haveSameColors(masksOf(map), target))
         return true;
-    if (map.pixelSize != 32)
+    if (!reverseAll(map))
         return false;
-    reverseAll(map);
-    setMasks(map, format, target);
+    setFormat(map, format, target);
     return true;
 }
 
@@ -140,10 +141,8 @@ OSErr MTBX_SetGWorld32PixmapFormat(GWorldPtr world, SInt32 format)
     OSErr error = MTBX_GetGWorld32PixmapFormat(world, &present);
     if (error != noErr || present == format)
         return error;
-    const PixMap &map = *pixMapOfWorld(world);
     bool isKnown = format == kGWorld32AlphaFirst || format == kGWorld32BlueFirst;
-    if (!isKnown || map.pixelSize != 32)
+    if (!isKnown || !reverseAll(*pixMapOfWorld(world)))
         return paramErr;
-    reverseAll(map);
     return MTBX_AssumeGWorld32PixmapFormat(world, format);
 }

@@ -4,22 +4,35 @@
 #include <mtbx/QDOffscreen.h>
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 
-// Red, green, blue, alpha in the plain order of GDI.
-constexpr UInt32 kNativeMasks[4] = {0x00FF0000, 0x0000FF00, 0x000000FF, 0xFF000000};
+// Red, green, blue, alpha. Records hold them at any address.
+using ChannelMasks = std::array<UInt32, 4>;
 
-inline const UInt32 *masksOf(const PixMap &map)
+// Of the plain order of GDI.
+constexpr ChannelMasks kNativeMasks = {0x00FF0000, 0x0000FF00, 0x000000FF, 0xFF000000};
+
+inline ChannelMasks readMasks(const UInt32 *masks)
 {
-    return map.pmFormat == kPixelFormatNative ? kNativeMasks : map.pmMasks;
+    ChannelMasks result;
+    memcpy(result.data(), masks, sizeof result);
+    return result;
+}
+
+inline ChannelMasks masksOf(const PixMap &map)
+{
+    return map.pmFormat == kPixelFormatNative ? kNativeMasks : readMasks(map.pmMasks);
+}
+
+inline void setFormat(PixMap &map, SInt32 format, const ChannelMasks &masks)
+{
+    memcpy(map.pmMasks, masks.data(), sizeof map.pmMasks);
+    map.pmFormat = format;
 }
 
 // Alpha does not count.
-inline bool haveSameColors(const UInt32 *masks, const UInt32 *others)
+inline bool haveSameColors(const ChannelMasks &a, const ChannelMasks &b)
 {
-    return std::equal(masks, masks + 3, others);
-}
-
-inline bool haveSameColors(const PixMap &a, const PixMap &b)
-{
-    return haveSameColors(masksOf(a), masksOf(b));
+    return std::equal(a.begin(), a.begin() + 3, b.begin());
 }

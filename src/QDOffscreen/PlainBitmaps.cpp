@@ -1,9 +1,10 @@
 // Plain bitmaps become native ones: their rows may be longer than those of GDI.
 #include "PlainBitmaps_internal.h"
 
-#include "Quickdraw/GdiGuard_internal.h"
 #include "WorldBitmaps_internal.h"
 #include "WorldSizes_internal.h"
+
+#include "Quickdraw/GdiGuard_internal.h"
 
 #include <mtbx/MacMemory.h>
 

@@ -1,34 +1,33 @@
 // The bitmap of a world: made in a new size, filled from the old one, selected into the world's context.
 #include "WorldSizes_internal.h"
 
+#include "PixelRows_internal.h"
+#include "WorldBitmaps_internal.h"
+
 #include "Quickdraw/GdiGuard_internal.h"
 #include "Quickdraw/Quickdraw_internal.h"
 #include "Quickdraw/RowBytes_internal.h"
-#include "WorldBitmaps_internal.h"
 
 #include <mtbx/MTBXGlobals.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <utility>
 
 namespace {
 
 enum { directPixels = 16 };
 
-// A bitmap with its rows.
+// A bitmap with its rows, of which there may be none.
 struct Pixels {
     HBITMAP bitmap;
-    Ptr baseAddr;
-    SInt32 height;
-    SInt32 rowBytes;
+    PixelRows rows;
 };
 
-void drop(HBITMAP &bitmap)
+void drop(HBITMAP bitmap)
 {
-    if (HBITMAP dropped = std::exchange(bitmap, nullptr))
-        deleteWorldBitmap(dropped);
+    if (bitmap)
+        deleteWorldBitmap(bitmap);
 }
 
 HDC newScreenContext()
@@ -40,15 +39,17 @@ HDC newScreenContext()
     return context;
 }
 
-// The bitmap of the former size, out of the context; the caller owns it.
+// The bitmap of the former size, out of the context; the caller owns it. The world is without one then,
+// should the host look at it from its grow-zone function.
 Pixels takeOutBitmap(PixMap &map)
 {
     if (!map.pmOldBitmap)
         return {};
-    auto bitmap = static_cast<HBITMAP>(SelectObject(map.pmDC, map.pmOldBitmap));
-    if (bitmap == map.pmOldBitmap)
-        return {};
-    return {bitmap, map.baseAddr, std::abs(map.pmHeight), rowBytesOf(map)};
+    Pixels pixels = {};
+    readPixelRows(map, pixels.rows);
+    pixels.bitmap = static_cast<HBITMAP>(SelectObject(map.pmDC, map.pmOldBitmap));
+    map.pmBitmap = nullptr;
+    return pixels.bitmap == map.pmOldBitmap ? Pixels{} : pixels;
 }
 
 bool setRowSize(PixMapHandle handle)
@@ -80,16 +81,13 @@ void setSizes(PixMap &map, SInt16 width, SInt16 height)
 }
 
 // Rows as they lie, whatever the depths.
-void copyRows(const Pixels &from, const PixMap &to)
+void copyRows(const PixelRows &from, const PixelRows &to)
 {
-    if (!from.baseAddr || !to.baseAddr)
-        return;
     GdiFlush();
-    SInt32 rowBytes = rowBytesOf(to);
-    SInt32 rows = std::min<SInt32>(from.height, to.pmHeight);
-    auto length = static_cast<size_t>(std::min(from.rowBytes, rowBytes));
+    SInt32 rows = std::min(from.height, to.height);
+    auto length = static_cast<size_t>(std::min(from.rowBytes, to.rowBytes));
     for (ptrdiff_t row = 0; row < rows; ++row)
-        memcpy(to.baseAddr + row * rowBytes, from.baseAddr + row * from.rowBytes, length);
+        memcpy(to.base + row * to.rowBytes, from.base + row * from.rowBytes, length);
 }
 
 // The old bitmap goes once the new one has its rows.
@@ -100,8 +98,11 @@ bool replaceBitmap(PixMapHandle handle, Pixels &old, SInt16 width, SInt16 height
     if (!map.pmBitmap || !setRowSize(handle))
         return false;
     setSizes(map, width, height);
-    copyRows(old, map);
+    PixelRows rows;
+    if (old.rows.base && readPixelRows(map, rows))
+        copyRows(old.rows, rows);
     drop(old.bitmap);
+    old.bitmap = nullptr;
     auto former = static_cast<HBITMAP>(SelectObject(map.pmDC, map.pmBitmap));
     if (!former)
         return false;
@@ -138,6 +139,7 @@ void disposeWorldPixels(PixMap &map)
     if (map.pmDC && map.pmOldBitmap)
         SelectObject(map.pmDC, map.pmOldBitmap);
     drop(map.pmBitmap);
+    map.pmBitmap = nullptr;
     if (map.pmDC)
         DeleteDC(map.pmDC);
     map.pmDC = nullptr;

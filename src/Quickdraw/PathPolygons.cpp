@@ -7,7 +7,7 @@ PolyHandle OpenPoly2()
 {
     BeginPath(currentContext());
     ++polyPathDepth;
-    return reinterpret_cast<PolyHandle>(intptr_t{-1});
+    return pathToken();
 }
 
 void ClosePoly2()

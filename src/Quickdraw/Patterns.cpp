@@ -7,7 +7,6 @@
 #include <mtbx/MTBXGlobals.h>
 
 #include <cstring>
-#include <utility>
 
 namespace {
 
@@ -156,7 +155,8 @@ FillPatternScope::FillPatternScope(const Pattern *pattern) : port_(qd.thePort)
     Pattern wanted = fitting(*port_, *pattern);
     if (isInForce(*port_, wanted))
         return;
-    ownBrush_ = std::exchange(port_->portBrush, MTBX_NewPatternBrush(wanted));
+    ownBrush_ = port_->portBrush;
+    port_->portBrush = MTBX_NewPatternBrush(wanted);
     port_->pnPat = wanted;
     HDC context = contextOf(*port_);
     HGDIOBJ former = context && port_->portBrush ? SelectObject(context, port_->portBrush) : nullptr;

@@ -21,7 +21,7 @@ Handle handleOf(PolyHandle poly)
 // The vertices that polySize tells of, as far as the handle really holds them.
 SInt32 countPoints(PolyHandle poly)
 {
-    if (!poly || !*poly)
+    if (!poly || poly == pathToken() || !*poly)
         return 0;
     SInt32 size = std::min<SInt32>((*poly)->polySize, GetHandleSize(handleOf(poly)));
     return std::max<SInt32>((size - headerSize) / static_cast<SInt32>(sizeof(Point)), 0);
@@ -86,6 +86,8 @@ template <class Draw> void drawThroughRegion(PolyHandle poly, Draw draw)
 void MTBX_AppendPolyPoint(GrafPort &port, SInt16 h, SInt16 v)
 {
     auto poly = reinterpret_cast<PolyHandle>(port.polySave);
+    if (!*poly)
+        return;
     SInt32 size = (*poly)->polySize;
     SInt32 neededSize = size + static_cast<SInt32>(sizeof(Point));
     if (!growFor(poly, neededSize))
@@ -121,8 +123,10 @@ void ClosePoly()
 
 void KillPoly(PolyHandle poly)
 {
+    if (!poly || poly == pathToken())
+        return;
     // A recording must not go on into freed memory.
-    if (poly && qd.thePort && qd.thePort->polySave == handleOf(poly))
+    if (qd.thePort && qd.thePort->polySave == handleOf(poly))
         ClosePoly();
     DisposeHandle(handleOf(poly));
 }

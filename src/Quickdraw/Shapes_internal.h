@@ -91,6 +91,12 @@ private:
 // Above 0 between OpenPoly2 and ClosePoly2, while lines go to the context's path.
 extern SInt32 polyPathDepth;
 
+// What OpenPoly2 gives in place of a handle.
+inline PolyHandle pathToken()
+{
+    return reinterpret_cast<PolyHandle>(intptr_t{-1});
+}
+
 // Adds a vertex to the polygon that the port records.
 void MTBX_AppendPolyPoint(GrafPort &port, SInt16 h, SInt16 v);
 

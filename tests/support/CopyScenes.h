@@ -14,17 +14,20 @@ inline int between(std::mt19937 &random, int low, int high)
     return low + int(random() % unsigned(high - low + 1));
 }
 
-// The same colours for all worlds of 8 bits: black, white at the end, and none near to these.
-inline std::vector<RGBQUAD> colorTable()
+// The same colours for all worlds of a depth: black, white at the end, and none near to these.
+inline std::vector<RGBQUAD> colorTable(int depth)
 {
-    std::vector<RGBQUAD> table(256);
+    std::vector<RGBQUAD> table(1u << depth);
     std::mt19937 random(5);
     for (RGBQUAD &entry : table)
         entry = {BYTE(between(random, 40, 215)), BYTE(between(random, 40, 215)), BYTE(between(random, 40, 215)), 0};
     table[0] = {0, 0, 0, 0};
-    table[255] = {255, 255, 255, 0};
+    table.back() = {255, 255, 255, 0};
     return table;
 }
+
+// Where the settings let GDI know of the order of masks.
+inline bool gdiKnowsMasks = false;
 
 enum class Kind { PlainBitmap, PixMap, Port, Window };
 
@@ -43,7 +46,10 @@ public:
     Point corner{}; // the coordinates of the first pixel
     Kind kind;
 
-    Rect rect(int x, int y, int w, int h) const { return ltrb(corner.h + x, corner.v + y, corner.h + x + w, corner.v + y + h); }
+    Rect rect(int x, int y, int w, int h) const
+    {
+        return ltrb(corner.h + x, corner.v + y, corner.h + x + w, corner.v + y + h);
+    }
 };
 
 class WorldImage : public Image {
@@ -53,8 +59,8 @@ public:
         width = w;
         height = h;
         kind = as;
-        if (worldDepth == 8)
-            SetDIBColorTable(world.context(), 0, 256, colorTable().data());
+        if (worldDepth == 4 || worldDepth == 8)
+            SetDIBColorTable(world.context(), 0, 1u << worldDepth, colorTable(worldDepth).data());
     }
 
     const BitMap *bits() override { return kind == Kind::Port ? world.asPort() : world.asPixMap(); }
@@ -146,13 +152,13 @@ public:
         BitBlt(copy.context(), 0, 0, width, height, window.context(), corner.h, corner.v, SRCCOPY);
         std::vector<UInt32> result = copy.pixels();
         for (UInt32 &pixel : result)
-            pixel &= 0xFFFFFF;
+            pixel = inCopy(pixel) & 0xFFFFFF;
         return result;
     }
     void setPixels(const std::vector<UInt32> &pixels) override
     {
         for (size_t i = 0; i < pixels.size(); ++i)
-            copy.setPixel(int(i) % width, int(i) / width, pixels[i]);
+            copy.setPixel(int(i) % width, int(i) / width, inCopy(pixels[i]));
         BitBlt(window.context(), corner.h, corner.v, width, height, copy.context(), 0, 0, SRCCOPY);
     }
     HDC context() override { return window.context(); }
@@ -164,16 +170,23 @@ public:
 
     PortWindow &window;
     World copy;
+
+private:
+    static UInt32 inCopy(UInt32 pixel) { return gdiKnowsMasks ? __builtin_bswap32(pixel) : pixel; }
 };
 
 // 0x00RRGGBB of a pixel as GDI sees it.
 inline UInt32 colorOf(int depth, UInt32 pixel)
 {
-    static const std::vector<RGBQUAD> table = colorTable();
+    static const std::vector<RGBQUAD> tables[] = {colorTable(4), colorTable(8)};
+    auto fromTable = [pixel](const std::vector<RGBQUAD> &table) {
+        return UInt32{table[pixel].rgbRed} << 16 | UInt32{table[pixel].rgbGreen} << 8 | table[pixel].rgbBlue;
+    };
     auto wide = [](UInt32 five) { return five << 3 | five >> 2; };
     switch (depth) {
     case 1: return pixel ? 0xFFFFFF : 0;
-    case 8: return UInt32{table[pixel].rgbRed} << 16 | UInt32{table[pixel].rgbGreen} << 8 | table[pixel].rgbBlue;
+    case 4: return fromTable(tables[0]);
+    case 8: return fromTable(tables[1]);
     case 16: return wide(pixel >> 10 & 31) << 16 | wide(pixel >> 5 & 31) << 8 | wide(pixel & 31);
     default: return pixel & 0xFFFFFF;
     }
@@ -184,6 +197,7 @@ inline UInt32 pixelOf(int depth, UInt32 color)
 {
     switch (depth) {
     case 1: return color != 0;
+    case 4: return color ? 15 : 0;
     case 8: return color ? 255 : 0;
     case 16: return (color >> 9 & 0x7C00) | (color >> 6 & 0x3E0) | (color >> 3 & 0x1F);
     default: return color;
@@ -226,8 +240,8 @@ struct Scene {
 
 inline std::ostream &operator<<(std::ostream &out, const Scene &s)
 {
-    return out << "from " << s.sourceX << "," << s.sourceY << " size " << s.sourceWidth << "," << s.sourceHeight << " to "
-               << s.x << "," << s.y << " size " << s.width << "," << s.height << " mode " << s.mode
+    return out << "from " << s.sourceX << "," << s.sourceY << " size " << s.sourceWidth << "," << s.sourceHeight
+               << " to " << s.x << "," << s.y << " size " << s.width << "," << s.height << " mode " << s.mode
                << (s.isInMask.empty() ? "" : " masked");
 }
 
@@ -255,13 +269,15 @@ public:
 private:
     bool isStretched() const { return scene_.width != scene_.sourceWidth || scene_.height != scene_.sourceHeight; }
     // Sources of other depths do not know of reversed destinations.
-    bool isSwapped() const { return destination_.isReversed() && source_.depth() == 32; }
+    bool isSwapped() const { return destination_.isReversed() && (gdiKnowsMasks || source_.depth() == 32); }
     UInt32 bits() const
     {
-        bool hasAlpha = source_.depth() == 32 && destination_.depth() == 32 && destination_.kind != Kind::Window
-                        && combined(scene_.mode, 1, 0) == 1 && combined(scene_.mode, 0, 1) == 0;
+        bool hasAlpha = !gdiKnowsMasks && source_.depth() == 32 && destination_.depth() == 32
+                        && destination_.kind != Kind::Window && combined(scene_.mode, 1, 0) == 1
+                        && combined(scene_.mode, 0, 1) == 0;
         switch (destination_.depth()) {
         case 1: return 1;
+        case 4: return 0xF;
         case 8: return 0xFF;
         case 16: return 0x7FFF;
         default: return hasAlpha ? ~0u : isSwapped() ? 0xFFFFFF00 : 0xFFFFFF;
@@ -318,11 +334,11 @@ inline std::vector<UInt32> randomPixels(const Image &image, int depth, std::mt19
 // Conversion to a table is left to the layer's own tests: black and white are enough to see the place.
 inline void fillRandom(Image &source, Image &destination, std::mt19937 &random)
 {
-    bool isPlain = destination.depth() <= 8 && source.depth() > destination.depth();
+    bool isPlain = destination.depth() <= 8 && source.depth() != destination.depth();
     std::vector<UInt32> pixels = randomPixels(source, source.depth(), random);
     for (UInt32 &pixel : pixels) {
         if (isPlain)
-            pixel = source.depth() == 8 ? (pixel & 1 ? 255 : 0) : pixel & 1 ? (source.depth() == 16 ? 0x7FFF : ~0u) : 0;
+            pixel = pixel & 1 ? (1ull << source.depth()) - 1 : 0;
     }
     source.setPixels(pixels);
     destination.setPixels(randomPixels(destination, destination.depth(), random));
@@ -374,9 +390,16 @@ inline std::vector<uintptr_t> stateOf(HDC context)
     GetClipBox(context, &box);
     POINT origin;
     GetWindowOrgEx(context, &origin);
-    std::vector<uintptr_t> state{uintptr_t(box.left), uintptr_t(box.top), uintptr_t(box.right), uintptr_t(box.bottom),
-                                 uintptr_t(origin.x), uintptr_t(origin.y), uintptr_t(GetStretchBltMode(context)),
-                                 GetTextColor(context), GetBkColor(context), uintptr_t(GetROP2(context))};
+    std::vector<uintptr_t> state{uintptr_t(box.left),
+                                 uintptr_t(box.top),
+                                 uintptr_t(box.right),
+                                 uintptr_t(box.bottom),
+                                 uintptr_t(origin.x),
+                                 uintptr_t(origin.y),
+                                 uintptr_t(GetStretchBltMode(context)),
+                                 GetTextColor(context),
+                                 GetBkColor(context),
+                                 uintptr_t(GetROP2(context))};
     for (UINT type : {OBJ_BITMAP, OBJ_BRUSH, OBJ_PEN, OBJ_FONT})
         state.push_back(reinterpret_cast<uintptr_t>(GetCurrentObject(context, type)));
     return state;
@@ -399,8 +422,8 @@ inline void checkCopy(Image &source, Image &destination, std::mt19937 &random)
     CopyBits(source.bits(), destination.bits(), &from, &to, scene.mode, mask);
     if (mask)
         DisposeRgn(mask);
-    SCOPED_TRACE(testing::Message() << "depth " << source.depth() << (source.isReversed() ? " reversed" : "") << " kind "
-                                    << int(source.kind) << " to " << destination.depth()
+    SCOPED_TRACE(testing::Message() << "depth " << source.depth() << (source.isReversed() ? " reversed" : "")
+                                    << " kind " << int(source.kind) << " to " << destination.depth()
                                     << (destination.isReversed() ? " reversed" : "") << " kind "
                                     << int(destination.kind) << " " << scene);
     ASSERT_NO_FATAL_FAILURE(slow.check(destination.pixels()));

@@ -158,6 +158,7 @@ public:
     CGrafPtr port() { return port_; }
     CGrafPtr release() { return std::exchange(port_, nullptr); }
     HDC context() { return contextOf(port_); }
+    void *bits() { return bits_; }
     // 0x00RRGGBB, at the place in the bitmap.
     UInt32 pixel(int x, int y)
     {

@@ -49,7 +49,7 @@ bool drawPicture(Drawing &drawing, const BlitGeometry &geometry, const DibPixels
                                  wrappingDifference(geometry.y, geometry.sourceY), storage.pixels);
         // The colour that becomes 1 in monochrome pixels is white, as in a source context that nobody set up.
         BlitColors colors{RGB(0, 0, 0), RGB(255, 255, 255), RGB(255, 255, 255)};
-        Paint paint = usesPattern(truthTableOf(rop)) ? dc.brushPaint() : Paint{};
+        Paint paint = usesPattern(truthTableOf(rop)) ? dc.brushPaint() : solidPaint(0);
         return blit(dc.surface, clip, geometry, pixels.surface(), colors, rop, paint, dc.state.stretchMode);
     });
 }

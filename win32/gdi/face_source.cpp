@@ -1,6 +1,7 @@
 // Glyphs of a face at one size, as one-bit pictures or smooth ones.
 #include "font_catalog.h"
 #include "font_face.h"
+#include "realized_font.h"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
@@ -37,6 +38,7 @@ class FaceSource final : public GlyphSource {
 public:
     FaceSource(std::shared_ptr<FontFace> face, const LOGFONTA &description, MadeStyles made);
     GlyphImage load(char32_t character) override;
+    bool loadOutline(char32_t character, GlyphOutline &outline) override;
 
 private:
     void setScalableMetrics();
@@ -44,11 +46,15 @@ private:
     int strikeFor(int height) const;
     FontFace &faceWith(char32_t character, unsigned &index);
     GlyphImage render(FontFace &face, unsigned index);
+    bool isTurned() const { return metrics_.isScalable && !direction_.isLevel(); }
+    void shapeOutline(FT_Outline_ &outline) const;
+    int boldPixels() const { return 1 + height_ / 48; }
     void copyBitmap(const FT_Bitmap_ &bitmap, GlyphImage &image) const;
 
     std::shared_ptr<FontFace> face_;
     LOGFONTA description_;
     MadeStyles made_;
+    TextDirection direction_;
     bool isSmooth_;
     int width_ = 0; // what FontFace::setSize takes
     int height_ = 0;
@@ -56,7 +62,8 @@ private:
 };
 
 FaceSource::FaceSource(std::shared_ptr<FontFace> face, const LOGFONTA &description, MadeStyles made)
-    : face_(std::move(face)), description_(description), made_(made), isSmooth_(wantsSmooth(description.lfQuality))
+    : face_(std::move(face)), description_(description), made_(made), direction_(directionOf(description)),
+      isSmooth_(wantsSmooth(description.lfQuality))
 {
     FT_Face handle = face_->handle();
     metrics_.isScalable = face_->isScalable();
@@ -205,10 +212,7 @@ GlyphImage FaceSource::render(FontFace &face, unsigned index)
         return image;
     FT_GlyphSlot slot = handle->glyph;
     if (slot->format == FT_GLYPH_FORMAT_OUTLINE) {
-        if (made_.isItalic) {
-            FT_Matrix slant{0x10000, 0x3700, 0, 0x10000};
-            FT_Outline_Transform(&slot->outline, &slant);
-        }
+        shapeOutline(slot->outline);
         FT_BBox box;
         FT_Outline_Get_CBox(&slot->outline, &box);
         constexpr FT_Pos most = FT_Pos{largestPicture} * 64;
@@ -221,12 +225,86 @@ GlyphImage FaceSource::render(FontFace &face, unsigned index)
     image.top = -std::clamp<int>(slot->bitmap_top, -largestPicture, largestPicture);
     copyBitmap(slot->bitmap, image);
     if (made_.isBold) {
-        int pixels = 1 + height_ / 48;
+        int pixels = boldPixels();
         int advance = image.advance ? image.advance + (metrics_.isFixedPitch ? 0 : pixels) : 0;
-        makeBold(image, pixels);
+        if (!isTurned())
+            makeBold(image, pixels);
         image.advance = advance;
     }
     return image;
+}
+
+// Gives an outline the styles that its family lacks and the direction of its text. Level characters are made bold
+// as pictures.
+void FaceSource::shapeOutline(FT_Outline_ &outline) const
+{
+    if (made_.isItalic) {
+        FT_Matrix slant{0x10000, 0x3700, 0, 0x10000};
+        FT_Outline_Transform(&outline, &slant);
+    }
+    if (!isTurned())
+        return;
+    if (made_.isBold)
+        FT_Outline_EmboldenXY(&outline, FT_Pos{boldPixels()} * 64, 0);
+    auto fixed = [](double value) { return static_cast<FT_Fixed>(value * 0x10000); };
+    FT_Matrix turn{fixed(direction_.cosine), fixed(-direction_.sine), fixed(direction_.sine), fixed(direction_.cosine)};
+    FT_Outline_Transform(&outline, &turn);
+}
+
+// FreeType counts in sixty-fourths of a pixel, upwards.
+GlyphOutline::Point outlinePoint(const FT_Vector *point)
+{
+    return {static_cast<double>(point->x) / 64, -static_cast<double>(point->y) / 64};
+}
+
+// Calls come back from C, which no exception may cross.
+template <class Add> int addGuarded(void *outline, Add add)
+{
+    try {
+        add(*static_cast<GlyphOutline *>(outline));
+        return 0;
+    } catch (const std::bad_alloc &) {
+        return 1;
+    }
+}
+
+bool decompose(FT_Outline_ &source, GlyphOutline &outline)
+{
+    FT_Outline_Funcs calls = {};
+    calls.move_to = [](const FT_Vector *to, void *user) {
+        return addGuarded(user, [=](GlyphOutline &o) { o.begin(outlinePoint(to)); });
+    };
+    calls.line_to = [](const FT_Vector *to, void *user) {
+        return addGuarded(user, [=](GlyphOutline &o) { o.lineTo(outlinePoint(to)); });
+    };
+    calls.conic_to = [](const FT_Vector *control, const FT_Vector *to, void *user) {
+        return addGuarded(user, [=](GlyphOutline &o) { o.conicTo(outlinePoint(control), outlinePoint(to)); });
+    };
+    calls.cubic_to = [](const FT_Vector *control1, const FT_Vector *control2, const FT_Vector *to, void *user) {
+        return addGuarded(user, [=](GlyphOutline &o) {
+            o.curveTo(outlinePoint(control1), outlinePoint(control2), outlinePoint(to));
+        });
+    };
+    return FT_Outline_Decompose(&source, &calls, &outline) == 0;
+}
+
+bool FaceSource::loadOutline(char32_t character, GlyphOutline &outline)
+{
+    if (!metrics_.isScalable)
+        return false;
+    unsigned index = 0;
+    FontFace &face = faceWith(character, index);
+    face.setSize(width_, height_);
+    FT_GlyphSlot slot = face.handle()->glyph;
+    FT_Int32 flags = FT_LOAD_NO_BITMAP | (isSmooth_ ? FT_LOAD_TARGET_NORMAL : FT_LOAD_TARGET_MONO);
+    if (FT_Load_Glyph(face.handle(), index, flags) != 0 || slot->format != FT_GLYPH_FORMAT_OUTLINE)
+        return false;
+    shapeOutline(slot->outline);
+    if (made_.isBold && !isTurned())
+        FT_Outline_EmboldenXY(&slot->outline, FT_Pos{boldPixels()} * 64, 0);
+    if (!decompose(slot->outline, outline))
+        throw std::bad_alloc();
+    return true;
 }
 
 void FaceSource::copyBitmap(const FT_Bitmap_ &bitmap, GlyphImage &image) const

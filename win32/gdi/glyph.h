@@ -47,6 +47,36 @@ struct GlyphImage {
     }
 };
 
+// The edge of a glyph: closed figures of Bézier curves, in pixels from the origin, y downwards. A figure has its
+// start and three points for each curve.
+struct GlyphOutline {
+    struct Point {
+        double x;
+        double y;
+    };
+    std::vector<Point> points;
+    std::vector<size_t> starts; // of the figures
+
+    void begin(Point point)
+    {
+        starts.push_back(points.size());
+        points.push_back(point);
+    }
+    void curveTo(Point control1, Point control2, Point end) { points.insert(points.end(), {control1, control2, end}); }
+    void lineTo(Point end)
+    {
+        Point start = points.back();
+        curveTo(start, end, end);
+    }
+    void conicTo(Point control, Point end)
+    {
+        auto towards = [control](Point from) {
+            return Point{from.x + (control.x - from.x) * 2 / 3, from.y + (control.y - from.y) * 2 / 3};
+        };
+        curveTo(towards(points.back()), towards(end), end);
+    }
+};
+
 // Pictures thickened to the right and slanted, for families that lack a bold or an italic face. The slant keeps
 // the baseline where it is.
 void makeBold(GlyphImage &image, int pixels);

@@ -32,6 +32,8 @@ public:
     const FontMetrics &metrics() const { return metrics_; }
     // The picture of a character, or of the box for characters that nothing has. Throws bad_alloc.
     virtual GlyphImage load(char32_t character) = 0;
+    // The same as an outline; false for a font that has pictures only. Throws bad_alloc.
+    virtual bool loadOutline(char32_t, GlyphOutline &) { return false; }
 
 protected:
     FontMetrics metrics_;

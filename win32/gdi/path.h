@@ -14,7 +14,7 @@ class PathRecorder {
 public:
     explicit PathRecorder(DeviceContext &dc) : dc_(dc) {}
 
-    const DeviceContext &dc() const { return dc_; }
+    DeviceContext &dc() const { return dc_; }
 
     // These go on from the last point, or begin a figure at the current position.
     void lineTo(POINT point);

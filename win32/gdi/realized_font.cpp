@@ -6,8 +6,10 @@
 #include "kernel/code_pages.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <mutex>
+#include <numbers>
 #include <unordered_map>
 
 namespace win32::gdi {
@@ -111,6 +113,18 @@ LOGFONTA normalized(const LOGFONTA &description)
 
 } // namespace
 
+TextDirection directionOf(const LOGFONTA &description)
+{
+    constexpr LONG wholeTurn = 3600; // tenths of a degree
+    LONG turn = description.lfEscapement % wholeTurn;
+    if (turn == 0)
+        return {};
+    double angle = static_cast<double>(turn) * std::numbers::pi / (wholeTurn / 2);
+    bool isRight = turn % (wholeTurn / 4) == 0;
+    auto exact = [isRight](double value) { return isRight ? std::round(value) : value; };
+    return {exact(std::cos(angle)), exact(std::sin(angle))};
+}
+
 BYTE charSetOf(UINT codePage)
 {
     for (const auto &entry : charSetPages) {
@@ -122,7 +136,9 @@ BYTE charSetOf(UINT codePage)
 
 RealizedFont::RealizedFont(const LOGFONTA &description, std::unique_ptr<GlyphSource> source, std::string faceName,
                            int weight)
-    : description_(description), source_(std::move(source)), faceName_(std::move(faceName)), weight_(weight),
+    : description_(description), source_(std::move(source)),
+      direction_(source_->metrics().isScalable ? directionOf(description) : TextDirection{}),
+      faceName_(std::move(faceName)), weight_(weight),
       charSet_(description.lfCharSet == DEFAULT_CHARSET ? charSetOf(activeCodePage().number) : description.lfCharSet),
       codePage_(codePageOf(description.lfCharSet)),
       isSingleByte_(!codePage_ || (codePage_->iconvName && !codePage_->isDoubleByte()))
@@ -161,6 +177,12 @@ const Glyph &RealizedFont::load(uint16_t code)
             advances_[code].store(known->advance, std::memory_order_relaxed);
     }
     return *known;
+}
+
+bool RealizedFont::outline(uint16_t code, GlyphOutline &outline)
+{
+    std::lock_guard lock(fontMutex());
+    return source_->loadOutline(characterOf(code), outline);
 }
 
 char32_t RealizedFont::characterOf(uint16_t code) const

@@ -11,6 +11,20 @@
 
 namespace win32::gdi {
 
+// The direction of a text on its surface. Offsets along its base line and downwards from it become offsets to the
+// right and downwards.
+struct TextDirection {
+    double cosine = 1;
+    double sine = 0;
+
+    bool isLevel() const { return sine == 0 && cosine == 1; }
+    double x(double along, double down) const { return along * cosine + down * sine; }
+    double y(double along, double down) const { return down * cosine - along * sine; }
+};
+
+// Of a description, counter-clockwise; the characters turn with their line.
+TextDirection directionOf(const LOGFONTA &description);
+
 // Characters have codes of 16 bits: the byte, or the lead byte with its trail byte; in UTF-8 the character.
 class RealizedFont {
 public:
@@ -21,6 +35,8 @@ public:
 
     const LOGFONTA &description() const { return description_; }
     const FontMetrics &metrics() const { return source_->metrics(); }
+    // Fonts of pictures are always level.
+    const TextDirection &direction() const { return direction_; }
     int height() const { return metrics().ascent + metrics().descent; }
     // In the bytes of the active code page.
     const std::string &faceName() const { return faceName_; }
@@ -47,6 +63,9 @@ public:
         return load(code);
     }
 
+    // The edge of a character, for paths; false for a font that has pictures only.
+    bool outline(uint16_t code, GlyphOutline &outline);
+
     // Takes one character off the front of a text that is not empty.
     uint16_t take(const uint8_t *&text, const uint8_t *end) const
     {
@@ -65,6 +84,7 @@ private:
 
     LOGFONTA description_;
     std::unique_ptr<GlyphSource> source_;
+    TextDirection direction_;
     std::string faceName_;
     int weight_;
     BYTE charSet_;

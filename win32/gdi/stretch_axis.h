@@ -25,6 +25,7 @@ public:
 
     bool isShrunk() const { return sourceSize_ > size_; }
     bool isDoubled() const { return size_ == 2 * sourceSize_ && direction_ == sourceDirection_; }
+    bool isHalved() const { return sourceSize_ == 2 * size_ && direction_ == sourceDirection_; }
 
     // The positions that are covered, from begin to before end.
     int64_t begin() const { return direction_ > 0 ? position_ : position_ - size_ + 1; }

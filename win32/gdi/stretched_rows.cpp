@@ -45,6 +45,24 @@ void doublePixels(const uint8_t *source, bool isFirstSingle, size_t count, uint8
         memcpy(bytes + 4 * (count - 1), source + 4 * (count / 2), 4);
 }
 
+// Every second pixel, beginning with the given one.
+WIN32_FOR_EACH_PROCESSOR
+void halvePixels(const uint8_t *source, size_t count, uint8_t *bytes)
+{
+    using Vector [[gnu::vector_size(16)]] = uint32_t;
+    size_t i = 0;
+    // Nothing behind the last pixel may be read.
+    for (; i + 4 < count; i += 4) {
+        Vector first, second;
+        memcpy(&first, source + 8 * i, sizeof first);
+        memcpy(&second, source + 8 * i + sizeof first, sizeof second);
+        first = __builtin_shuffle(first, second, Vector{0, 2, 4, 6});
+        memcpy(bytes + 4 * i, &first, sizeof first);
+    }
+    for (; i < count; ++i)
+        memcpy(bytes + 4 * i, source + 8 * i, 4);
+}
+
 } // namespace
 
 SourceRange SourceRanges::at(int position) const
@@ -70,7 +88,8 @@ void SourceRanges::cut(int &begin, int &end) const
 }
 
 StretchedRows::StretchedRows(const BlitJob &job, const SourceRanges &columns, const Box &box, Merge merge)
-    : job_(job), merge_(merge), isDoubled_(job.x.isDoubled()), colorSurface_(surfaceOfColors()),
+    : job_(job), merge_(merge), isDoubled_(job.x.isDoubled()), isHalved_(job.x.isHalved()),
+      colorSurface_(surfaceOfColors()),
       converter_(merge == Merge::Average ? colorSurface_ : job.destination, job.source, job.colors)
 {
     int pixelsPerByte = std::max(1, 8 / job.destination.format.bitsPerPixel);
@@ -123,6 +142,8 @@ void StretchedRows::gatherAsTheyAre(const uint8_t *row, uint8_t *bytes) const
     }
     if (isDoubled_)
         doublePixels(row, picks_.size() > 1 && picks_[1] != 0, picks_.size(), bytes);
+    else if (isHalved_)
+        halvePixels(row + 4 * static_cast<size_t>(picks_[0]), picks_.size(), bytes);
     else
         gather<uint32_t>(row, picks_, bytes);
 }

@@ -60,6 +60,7 @@ private:
     Merge merge_;
     int firstPixel_; // of a row within its first byte
     bool isDoubled_;
+    bool isHalved_;
     SourceRange used_; // columns of the source
     std::vector<SourceRange> ranges_;
     std::vector<int> picks_; // the ranges' only columns

@@ -1,11 +1,12 @@
 // Drawing text: TextOutA and ExtTextOutA.
-#include "drawing.h"
+#include "line_call.h"
 #include "text_paint.h"
 #include "text_run.h"
 
 #include "kernel/kernel_internal.h"
 
 #include <array>
+#include <cmath>
 
 using namespace win32;
 using namespace win32::gdi;
@@ -22,33 +23,68 @@ struct TextCall {
     const INT *widths;
 };
 
-// Where a text goes on the surface.
+// Where a text goes: the start of its base line, and how it goes on from there.
 struct Placement {
-    int64_t left;
+    double x;
+    double y;
     int64_t width;
-    int64_t baseline;
+    TextDirection direction;
+
+    double xAt(double along, double down) const { return x + direction.x(along, down); }
+    double yAt(double along, double down) const { return y + direction.y(along, down); }
 };
 
-Box boxOfPixels(int64_t left, int64_t top, int64_t right, int64_t bottom)
+int64_t rounded(double value)
 {
-    auto cut = [](int64_t value) { return static_cast<int>(std::clamp<int64_t>(value, INT_MIN, INT_MAX)); };
-    return {cut(left), cut(top), cut(right), cut(bottom)};
+    return static_cast<int64_t>(std::floor(value + 0.5));
 }
 
-Placement place(const DeviceContext &dc, const TextCall &call, const TextRun &run)
+// A part of a text: its whole length, between two depths below the base line.
+struct Strip {
+    int64_t top;
+    int64_t bottom;
+};
+
+Box levelBox(const Placement &text, const Strip &strip)
+{
+    auto cut = [](double value) { return static_cast<int>(std::clamp<double>(value, INT_MIN, INT_MAX)); };
+    return {cut(text.x), cut(text.y + static_cast<double>(strip.top)), cut(text.x + static_cast<double>(text.width)),
+            cut(text.y + static_cast<double>(strip.bottom))};
+}
+
+// Edges lie between pixels, half a pixel before their first ones.
+std::array<FixedPoint, 4> cornersOf(const Placement &text, const Strip &strip)
+{
+    auto corner = [&](int64_t along, int64_t down) {
+        auto a = static_cast<double>(along), d = static_cast<double>(down);
+        return FixedPoint{toFixed(text.xAt(a, d) - 0.5), toFixed(text.yAt(a, d) - 0.5)};
+    };
+    return {corner(0, strip.top), corner(text.width, strip.top), corner(text.width, strip.bottom),
+            corner(0, strip.bottom)};
+}
+
+POINT referencePoint(const DeviceContext &dc, const TextCall &call)
+{
+    return dc.state.textAlign & TA_UPDATECP ? dc.state.position : POINT{call.x, call.y};
+}
+
+// The reference point lies on the surface, or in device coordinates for a path.
+Placement place(const DeviceContext &dc, POINT reference, const TextRun &run)
 {
     const ContextState &state = dc.state;
-    POINT reference = dc.toSurface(state.textAlign & TA_UPDATECP ? state.position : POINT{call.x, call.y});
-    Placement placement{reference.x, run.width(), reference.y};
+    double along = 0, down = 0;
+    auto width = static_cast<double>(run.width());
     switch (state.textAlign & TA_CENTER) {
-    case TA_RIGHT: placement.left -= placement.width; break;
-    case TA_CENTER: placement.left -= placement.width / 2; break;
+    case TA_RIGHT: along = -width; break;
+    case TA_CENTER: along = -static_cast<double>(run.width() / 2); break;
     }
     switch (state.textAlign & TA_BASELINE) {
-    case TA_TOP: placement.baseline += run.font().metrics().ascent; break;
-    case TA_BOTTOM: placement.baseline -= run.font().metrics().descent; break;
+    case TA_TOP: down = run.font().metrics().ascent; break;
+    case TA_BOTTOM: down = -run.font().metrics().descent; break;
     }
-    return placement;
+    const TextDirection &direction = run.font().direction();
+    return {static_cast<double>(reference.x) + direction.x(along, down),
+            static_cast<double>(reference.y) + direction.y(along, down), run.width(), direction};
 }
 
 // Collects glyphs and paints them in portions, so that text of any length needs no memory.
@@ -93,10 +129,34 @@ private:
     std::array<PlacedGlyph, 128> glyphs_;
 };
 
-void drawLine(Drawing &drawing, const Placement &text, int top, int thickness, const Box &within, uint32_t pixel)
+void fillStrip(Drawing &drawing, const Placement &text, const Strip &strip, const Box &within, const Paint &paint)
 {
-    Box line = boxOfPixels(text.left, text.baseline + top, text.left + text.width, text.baseline + top + thickness);
-    drawing.fill(intersected(line, within), solidPaint(pixel), R2_COPYPEN);
+    if (text.direction.isLevel()) {
+        drawing.fill(intersected(levelBox(text, strip), within), paint, R2_COPYPEN);
+        return;
+    }
+    Outline outline;
+    for (FixedPoint corner : cornersOf(text, strip))
+        outline.points.push_back(corner);
+    outline.close();
+    std::vector<Box> boxes;
+    scanOutline(outline, WINDING, intersected(drawing.clip().extents, within), boxes);
+    drawing.fill(boxes, paint, R2_COPYPEN);
+}
+
+// What underlining and striking out lay on a text.
+template <class Lay> void layLines(const RealizedFont &font, Lay lay)
+{
+    const FontMetrics &metrics = font.metrics();
+    if (font.description().lfUnderline)
+        lay(Strip{metrics.underlineTop, metrics.underlineTop + metrics.lineThickness});
+    if (font.description().lfStrikeOut)
+        lay(Strip{metrics.strikeoutTop, metrics.strikeoutTop + metrics.lineThickness});
+}
+
+Strip cellOf(const FontMetrics &metrics)
+{
+    return {-metrics.ascent, metrics.descent};
 }
 
 void drawText(Drawing &drawing, const TextRun &run, const Placement &text, const Box &within)
@@ -106,55 +166,103 @@ void drawText(Drawing &drawing, const TextRun &run, const Placement &text, const
     uint32_t pixel = linePixelFor(drawing.surface(), color, dc.plainColor(dc.state.backgroundColor));
     {
         GlyphPainter painter(drawing, within, pixel, color);
+        int64_t x = rounded(text.x), y = rounded(text.y);
         run.each([&](uint16_t code, size_t, int64_t left, int64_t) {
-            painter.add(run.font().glyph(code), text.left + left, text.baseline);
+            const Glyph &glyph = run.font().glyph(code);
+            if (text.direction.isLevel())
+                painter.add(glyph, x + left, y);
+            else
+                painter.add(glyph, rounded(text.xAt(static_cast<double>(left), 0)),
+                            rounded(text.yAt(static_cast<double>(left), 0)));
         });
     }
-    const FontMetrics &metrics = run.font().metrics();
-    if (run.font().description().lfUnderline)
-        drawLine(drawing, text, metrics.underlineTop, metrics.lineThickness, within, pixel);
-    if (run.font().description().lfStrikeOut)
-        drawLine(drawing, text, metrics.strikeoutTop, metrics.lineThickness, within, pixel);
+    layLines(run.font(), [&](const Strip &line) { fillStrip(drawing, text, line, within, solidPaint(pixel)); });
 }
 
-void movePosition(DeviceContext &dc, int64_t width)
+void movePosition(DeviceContext &dc, const Placement &text)
 {
     UINT align = dc.state.textAlign;
     if (!(align & TA_UPDATECP) || (align & TA_CENTER) == TA_CENTER)
         return;
-    int distance = logicalWidth(dc, width);
-    LONG &x = dc.state.position.x;
-    x = (align & TA_CENTER) == TA_RIGHT ? wrappingDifference(x, distance) : wrappingSum(x, distance);
+    auto width = static_cast<double>((align & TA_CENTER) == TA_RIGHT ? -text.width : text.width);
+    POINT &position = dc.state.position;
+    position.x = wrappingSum(position.x, logicalWidth(dc, rounded(text.direction.x(width, 0))));
+    position.y = wrappingSum(position.y, logicalHeight(dc, rounded(text.direction.y(width, 0))));
+}
+
+void draw(Drawing &drawing, const TextCall &call)
+{
+    DeviceContext &dc = drawing.dc();
+    Box rect{};
+    if (call.rect)
+        rect = dc.toSurface(call.rect->left, call.rect->top, call.rect->right, call.rect->bottom);
+    Paint background = solidPaint(pixelFor(drawing.surface(), dc.plainColor(dc.state.backgroundColor)));
+    if (call.rect && (call.options & ETO_OPAQUE))
+        drawing.fill(rect, background, R2_COPYPEN);
+    if (call.count == 0)
+        return;
+    Box within = call.rect && (call.options & ETO_CLIPPED) ? rect : everywhere;
+    TextRun run(dc, call.text, call.count, call.widths);
+    Placement text = place(dc, dc.toSurface(referencePoint(dc, call)), run);
+    if (dc.state.backgroundMode == OPAQUE)
+        fillStrip(drawing, text, cellOf(run.font().metrics()), within, background);
+    drawText(drawing, run, text, within);
+    movePosition(dc, text);
+}
+
+void recordStrip(PathRecorder &path, const Placement &text, const Strip &strip)
+{
+    std::array<FixedPoint, 4> corners = cornersOf(text, strip);
+    if (text.width > 0)
+        path.addLines(std::span<const FixedPoint>(corners), true);
+}
+
+void recordGlyph(PathRecorder &path, const GlyphOutline &outline, double x, double y)
+{
+    std::vector<FixedPoint> points;
+    for (size_t i = 0; i < outline.starts.size(); ++i) {
+        size_t end = i + 1 < outline.starts.size() ? outline.starts[i + 1] : outline.points.size();
+        points.clear();
+        for (size_t place = outline.starts[i]; place < end; ++place)
+            points.push_back({toFixed(x + outline.points[place].x - 0.5), toFixed(y + outline.points[place].y - 0.5)});
+        if (points.size() > 1)
+            path.addBeziers(std::span<const FixedPoint>(points), true);
+    }
+}
+
+// In an opaque background mode the cell is a figure too, so that filling by turns leaves the characters out.
+void recordText(PathRecorder &path, const TextRun &run, const Placement &text)
+{
+    if (path.dc().state.backgroundMode == OPAQUE)
+        recordStrip(path, text, cellOf(run.font().metrics()));
+    GlyphOutline outline;
+    run.each([&](uint16_t code, size_t, int64_t left, int64_t) {
+        outline.points.clear();
+        outline.starts.clear();
+        auto along = static_cast<double>(left);
+        if (run.font().outline(code, outline))
+            recordGlyph(path, outline, text.xAt(along, 0), text.yAt(along, 0));
+    });
+    layLines(run.font(), [&](const Strip &line) { recordStrip(path, text, line); });
+}
+
+// Fonts of pictures add nothing.
+void record(PathRecorder &path, const TextCall &call)
+{
+    if (call.count == 0)
+        return;
+    DeviceContext &dc = path.dc();
+    TextRun run(dc, call.text, call.count, call.widths);
+    Placement text = place(dc, dc.toDevice(referencePoint(dc, call)), run);
+    if (run.font().metrics().isScalable)
+        recordText(path, run, text);
+    movePosition(dc, text);
 }
 
 BOOL drawCall(HDC context, const TextCall &call)
 {
-    return guarded(FALSE, [&]() -> BOOL {
-        Drawing drawing(context);
-        if (!drawing)
-            return FALSE;
-        DeviceContext &dc = drawing.dc();
-        Box rect{};
-        if (call.rect)
-            rect = dc.toSurface(call.rect->left, call.rect->top, call.rect->right, call.rect->bottom);
-        Paint background = solidPaint(pixelFor(drawing.surface(), dc.plainColor(dc.state.backgroundColor)));
-        if (call.rect && (call.options & ETO_OPAQUE))
-            drawing.fill(rect, background, R2_COPYPEN);
-        if (call.count == 0)
-            return TRUE;
-        Box within = call.rect && (call.options & ETO_CLIPPED) ? rect : everywhere;
-        TextRun run(dc, call.text, call.count, call.widths);
-        Placement text = place(dc, call, run);
-        const FontMetrics &metrics = run.font().metrics();
-        if (dc.state.backgroundMode == OPAQUE) {
-            Box cell = boxOfPixels(text.left, text.baseline - metrics.ascent, text.left + text.width,
-                                   text.baseline + metrics.descent);
-            drawing.fill(intersected(cell, within), background, R2_COPYPEN);
-        }
-        drawText(drawing, run, text, within);
-        movePosition(dc, text.width);
-        return TRUE;
-    });
+    return recordOrDraw(
+        context, [&](PathRecorder &path) { record(path, call); }, [&](Drawing &drawing) { draw(drawing, call); });
 }
 
 } // namespace

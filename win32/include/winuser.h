@@ -6,8 +6,12 @@
 
 #include <windef.h>
 
+#define RT_CURSOR ((LPSTR)1)
 #define RT_BITMAP ((LPSTR)2)
+#define RT_ICON ((LPSTR)3)
 #define RT_STRING ((LPSTR)6)
+#define RT_GROUP_CURSOR ((LPSTR)12)
+#define RT_GROUP_ICON ((LPSTR)14)
 
 // The text of a string resource, cut to the size; 0 when there is none.
 WINUSERAPI int WINAPI LoadStringA(HINSTANCE module, UINT id, LPSTR buffer, int size);
@@ -1058,6 +1062,17 @@ WINUSERAPI BOOL WINAPI MessageBeep(UINT kind);
 #define SystemParametersInfo SystemParametersInfoA
 
 // Cursors and carets.
+/* The system's icons, for LoadIcon. */
+#define IDI_APPLICATION MAKEINTRESOURCE(32512)
+#define IDI_HAND MAKEINTRESOURCE(32513)
+#define IDI_QUESTION MAKEINTRESOURCE(32514)
+#define IDI_EXCLAMATION MAKEINTRESOURCE(32515)
+#define IDI_ASTERISK MAKEINTRESOURCE(32516)
+#define IDI_WINLOGO MAKEINTRESOURCE(32517)
+#define IDI_WARNING IDI_EXCLAMATION
+#define IDI_ERROR IDI_HAND
+#define IDI_INFORMATION IDI_ASTERISK
+
 #define IDC_ARROW MAKEINTRESOURCE(32512)
 #define IDC_IBEAM MAKEINTRESOURCE(32513)
 #define IDC_WAIT MAKEINTRESOURCE(32514)
@@ -1073,6 +1088,16 @@ WINUSERAPI BOOL WINAPI MessageBeep(UINT kind);
 #define IDC_APPSTARTING MAKEINTRESOURCE(32650)
 #define IDC_HELP MAKEINTRESOURCE(32651)
 WINUSERAPI HCURSOR WINAPI LoadCursorA(HINSTANCE module, LPCSTR name);
+WINUSERAPI HCURSOR WINAPI LoadCursorFromFileA(LPCSTR path);
+WINUSERAPI HICON WINAPI LoadIconA(HINSTANCE module, LPCSTR name);
+WINUSERAPI HICON WINAPI CreateIconFromResourceEx(PBYTE bits, DWORD size, BOOL isIcon, DWORD version, int width, int height,
+                                                 UINT flags);
+WINUSERAPI BOOL WINAPI DestroyIcon(HICON icon);
+WINUSERAPI BOOL WINAPI DrawIcon(HDC context, int x, int y, HICON icon);
+#define LR_DEFAULTCOLOR 0x0000
+#define LR_MONOCHROME 0x0001
+#define LR_DEFAULTSIZE 0x0040
+#define LR_SHARED 0x8000
 WINUSERAPI HCURSOR WINAPI CreateCursor(HINSTANCE module, int hotX, int hotY, int width, int height, const void *andMask,
                                        const void *xorMask);
 WINUSERAPI BOOL WINAPI DestroyCursor(HCURSOR cursor);
@@ -1088,6 +1113,8 @@ WINUSERAPI BOOL WINAPI GetCaretPos(LPPOINT point);
 WINUSERAPI UINT WINAPI GetCaretBlinkTime(void);
 WINUSERAPI BOOL WINAPI SetCaretBlinkTime(UINT milliseconds);
 #define LoadCursor LoadCursorA
+#define LoadCursorFromFile LoadCursorFromFileA
+#define LoadIcon LoadIconA
 
 // Rectangles.
 WINUSERAPI BOOL WINAPI SetRect(LPRECT rect, int left, int top, int right, int bottom);

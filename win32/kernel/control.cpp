@@ -1,6 +1,7 @@
 // State of the control panel and the questions that the layer asks of it.
 #include "control_state.h"
 #include "faults.h"
+#include "heap_blocks.h"
 #include "kernel_internal.h"
 
 #include <cstring>
@@ -235,6 +236,7 @@ BOOL Win32Control_FailCalls(LPCSTR function, DWORD error, DWORD first, DWORD cou
 void Win32Control_PretendPhysicalMemory(DWORDLONG bytes)
 {
     pretendedMemory = bytes;
+    win32::forgetCommitLimit();
 }
 
 void Win32Control_PretendProcessUsage(DWORDLONG bytes)
@@ -275,6 +277,7 @@ void Win32Control_Reset()
     hiddenNames.clear();
     anythingHidden = false;
     pretendedMemory = 0;
+    win32::forgetCommitLimit();
     pretendedUsage = 0;
     pretendedVersion = {};
     debugReceiver = nullptr;

@@ -9,8 +9,9 @@
 namespace win32 {
 namespace {
 
-// The limit is read anew for blocks of this size and more, and when it seems to be reached. In between
-// the figure that was read last serves, so that small blocks cost no question to the kernel.
+// The limit is read anew for blocks of this size and more once half of it is in use, and when it seems to
+// be reached. Otherwise the figure that was read last serves: asking the kernel takes longer than making a
+// picture of a megabyte.
 constexpr size_t largeBlock = 1 << 20;
 
 std::atomic<size_t> heldBytes{0};
@@ -20,10 +21,10 @@ std::atomic<uint64_t> commitLimit{0};
 // False when the blocks together would pass the limit.
 bool charge(size_t freed, size_t size)
 {
-    bool fresh = size >= largeBlock;
+    size_t held = heldBytes.load(std::memory_order_relaxed);
+    bool fresh = size >= largeBlock && held > commitLimit.load(std::memory_order_relaxed) / 2;
     if (fresh)
         commitLimit = memoryFigures().totalCommit;
-    size_t held = heldBytes.load(std::memory_order_relaxed);
     for (;;) {
         uint64_t limit = commitLimit.load(std::memory_order_relaxed);
         bool fits = size <= limit && held - freed <= limit - size;
@@ -73,6 +74,11 @@ void freeBlock(void *block, size_t size)
     discharge(size);
     heldCount.fetch_sub(1, std::memory_order_relaxed);
     free(block);
+}
+
+void forgetCommitLimit()
+{
+    commitLimit = 0;
 }
 
 void heldBlocks(SIZE_T *bytes, SIZE_T *blocks)

@@ -11,6 +11,9 @@ void *allocateBlock(size_t size, bool cleared);
 void *resizeBlock(void *block, size_t oldSize, size_t newSize);
 void freeBlock(void *block, size_t size);
 
+// The bound is read anew with the next block.
+void forgetCommitLimit();
+
 // Bytes and blocks held now.
 void heldBlocks(SIZE_T *bytes, SIZE_T *blocks);
 

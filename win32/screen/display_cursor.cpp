@@ -32,11 +32,17 @@ uint32_t shownPixel(const Cursor &cursor, int x, int y)
 
 } // namespace
 
-HCURSOR shownCursorHandle()
+uint32_t shownCursorSerial()
 {
     user::UserLock lock;
     const Cursor *cursor = user::shownCursor();
-    return cursor ? static_cast<HCURSOR>(cursor->handle()) : nullptr;
+    return cursor ? cursor->serial : 0;
+}
+
+int shownCursorStays()
+{
+    DWORD milliseconds = user::shownCursorStays();
+    return milliseconds == INFINITE ? -1 : static_cast<int>(milliseconds);
 }
 
 CursorPicture shownCursorPicture(int factor)
@@ -45,7 +51,7 @@ CursorPicture shownCursorPicture(int factor)
     const Cursor *cursor = user::shownCursor();
     if (!cursor)
         return {};
-    CursorPicture picture{static_cast<HCURSOR>(cursor->handle()), cursor->width * factor, cursor->height * factor,
+    CursorPicture picture{cursor->serial, cursor->width * factor, cursor->height * factor,
                           cursor->hotX * factor, cursor->hotY * factor};
     picture.pixels.reserve(static_cast<size_t>(picture.width) * static_cast<size_t>(picture.height));
     for (int y = 0; y < picture.height; ++y) {

@@ -9,7 +9,7 @@
 namespace win32::screen {
 
 struct CursorPicture {
-    HCURSOR handle = nullptr; // null: no cursor shows
+    uint32_t serial = 0; // tells pictures apart; 0: no cursor shows
     int width = 0;
     int height = 0;
     int hotX = 0;
@@ -17,8 +17,10 @@ struct CursorPicture {
     std::vector<uint32_t> pixels{}; // 0xAARRGGBB
 };
 
-// The cursor that shows now.
-HCURSOR shownCursorHandle();
+// That of the picture which shows now.
+uint32_t shownCursorSerial();
+// Milliseconds until an animated cursor shows another picture; -1: it is none.
+int shownCursorStays();
 // Its picture, enlarged. Desktops have no pixels that invert the screen: those are black with a light edge.
 CursorPicture shownCursorPicture(int factor);
 

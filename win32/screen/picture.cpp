@@ -50,7 +50,7 @@ void drawCursor(Copy &copy, const gdi::Box &part)
             if (pixel == user::Cursor::transparent || !isInside)
                 continue;
             uint32_t &place = copy.pixels[static_cast<size_t>(top) * static_cast<size_t>(copy.surface.width) + static_cast<size_t>(left)];
-            place = pixel == user::Cursor::inverted ? place ^ 0xffffff : pixel & 0xffffff;
+            place = user::laidOn(place, pixel);
         }
     }
 }

@@ -132,6 +132,8 @@ void SdlDisplay::run()
             bool isDue = (isAwake_ || needsWhole_) && Clock::now() >= nextFrame_;
             if (isDue)
                 refresh();
+            else
+                refreshCursor(); // which may be an animated one
             if (mustFetch)
                 mustFetch = !clipboard_.fetch();
         } catch (const std::bad_alloc &) { // the next frame may have more luck
@@ -143,12 +145,12 @@ void SdlDisplay::run()
     sdl_.Quit();
 }
 
-// -1: until something happens.
+// Until something is to be shown; -1: until something happens.
 int SdlDisplay::millisecondsToWait() const
 {
     bool hasWork = isAwake_ || (needsWhole_ && isVisible_);
     if (!hasWork)
-        return -1;
+        return shownCursorStays();
     auto left = std::chrono::ceil<std::chrono::milliseconds>(nextFrame_ - Clock::now()).count();
     return static_cast<int>(std::max<long>(left, 0));
 }
@@ -394,18 +396,18 @@ SDL_Rect SdlDisplay::draw(SDL_Surface *target, const gdi::Box &box)
 void SdlDisplay::refreshCursor()
 {
     int factor = std::max(layout_.factor, 1);
-    HCURSOR shown = shownCursorHandle();
+    uint32_t shown = shownCursorSerial();
     if (shown == cursor_ && factor == cursorFactor_)
         return;
     cursor_ = shown;
     cursorFactor_ = factor;
     CursorPicture picture = shownCursorPicture(factor);
-    SDL_Surface *surface = picture.handle ? sdl_.CreateRGBSurfaceWithFormatFrom(picture.pixels.data(), picture.width, picture.height, 32,
+    SDL_Surface *surface = picture.serial ? sdl_.CreateRGBSurfaceWithFormatFrom(picture.pixels.data(), picture.width, picture.height, 32,
                                                                                 picture.width * 4, SDL_PIXELFORMAT_ARGB8888)
                                           : nullptr;
     SDL_Cursor *made = surface ? sdl_.CreateColorCursor(surface, picture.hotX, picture.hotY) : nullptr;
     sdl_.FreeSurface(surface);
-    sdl_.ShowCursor(picture.handle ? SDL_ENABLE : SDL_DISABLE);
+    sdl_.ShowCursor(picture.serial ? SDL_ENABLE : SDL_DISABLE);
     if (!made)
         return;
     sdl_.SetCursor(made);

@@ -62,7 +62,7 @@ private:
     bool isVisible_ = true;
     bool hasPointer_ = false;
 
-    HCURSOR cursor_ = nullptr; // that the window has
+    uint32_t cursor_ = 0; // serial of the one that the window has
     int cursorFactor_ = 0;
     SDL_Cursor *sdlCursor_ = nullptr;
 

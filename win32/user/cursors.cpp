@@ -1,5 +1,6 @@
 // Making, choosing and showing cursors.
 #include "cursor.h"
+#include "cursor_files.h"
 
 #include "kernel/kernel_internal.h"
 #include "message_queue.h"
@@ -7,6 +8,7 @@
 #include "system_cursors.h"
 #include "visibility.h"
 
+#include <atomic>
 #include <memory>
 
 namespace win32::user {
@@ -27,13 +29,6 @@ uint32_t pixelOf(bool isAnd, bool isXor)
 }
 
 constexpr int largestSize = 256;
-
-HCURSOR enter(std::unique_ptr<Cursor> cursor)
-{
-    if (!enterObject(cursor.get()))
-        return nullptr;
-    return static_cast<HCURSOR>(cursor.release()->handle());
-}
 
 // The system's cursors are made when they are asked for first, and stay.
 HCURSOR systemCursor(const SystemCursor &shape)
@@ -56,7 +51,7 @@ HCURSOR systemCursor(const SystemCursor &shape)
             cursor->pixels[static_cast<size_t>(y * 32 + x)] = pixel;
         }
     }
-    handle = enter(std::move(cursor));
+    handle = enterCursor(std::move(cursor));
     return handle;
 }
 
@@ -67,15 +62,76 @@ Cursor *findCursor(HCURSOR handle)
     return static_cast<Cursor *>(findUserObject(handle, UserObjectType::Cursor));
 }
 
-// The thread in front says what shows, but over the desktop, which belongs to none.
-Cursor *shownCursor()
+HCURSOR enterCursor(std::unique_ptr<Cursor> cursor)
 {
-    UserLock lock;
+    if (!enterObject(cursor.get()))
+        return nullptr;
+    return static_cast<HCURSOR>(cursor.release()->handle());
+}
+
+uint32_t Cursor::nextSerial()
+{
+    static std::atomic<uint32_t> last;
+    return ++last;
+}
+
+namespace {
+
+// The step of an animation that is due at a time, and how long it still lasts.
+struct Due {
+    size_t step;
+    uint64_t left;
+};
+Due dueAt(const Cursor &cursor, uint64_t milliseconds)
+{
+    uint64_t rest = milliseconds % cursor.duration;
+    size_t step = 0;
+    while (rest >= cursor.steps[step].milliseconds)
+        rest -= cursor.steps[step++].milliseconds;
+    return {step, cursor.steps[step].milliseconds - rest};
+}
+
+// The thread in front says what shows, but over the desktop, which belongs to none. Null for none.
+const Cursor *chosenCursor()
+{
     MessageQueue *queue = MessageQueue::foreground;
     bool isOverDesktop = queue && !queue->capture && windowAt(cursorPosition())->isDesktop();
     if (!queue || isOverDesktop)
         return findCursor(LoadCursorA(nullptr, IDC_ARROW));
     return queue->cursorLevel >= 0 ? findCursor(queue->cursor) : nullptr;
+}
+
+} // namespace
+
+uint32_t laidOn(uint32_t screen, uint32_t pixel)
+{
+    uint32_t alpha = pixel >> 24;
+    if (pixel == Cursor::transparent)
+        return screen;
+    if (pixel == Cursor::inverted)
+        return screen ^ 0xFFFFFF;
+    uint32_t result = 0;
+    for (unsigned shift : {0u, 8u, 16u}) {
+        uint32_t below = screen >> shift & 0xFF, above = pixel >> shift & 0xFF;
+        result |= (above * alpha + below * (255 - alpha) + 127) / 255 << shift;
+    }
+    return result;
+}
+
+const Cursor *shownCursor()
+{
+    UserLock lock;
+    const Cursor *chosen = chosenCursor();
+    if (!chosen || !chosen->duration)
+        return chosen;
+    return chosen->pictures[chosen->steps[dueAt(*chosen, ticks()).step].picture].get();
+}
+
+DWORD shownCursorStays()
+{
+    UserLock lock;
+    const Cursor *chosen = chosenCursor();
+    return chosen && chosen->duration ? static_cast<DWORD>(dueAt(*chosen, ticks()).left) : DWORD{INFINITE};
 }
 
 } // namespace win32::user
@@ -100,7 +156,7 @@ HCURSOR CreateCursor(HINSTANCE, int hotX, int hotY, int width, int height, const
                 cursor->pixels.push_back(pixelOf(bitAt(static_cast<const uint8_t *>(andMask), stride, x, y),
                                                  bitAt(static_cast<const uint8_t *>(xorMask), stride, x, y)));
         }
-        return enter(std::move(cursor));
+        return enterCursor(std::move(cursor));
     });
 }
 
@@ -119,9 +175,11 @@ BOOL DestroyCursor(HCURSOR handle)
 
 HCURSOR LoadCursorA(HINSTANCE module, LPCSTR name)
 {
+    if (module)
+        return guarded(HCURSOR{}, [&] { return loadShared(module, name, PictureKind::Cursor); });
     auto number = reinterpret_cast<uintptr_t>(name);
     for (const SystemCursor &shape : systemCursors) {
-        if (!module && number == shape.number)
+        if (number == shape.number)
             return guarded(HCURSOR{}, [&] { return systemCursor(shape); });
     }
     return fail(ERROR_RESOURCE_NAME_NOT_FOUND, HCURSOR{});

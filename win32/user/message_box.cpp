@@ -4,6 +4,7 @@
 #include "kernel/kernel_internal.h"
 #include "message_queue.h"
 #include "placement.h"
+#include "system_signs.h"
 
 #include <iterator>
 
@@ -27,7 +28,7 @@ const std::vector<Choice> &choicesOf(UINT type)
     return sets[number < std::size(sets) ? number : 0];
 }
 
-constexpr int margin = 11, buttonWidth = 75, buttonHeight = 23, gap = 6, signSize = 32;
+constexpr int margin = 11, buttonWidth = 75, buttonHeight = 23, gap = 6;
 
 struct Box {
     std::string text;
@@ -58,45 +59,6 @@ void finish(Box &box, int id)
 {
     box.result = id;
     box.isOver = true;
-}
-
-void drawSign(HDC context, int x, int y, UINT type)
-{
-    COLORREF fill = RGB(0, 0, 255);
-    const char *letter = "i";
-    switch (type & MB_ICONMASK) {
-    case MB_ICONHAND:
-        fill = RGB(255, 0, 0);
-        letter = "x";
-        break;
-    case MB_ICONEXCLAMATION:
-        fill = RGB(255, 255, 0);
-        letter = "!";
-        break;
-    case MB_ICONQUESTION:
-        letter = "?";
-        break;
-    default:
-        break;
-    }
-    HBRUSH brush = CreateSolidBrush(fill);
-    HGDIOBJ oldBrush = SelectObject(context, brush);
-    HGDIOBJ oldPen = SelectObject(context, GetStockObject(BLACK_PEN));
-    Ellipse(context, x, y, x + signSize, y + signSize);
-    SelectObject(context, oldPen);
-    SelectObject(context, oldBrush);
-    DeleteObject(brush);
-    LOGFONTA description{};
-    description.lfHeight = -24;
-    description.lfWeight = 700;
-    HFONT font = CreateFontIndirectA(&description);
-    FontScope scope(context, font);
-    SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, fill == RGB(255, 255, 0) ? RGB(0, 0, 0) : RGB(255, 255, 255));
-    RECT rect{x, y, x + signSize, y + signSize};
-    DrawTextA(context, letter, 1, &rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
-    SelectObject(context, GetStockObject(DEFAULT_GUI_FONT));
-    DeleteObject(font);
 }
 
 void paintBox(HWND window, const Box &box)

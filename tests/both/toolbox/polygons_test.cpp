@@ -114,6 +114,12 @@ TEST_F(Polygons, RecordsThatAreTooShortOrLieDrawNothingBeyondTheirHandle)
         PaintPoly(poly), FramePoly(poly), OffsetPoly(poly, 1, 1);
         KillPoly(poly);
     }
+    PolyHandle purged = OpenPoly();
+    EmptyHandle(reinterpret_cast<Handle>(purged));
+    MacLineTo(5, 5);
+    ClosePoly();
+    PaintPoly(purged);
+    KillPoly(purged);
 }
 
 TEST_F(Polygons, ThePathKeepsOutlinesApart)
@@ -162,6 +168,9 @@ TEST_F(Polygons, ThePathKeepsOutlinesApart)
     clear();
     squares();
     EXPECT_EQ(countBlack(), 0) << "one close too many is forgotten";
+    PolyHandle token = OpenPoly2();
+    ClosePoly2();
+    FramePoly(token), PaintPoly(token), OffsetPoly(token, 1, 1), KillPoly(token);
     KillPoly2(nullptr), OffsetPoly2(nullptr, 1, 1), ErasePoly2(nullptr);
 }
 

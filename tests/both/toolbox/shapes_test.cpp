@@ -270,6 +270,50 @@ TEST_F(Shapes, MergedRectanglesKeepTheirPhaseAtAnyOrigin)
     EXPECT_EQ(countBlack(), 2);
 }
 
+TEST_F(Shapes, MergedRectanglesKnowTheOrderOfPixelsAndTheBitsHook)
+{
+    static int copies;
+    Pattern pattern = {{0x07, 0xFF, 0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}};
+    PenPat(&pattern);
+    Rect rect = ltrb(13, 10, 29, 13);
+    for (SInt16 mode : {patOr, srcBic, blend}) {
+        RGBColor operation = {0x1000, 0x2000, 0x3000};
+        OpColor(&operation);
+        PenMode(mode);
+        memory.clear(0x80123456);
+        PaintRect(&rect);
+        std::vector<UInt32> direct;
+        for (int i = 0; i < side; ++i)
+            direct.push_back(memory.pixel(i, 10));
+        // The same pixels with their bytes in the other order.
+        PixMap &map = pixMapOf(port());
+        map.pmFormat = kPixelFormatMasks;
+        map.pmMasks[0] = 0x0000FF00, map.pmMasks[1] = 0x00FF0000, map.pmMasks[2] = 0xFF000000, map.pmMasks[3] = 0xFF;
+        map.pixelSize = 32;
+        map.pmWidth = map.pmHeight = side;
+        map.baseAddr = static_cast<Ptr>(memory.bits());
+        map.rowBytes = static_cast<SInt16>(side * 4 | 0x8000);
+        memory.clear(0x56341280);
+        PaintRect(&rect);
+        MTBX_ConvertBitsFast(memory.bits(), side, side, side * 4);
+        for (int i = 0; i < side; ++i)
+            EXPECT_EQ(memory.pixel(i, 10), direct[static_cast<size_t>(i)]) << i << " in mode " << mode;
+        map.pmFormat = kPixelFormatNative;
+        EXPECT_EQ(+qd.thePort, port());
+    }
+    setHook([](CQDProcs &hooks) {
+        hooks.bitsProc = [](const BitMap *, const Rect *from, const Rect *to, SInt16 mode, RgnHandle) {
+            ++copies;
+            EXPECT_EQ(*from, ltrb(5, 0, 21, 3));
+            EXPECT_EQ(*to, ltrb(13, 10, 29, 13));
+            EXPECT_EQ(mode, notSrcBic);
+        };
+    });
+    PenMode(patOr);
+    PaintRect(&rect);
+    EXPECT_EQ(copies, 1);
+}
+
 // The outline dot by dot, slow and by the letter of the midpoint ellipse.
 std::vector<Point> dotsOf(const Rect &rect, Point pen)
 {

@@ -30,7 +30,7 @@ TEST_F(Worlds, AWorldIsAHiddenPortWhoseCoordinatesBeginAtZero)
     EXPECT_EQ(map.pmDepth, 8);
     EXPECT_EQ(map.pmWidth, 100);
     EXPECT_EQ(map.pmHeight, 200);
-    EXPECT_EQ(map.pmFormat, kPixelFormatIndexed);
+    EXPECT_EQ(+map.pmFormat, kPixelFormatIndexed);
     EXPECT_EQ(UInt16(map.rowBytes), 0x8000 | 100) << "the mark of a PixMap, not of a port";
     EXPECT_EQ(GetPixRowBytes(GetGWorldPixMap(world.port())), 100);
     EXPECT_EQ(world.port()->portOffscreen, 1);
@@ -80,8 +80,8 @@ TEST_F(Worlds, WhatCannotBeLeavesNothingBehind)
     struct {
         SInt16 depth;
         Rect bounds;
-    } const impossible[] = {{7, ltrb(0, 0, 10, 10)},      {64, ltrb(0, 0, 10, 10)},    {-1, ltrb(0, 0, 10, 10)},
-                            {32, ltrb(10, 0, 0, 10)},     {32, ltrb(0, 10, 10, 0)},    {32, ltrb(0, 0, 0, 5)},
+    } const impossible[] = {{7, ltrb(0, 0, 10, 10)},        {64, ltrb(0, 0, 10, 10)},      {-1, ltrb(0, 0, 10, 10)},
+                            {32, ltrb(10, 0, 0, 10)},       {32, ltrb(0, 10, 10, 0)},      {32, ltrb(0, 0, 0, 5)},
                             {8, ltrb(-20000, 0, 20000, 9)}, {32, ltrb(0, 0, 32767, 32767)}};
     for (const auto &each : impossible) {
         auto world = reinterpret_cast<GWorldPtr>(this);
@@ -201,22 +201,22 @@ TEST_F(Worlds, FormatsAreThoseOfTheSettingsAndOfForcedMasks)
 {
     const UInt32 alphaFirst[4] = {0xFF00, 0xFF0000, 0xFF000000, 0xFF};
     World plain(32, ltrb(0, 0, 4, 4));
-    EXPECT_EQ(plain.map().pmFormat, kPixelFormatNative);
-    EXPECT_TRUE(std::equal(alphaFirst, alphaFirst + 4, plain.map().pmMasks));
+    EXPECT_EQ(+plain.map().pmFormat, kPixelFormatNative);
+    EXPECT_EQ(memcmp(alphaFirst, plain.map().pmMasks, sizeof alphaFirst), 0);
     MTBX_ForceBitmapCreationBitfields(true);
     MTBX_ForceBitmapCreationBitfields(true);
     MTBX_ForceBitmapCreationBitfields(false);
     World forced(32, ltrb(0, 0, 4, 4));
     World shallow(8, ltrb(0, 0, 4, 4));
     MTBX_ForceBitmapCreationBitfields(false);
-    EXPECT_EQ(forced.map().pmFormat, kPixelFormatMasks);
-    EXPECT_EQ(shallow.map().pmFormat, kPixelFormatIndexed);
+    EXPECT_EQ(+forced.map().pmFormat, kPixelFormatMasks);
+    EXPECT_EQ(+shallow.map().pmFormat, kPixelFormatIndexed);
     PatBlt(forced.context(), 0, 0, 4, 4, WHITENESS);
     SetPixel(forced.context(), 0, 0, RGB(1, 2, 3));
     GdiFlush();
     EXPECT_EQ(forced.pixel(0, 0) & 0xFFFFFF, 0x010203u) << "GDI does not know of the order";
     World after(32, ltrb(0, 0, 4, 4));
-    EXPECT_EQ(after.map().pmFormat, kPixelFormatNative);
+    EXPECT_EQ(+after.map().pmFormat, kPixelFormatNative);
 }
 
 TEST_F(Worlds, WithMasksGdiItselfPutsAlphaFirst)
@@ -225,7 +225,7 @@ TEST_F(Worlds, WithMasksGdiItselfPutsAlphaFirst)
     InitGraf(nullptr);
     {
         World deep(32, ltrb(0, 0, 4, 4)), middle(16, ltrb(0, 0, 4, 4));
-        EXPECT_EQ(deep.map().pmFormat, kPixelFormatMasks);
+        EXPECT_EQ(+deep.map().pmFormat, kPixelFormatMasks);
         SetPixel(deep.context(), 1, 0, RGB(1, 2, 3));
         EXPECT_EQ(deep.pixel(1, 0) & 0xFFFFFF00, 0x03020100u);
         SetPixel(middle.context(), 1, 0, RGB(0x10, 0x20, 0x30));
@@ -244,7 +244,7 @@ TEST_F(Worlds, TheOrderIsSaidAndChanged)
     EXPECT_EQ(MTBX_SetGWorld32PixmapFormat(world.port(), kGWorld32BlueFirst), 0);
     EXPECT_EQ(world.pixels(), before);
     EXPECT_EQ(MTBX_SetGWorld32PixmapFormat(world.port(), kGWorld32AlphaFirst), 0);
-    EXPECT_EQ(world.map().pmFormat, kPixelFormatMasks);
+    EXPECT_EQ(+world.map().pmFormat, kPixelFormatMasks);
     std::vector<UInt32> after = world.pixels();
     for (size_t i = 0; i < before.size(); ++i)
         ASSERT_EQ(after[i], __builtin_bswap32(before[i]));
@@ -254,7 +254,7 @@ TEST_F(Worlds, TheOrderIsSaidAndChanged)
     EXPECT_EQ(world.pixels(), before);
     EXPECT_EQ(MTBX_AssumeGWorld32PixmapFormat(world.port(), kGWorld32AlphaFirst), 0);
     EXPECT_EQ(MTBX_AssumeGWorld32PixmapFormat(world.port(), 5), 0);
-    EXPECT_EQ(world.map().pmFormat, kPixelFormatMasks);
+    EXPECT_EQ(+world.map().pmFormat, kPixelFormatMasks);
     EXPECT_EQ(world.pixels(), before);
 }
 
@@ -304,18 +304,18 @@ TEST_F(Worlds, DirectFormatsReverseOnlyWhatDiffers)
     std::vector<UInt32> before = world.pixels();
     EXPECT_FALSE(MTBX_SetDirectPixmapFormat(kPixelFormatCustom, &world.map(), nullptr));
     EXPECT_TRUE(MTBX_SetDirectPixmapFormat(kPixelFormatCustom, &world.map(), custom));
-    EXPECT_EQ(world.map().pmFormat, kPixelFormatCustom);
+    EXPECT_EQ(+world.map().pmFormat, kPixelFormatCustom);
     EXPECT_EQ(world.pixel(3, 2), __builtin_bswap32(before[2 * 7 + 3]));
     const UInt32 sameColors[4] = {0xFF00, 0xFF0000, 0xFF000000, 0xFF};
     EXPECT_TRUE(MTBX_SetDirectPixmapFormat(kPixelFormatMasks, &world.map(), sameColors));
-    EXPECT_EQ(world.map().pmFormat, kPixelFormatCustom) << "equal colour masks keep the tag";
-    EXPECT_EQ(world.map().pmMasks[3], 0u);
+    EXPECT_EQ(+world.map().pmFormat, kPixelFormatCustom) << "equal colour masks keep the tag";
+    EXPECT_EQ(+world.map().pmMasks[3], 0u);
     EXPECT_TRUE(MTBX_SetDirectPixmapFormat(kPixelFormatNative, &world.map(), nullptr));
-    EXPECT_EQ(world.map().pmFormat, kPixelFormatNative);
+    EXPECT_EQ(+world.map().pmFormat, kPixelFormatNative);
     EXPECT_EQ(world.pixels(), before);
     World middle(16, ltrb(0, 0, 7, 3));
     EXPECT_FALSE(MTBX_SetDirectPixmapFormat(kPixelFormatCustom, &middle.map(), custom));
-    EXPECT_EQ(middle.map().pmFormat, kPixelFormatNative);
+    EXPECT_EQ(+middle.map().pmFormat, kPixelFormatNative);
 }
 
 TEST_F(Worlds, ColourTablesArePermutedThereAndBack)
@@ -325,12 +325,12 @@ TEST_F(Worlds, ColourTablesArePermutedThereAndBack)
     RGBQUAD entry = {1, 2, 3, 0}, found = {};
     SetDIBColorTable(world.context(), 5, 1, &entry);
     EXPECT_TRUE(MTBX_SetDirectPixmapFormat(kPixelFormatCustom, &world.map(), reversed));
-    EXPECT_EQ(world.map().pmFormat, kPixelFormatCustom);
+    EXPECT_EQ(+world.map().pmFormat, kPixelFormatCustom);
     GetDIBColorTable(world.context(), 5, 1, &found);
     EXPECT_EQ(found.rgbGreen, 3);
     EXPECT_EQ(found.rgbRed, 2);
     EXPECT_TRUE(MTBX_SetDirectPixmapFormat(kPixelFormatMasks, &world.map(), native));
-    EXPECT_EQ(world.map().pmFormat, kPixelFormatCustom) << "no such change";
+    EXPECT_EQ(+world.map().pmFormat, kPixelFormatCustom) << "no such change";
     EXPECT_TRUE(MTBX_SetDirectPixmapFormat(kPixelFormatIndexed, &world.map(), native));
     GetDIBColorTable(world.context(), 5, 1, &found);
     EXPECT_EQ(found.rgbGreen, 2);

@@ -129,6 +129,8 @@ TEST(Dibs, RasterCodesAndTheBrushTakePartInStretchDIBits)
     EXPECT_EQ(draw(SRCINVERT), (std::vector<uint32_t>{0x3c3c3c, 0xc3c3c3}));
     EXPECT_EQ(draw(SRCAND), (std::vector<uint32_t>{0x030303, 0x303030}));
     EXPECT_EQ(draw(PATCOPY), (std::vector<uint32_t>{0xffffff, 0xffffff}));
+    EXPECT_EQ(draw(WHITENESS)[1] & 0xffffff, 0xffffffu) << "needs neither picture nor brush";
+    EXPECT_EQ(draw(DSTINVERT)[1] & 0xffffff, 0xccccccu);
     HBRUSH brush = CreateSolidBrush(RGB(0x55, 0x55, 0x55));
     HGDIOBJ old = SelectObject(canvas.dc, brush);
     EXPECT_EQ(draw(MERGECOPY), (std::vector<uint32_t>{0x050505, 0x505050}));

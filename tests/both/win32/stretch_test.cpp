@@ -40,6 +40,28 @@ TEST(StretchBlt, DoublesPixelsThatAreCutByTheClip)
     EXPECT_EQ(digits(), std::vector<std::string>{"54433221"});
 }
 
+TEST(StretchBlt, HalvesPixelsThatAreCutByTheClip)
+{
+    Canvas canvas(30, 1, 32), source(62, 1, 32);
+    std::vector<uint32_t> pixels(62);
+    for (uint32_t i = 0; i < 62; ++i)
+        pixels[i] = i + 1;
+    source.setPixels(pixels);
+    SetStretchBltMode(canvas.dc, COLORONCOLOR);
+    for (int direction : {1, -1})
+        for (int x = -3; x < 5; ++x) {
+            canvas.clear();
+            int start = direction > 0 ? x : x + 30, sourceStart = direction > 0 ? 0 : 61;
+            ASSERT_TRUE(StretchBlt(canvas.dc, start, 0, direction * 31, 1, source.dc, sourceStart, 0, direction * 62, 1,
+                                   SRCCOPY));
+            for (int i = 0; i < 30; ++i) {
+                // Of each two the one that is counted last.
+                uint32_t expected = uint32_t(2 * (i - x) + (direction > 0 ? 2 : 1));
+                ASSERT_EQ(canvas.pixels()[size_t(i)], i < x ? 0 : i - x < 31 ? expected : 0) << i << " from " << x;
+            }
+        }
+}
+
 TEST(StretchBlt, ColorsAreConvertedBeforePixelsAreMerged)
 {
     forFormats(allFormats(), [](const CanvasFormat &format, std::mt19937 &random) {

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <climits>
 #include <functional>
 #include <numeric>
 #include <string>
@@ -527,6 +528,110 @@ TEST(TextInRectangle, EndsWithDotsWhatIsTooLong)
     EXPECT_LE(canvas.width(shown), rect.right - rect.left);
     EXPECT_EQ(shown.substr(0, shown.size() - 3), std::string("A text that is long").substr(0, shown.size() - 3));
     EXPECT_EQ(drawn, canvas.pictureOf(10, 5, shown));
+}
+
+TEST(Text, JoinsAnOpenPathAsItsOutlines)
+{
+    for (bool isItalic : {false, true}) {
+        LOGFONTA wanted = description("Arial", -40);
+        wanted.lfItalic = isItalic;
+        TextCanvas canvas(wanted);
+        if (!isScalable(canvas))
+            GTEST_SKIP() << "no scalable font";
+        auto expected = canvas.pictureOf(20, 5, "Path&8");
+        HGDIOBJ pen = SelectObject(canvas.dc, GetStockObject(NULL_PEN));
+        auto recorded = canvas.picture([&] {
+            BeginPath(canvas.dc);
+            canvas.out(20, 5, "Path&8");
+            EndPath(canvas.dc);
+        });
+        EXPECT_EQ(count(recorded, 0xffffff), 0u) << "nothing is drawn yet";
+        SetPolyFillMode(canvas.dc, WINDING);
+        auto filled = canvas.picture([&] { FillPath(canvas.dc); });
+        size_t ink = count(expected, 0xffffff), different = 0;
+        for (size_t i = 0; i < filled.size(); ++i)
+            different += filled[i] != expected[i];
+        // Outlines and drawn characters need not be hinted alike.
+        EXPECT_LT(different, ink / 3);
+        EXPECT_GT(count(filled, 0xffffff), ink * 4 / 5);
+        SelectObject(canvas.dc, pen);
+    }
+}
+
+// The box of what is drawn, from the reference point on.
+RECT inkBox(TextCanvas &canvas, int x, int y, const std::string &text)
+{
+    RECT box{INT_MAX, INT_MAX, INT_MIN, INT_MIN};
+    auto pixels = canvas.pictureOf(x, y, text);
+    for (int row = 0; row < canvas.height(); ++row)
+        for (int column = 0; column < canvas.width(); ++column)
+            if (pixels[static_cast<size_t>(row * canvas.width() + column)]) {
+                box.left = std::min<LONG>(box.left, column - x);
+                box.right = std::max<LONG>(box.right, column + 1 - x);
+                box.top = std::min<LONG>(box.top, row - y);
+                box.bottom = std::max<LONG>(box.bottom, row + 1 - y);
+            }
+    return box;
+}
+
+TEST(Text, TurnsCounterClockwiseAboutItsReferencePoint)
+{
+    LOGFONTA wanted = description("Arial", -24);
+    TextCanvas level(wanted, 200, 200);
+    if (!isScalable(level))
+        GTEST_SKIP() << "no scalable font";
+    for (UINT align : {TA_TOP, TA_BASELINE, TA_BOTTOM | TA_RIGHT}) {
+        SetTextAlign(level.dc, align);
+        RECT plain = inkBox(level, 100, 100, "Turn");
+        const struct {
+            LONG turn;
+            RECT expected;
+        } cases[] = {
+            {900, {plain.top, -plain.right, plain.bottom, -plain.left}},
+            {1800, {-plain.right, -plain.bottom, -plain.left, -plain.top}},
+            {-900, {-plain.bottom, plain.left, -plain.top, plain.right}},
+            {3600, plain},
+        };
+        for (const auto &[turn, expected] : cases) {
+            wanted.lfEscapement = wanted.lfOrientation = turn;
+            TextCanvas turned(wanted, 200, 200);
+            SetTextAlign(turned.dc, align);
+            RECT box = inkBox(turned, 100, 100, "Turn");
+            EXPECT_NEAR(box.left, expected.left, 2) << turn << ' ' << align;
+            EXPECT_NEAR(box.top, expected.top, 2) << turn << ' ' << align;
+            EXPECT_NEAR(box.right, expected.right, 2) << turn << ' ' << align;
+            EXPECT_NEAR(box.bottom, expected.bottom, 2) << turn << ' ' << align;
+            EXPECT_NEAR(turned.width("Turn"), level.width("Turn"), 1) << "extents are those of level text";
+            EXPECT_EQ(turned.metrics.tmHeight, level.metrics.tmHeight);
+        }
+    }
+}
+
+TEST(Text, SlantingTextKeepsItsLengthAndCharacters)
+{
+    LOGFONTA wanted = description("Arial", -24);
+    TextCanvas level(wanted, 200, 200);
+    if (!isScalable(level))
+        GTEST_SKIP() << "no scalable font";
+    wanted.lfEscapement = wanted.lfOrientation = 300;
+    TextCanvas turned(wanted, 200, 200);
+    RECT plain = inkBox(level, 20, 150, "llllllll"), slant = inkBox(turned, 20, 150, "llllllll");
+    double length = plain.right - plain.left, height = plain.bottom - plain.top;
+    EXPECT_NEAR(slant.right - slant.left, length * 0.866 + height * 0.5, 6);
+    EXPECT_NEAR(slant.bottom - slant.top, length * 0.5 + height * 0.866, 6);
+}
+
+TEST(Text, MovesThePositionWithinAPathToo)
+{
+    TextCanvas canvas(description("Arial", -20));
+    SetTextAlign(canvas.dc, TA_UPDATECP);
+    MoveToEx(canvas.dc, 10, 20, nullptr);
+    BeginPath(canvas.dc);
+    canvas.out(0, 0, "Path");
+    POINT position;
+    GetCurrentPositionEx(canvas.dc, &position);
+    AbortPath(canvas.dc);
+    EXPECT_EQ(position.x, 10 + canvas.width("Path"));
 }
 
 TEST(TextInRectangle, TabbedTextStandsAtItsStops)

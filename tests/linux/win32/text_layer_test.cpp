@@ -6,7 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <thread>
+#include <tuple>
 
 namespace {
 
@@ -254,10 +257,16 @@ TEST(Fonts, DoubleByteTextIsReadInTheCharacterSetsPage)
     wanted.lfCharSet = SHIFTJIS_CHARSET;
     BuiltinCanvas canvas(40, 13, wanted);
     SIZE extent;
-    GetTextExtentPoint32A(canvas.dc, "a\x82\xa0" "b", 4, &extent);
+    GetTextExtentPoint32A(canvas.dc,
+                          "a\x82\xa0"
+                          "b",
+                          4, &extent);
     EXPECT_EQ(extent.cx, 24); // three characters in four bytes
     int positions[4];
-    ASSERT_TRUE(GetTextExtentExPointA(canvas.dc, "a\x82\xa0" "b", 4, 0, nullptr, positions, &extent));
+    ASSERT_TRUE(GetTextExtentExPointA(canvas.dc,
+                                      "a\x82\xa0"
+                                      "b",
+                                      4, 0, nullptr, positions, &extent));
     EXPECT_EQ(std::vector<int>(positions, positions + 4), (std::vector<int>{8, 16, 16, 24}));
     EXPECT_EQ(GetTextCharset(canvas.dc), SHIFTJIS_CHARSET);
     // A lead byte at the end stands alone.
@@ -318,6 +327,120 @@ TEST(Fonts, AddedFilesJoinAndLeave)
     GetTextFaceA(canvas.dc, LF_FACESIZE, face);
     EXPECT_STRNE(face, "Triangles");
     EXPECT_EQ(AddFontResourceA(file.path()), 0);
+}
+
+// A scalable font, or none.
+struct ScalableCanvas : Canvas {
+    explicit ScalableCanvas(LONG turn = 0, BYTE underline = 0) : Canvas(160, 160, 32)
+    {
+        LOGFONTA wanted{};
+        wanted.lfHeight = -24;
+        wanted.lfEscapement = wanted.lfOrientation = turn;
+        wanted.lfUnderline = underline;
+        wanted.lfQuality = NONANTIALIASED_QUALITY;
+        strcpy(wanted.lfFaceName, "Arial");
+        initialFont = SelectObject(dc, CreateFontIndirectA(&wanted));
+        SetTextColor(dc, RGB(255, 0, 0));
+        SetBkColor(dc, RGB(0, 0, 255));
+        GetTextMetricsA(dc, &metrics);
+        GetTextExtentPoint32A(dc, "Turn", 4, &extent);
+    }
+    ~ScalableCanvas() { DeleteObject(SelectObject(dc, initialFont)); }
+
+    bool isScalable() const { return (metrics.tmPitchAndFamily & TMPF_VECTOR) != 0; }
+    size_t count(uint32_t pixel) const
+    {
+        auto all = pixels();
+        return static_cast<size_t>(std::count(all.begin(), all.end(), pixel));
+    }
+
+    HGDIOBJ initialFont;
+    TEXTMETRICA metrics{};
+    SIZE extent{};
+};
+
+TEST(TurnedText, FillsItsCellAndDrawsItsLineInItsDirection)
+{
+    for (LONG turn : {0L, 900L, 1800L, 2700L, 300L}) {
+        ScalableCanvas canvas(turn), underlined(turn, 1);
+        if (!canvas.isScalable())
+            GTEST_SKIP() << "no scalable font";
+        TextOutA(canvas.dc, 80, 80, "Turn", 4);
+        double cell = double{1} * canvas.extent.cx * canvas.extent.cy;
+        EXPECT_NEAR(static_cast<double>(canvas.count(0xff) + canvas.count(0xff0000)), cell, cell / 20) << turn;
+        SetBkMode(canvas.dc, TRANSPARENT);
+        SetBkMode(underlined.dc, TRANSPARENT);
+        canvas.clear();
+        TextOutA(canvas.dc, 80, 80, "Turn", 4);
+        TextOutA(underlined.dc, 80, 80, "Turn", 4);
+        size_t line = underlined.count(0xff0000) - canvas.count(0xff0000);
+        EXPECT_GT(line, static_cast<size_t>(canvas.extent.cx * 3 / 4)) << turn;
+        SetTextAlign(canvas.dc, TA_UPDATECP);
+        MoveToEx(canvas.dc, 80, 80, nullptr);
+        TextOutA(canvas.dc, 0, 0, "Turn", 4);
+        POINT position;
+        GetCurrentPositionEx(canvas.dc, &position);
+        double angle = static_cast<double>(turn) * 3.14159265 / 1800;
+        EXPECT_NEAR(static_cast<double>(position.x), 80 + std::cos(angle) * canvas.extent.cx, 1) << turn;
+        EXPECT_NEAR(static_cast<double>(position.y), 80 - std::sin(angle) * canvas.extent.cx, 1) << turn;
+    }
+}
+
+TEST(TextInPaths, OpaqueTextBringsItsCellAndItsLine)
+{
+    ScalableCanvas canvas(0, 1);
+    if (!canvas.isScalable())
+        GTEST_SKIP() << "no scalable font";
+    HGDIOBJ brush = SelectObject(canvas.dc, GetStockObject(WHITE_BRUSH));
+    BeginPath(canvas.dc);
+    TextOutA(canvas.dc, 20, 20, "Turn", 4);
+    EndPath(canvas.dc);
+    FillPath(canvas.dc);
+    size_t cell = static_cast<size_t>(canvas.extent.cx * canvas.extent.cy), filled = canvas.count(0xffffff);
+    EXPECT_EQ(canvas.pixel(20, 20), 0xffffffu);
+    EXPECT_LT(filled, cell) << "without the characters and the line";
+    EXPECT_GT(filled, cell / 2);
+    SelectObject(canvas.dc, brush);
+}
+
+TEST(TextInPaths, TheBuiltinFontHasNoOutlines)
+{
+    BuiltinCanvas canvas(24, 13);
+    BeginPath(canvas.dc);
+    TextOutA(canvas.dc, 0, 0, "Ag", 2);
+    EndPath(canvas.dc);
+    FillPath(canvas.dc);
+    EXPECT_EQ(canvas.rows(), Rows(13, std::string(24, '.')));
+}
+
+TEST(TextInPaths, RefusedMemoryLeavesThePathAsItWas)
+{
+    ScalableCanvas canvas;
+    if (!canvas.isScalable())
+        GTEST_SKIP() << "no scalable font";
+    SetBkMode(canvas.dc, TRANSPARENT);
+    SelectObject(canvas.dc, GetStockObject(NULL_PEN));
+    auto filled = [&](DWORD refused) {
+        canvas.clear();
+        BeginPath(canvas.dc);
+        Rectangle(canvas.dc, 1, 1, 11, 11);
+        Win32Control_RefuseAllocations(WIN32_ALLOCATION_LAYER, refused, refused ? 1 : 0, 0);
+        BOOL isDone = TextOutA(canvas.dc, 20, 20, "Turn", 4);
+        DWORD counted = Win32Control_AllocationsCounted(WIN32_ALLOCATION_LAYER);
+        Win32Control_Reset();
+        EndPath(canvas.dc);
+        FillPath(canvas.dc);
+        return std::tuple(isDone, canvas.count(0xffffff), counted);
+    };
+    filled(0);
+    auto [isDone, whole, count] = filled(0);
+    EXPECT_TRUE(isDone);
+    EXPECT_GT(count, 0u);
+    constexpr size_t square = 81;
+    for (DWORD number = 1; number <= count; ++number) {
+        auto [succeeded, pixels, counted] = filled(number);
+        EXPECT_EQ(pixels, succeeded ? whole : square) << number;
+    }
 }
 
 } // namespace
