@@ -45,6 +45,7 @@ struct Display {
     std::atomic<bool> isOver{false};
     std::atomic<FileDropReceiver> dropReceiver{nullptr};
     SdlDisplay *shown = nullptr; // set before isRunning
+    std::thread::id thread;      // the same
 };
 
 Display &display()
@@ -65,15 +66,19 @@ void run()
         return;
     }
     display().shown = shown;
+    display().thread = std::this_thread::get_id();
     display().isRunning = true;
     shown->run();
     display().isRunning = false;
     display().isOver = true;
 }
 
-// Takes the window away before the process ends, unless that takes too long.
+// Takes the window away before the process ends, unless that takes too long. A desktop that is gone ends the process
+// on the display's thread, in the middle of a call.
 void end()
 {
+    if (display().isRunning && display().thread == std::this_thread::get_id())
+        return;
     if (display().isRunning)
         display().shown->end();
     for (int i = 0; i < 100 && !display().isOver; ++i)

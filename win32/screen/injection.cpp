@@ -39,8 +39,8 @@ void note(Step::Kind kind, POINT point, int number, MouseButton button, const Ke
     step.point = point;
     step.number = number;
     step.button = button;
-    if (key)
-        step.keys.push_back(key);
+    if (key) // the table's own: the given one may follow the user's layout, and go
+        step.keys.push_back(keyOfVirtualKey(key->virtualKey, key->isExtended));
     record(std::move(step));
 }
 

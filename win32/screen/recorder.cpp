@@ -32,6 +32,8 @@ public:
     void add(Step step)
     {
         std::lock_guard lock(mutex_);
+        if (step.kind == Step::Kind::Move && isAt(step.point))
+            return;
         int gap = gapSinceLast();
         if (hasKept_ && joins(step, gap))
             return;
@@ -72,6 +74,14 @@ private:
     static constexpr int restOfMouse = 100;
 
     static bool isAction(const Step &step) { return step.kind != Step::Kind::Move && step.kind != Step::Kind::Release; }
+
+    // Whether the mouse is there already; it is from now on.
+    bool isAt(POINT point)
+    {
+        bool isThere = mouse_.x == point.x && mouse_.y == point.y;
+        mouse_ = point;
+        return isThere;
+    }
 
     int gapSinceLast()
     {
@@ -145,6 +155,7 @@ private:
     Step kept_;
     bool hasKept_ = false;
     int buttonsDown_ = 0;
+    POINT mouse_{-1, -1};
     std::u16string text_;
     std::string frontTitle_;
 };

@@ -5,6 +5,7 @@
 #include "picture.h"
 #include "replay_script.h"
 #include "screen.h"
+#include "user/input.h"
 #include "user/watching.h"
 
 #include <climits>
@@ -213,9 +214,10 @@ private:
         constexpr short withShift = 0x100;
         SHORT found = unit == '\n' ? SHORT{VK_RETURN} : unit < 0x7f ? VkKeyScanA(static_cast<CHAR>(unit)) : SHORT{-1};
         const Key *key = found == -1 ? nullptr : keyOfVirtualKey(static_cast<BYTE>(found), false);
+        bool isTurnedByLock = key && key->virtualKey >= 'A' && key->virtualKey <= 'Z' && user::isToggled(VK_CAPITAL);
         if (!key)
             injectCharacter(unit);
-        else if (found & withShift)
+        else if (((found & withShift) != 0) != isTurnedByLock)
             stroke({keyNamed("Shift"), key});
         else
             stroke({key});

@@ -8,17 +8,23 @@
 
 #include <SDL.h>
 #include <dlfcn.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <thread>
 
 namespace {
 
+const std::string recording = testing::TempDir() + "display_test_" + std::to_string(getpid());
+
 // Before anything asks for the screen.
 const bool isPrepared = [] {
+    setenv("WIN32_RECORD", recording.c_str(), 1);
     setenv("WIN32_DISPLAY", "window", 1);
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     setenv("WIN32_SCREEN", "320x240x32", 1);
@@ -255,6 +261,21 @@ TEST_F(Display, KeysAreWhatTheUsersLayoutMakesOfThem)
     stroke(SDL_SCANCODE_C, 'c', "c", KMOD_LCTRL);
     push({key(SDL_KEYUP, SDL_SCANCODE_LCTRL, SDLK_LCTRL)});
     EXPECT_EQ(keysHeard(), "+11/1d +43/2e '\x03' -43/2e -11/1d ");
+}
+
+TEST_F(Display, IsRecordedAsAReplay)
+{
+    stroke(SDL_SCANCODE_Y, 'z', "z"); // named by what it is for the user, not by its place
+    push({button(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_RIGHT, 50, 60), button(SDL_MOUSEBUTTONUP, SDL_BUTTON_RIGHT, 50, 60)});
+    stroke(SDL_SCANCODE_F11, SDLK_F11, nullptr);
+    keysHeard();
+    std::ifstream file(recording);
+    std::string steps(std::istreambuf_iterator<char>(file), {});
+    remove(recording.c_str());
+    EXPECT_EQ(steps.find("screen \"320x240x32\"\n"), 0u);
+    size_t key = steps.find("key Z\n");
+    ASSERT_NE(key, std::string::npos) << steps;
+    EXPECT_NE(steps.find("move 50 60\npress right\nrelease right\nkey F11\n", key), std::string::npos) << steps;
 }
 
 TEST_F(Display, KeysThatAreDownGoUpWhenAnotherProgramTakesOver)

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string>
+#include <sys/resource.h>
 #include <sys/wait.h>
 
 namespace {
@@ -120,6 +121,25 @@ TEST_F(Replay, AProgramThatEndsEarlyIsTold)
     EXPECT_EQ(result.status, 0);
 }
 
+// In the processor's time of all that has run so far.
+double processorSeconds()
+{
+    rusage usage;
+    getrusage(RUSAGE_CHILDREN, &usage);
+    return static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec)
+           + static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
+}
+
+TEST_F(Replay, AProgramThatWaitsCostsNothing)
+{
+    double before = processorSeconds();
+    play("wait window \"Sketch\"\nwait idle\nquit\n");
+    double between = processorSeconds();
+    play("wait window \"Sketch\"\nwait idle\nwait 3000\nquit\n");
+    double idle = (processorSeconds() - between) - (between - before);
+    EXPECT_LT(idle, 0.03) << "of 3 seconds, where 1 in 100 is allowed";
+}
+
 TEST_F(Replay, ScreenshotsShowTheCursorUnlessToldOtherwise)
 {
     Result result = play(std::string(drawing)
@@ -140,7 +160,7 @@ TEST_F(Replay, ScreenshotsShowTheCursorUnlessToldOtherwise)
 
 TEST_F(Replay, ARecordingPlaysTheSameAgain)
 {
-    std::string end = "type \"aB\xc3\xa9\xc3\xa8\"\nkey Ctrl+C\nkey Escape\nkey Ctrl+V\nscreenshot NAME nocursor\nclose\n";
+    std::string end = "key CapsLock\ntype \"aB\xc3\xa9\xc3\xa8\"\nkey Ctrl+C\nkey Escape\nkey Ctrl+V\nscreenshot NAME nocursor\nclose\n";
     std::string steps = drawing + end;
     steps.replace(steps.find("NAME"), 4, "first.png");
     Result result = play(steps, "WIN32_RECORD=recorded");
@@ -148,7 +168,7 @@ TEST_F(Replay, ARecordingPlaysTheSameAgain)
     EXPECT_EQ(linesOf("recorded", "screen"), "screen \"640x480x32\"\n");
     EXPECT_EQ(linesOf("recorded", "wait w"), "wait window \"Sketch\"\n");
     EXPECT_EQ(linesOf("recorded", "move"), "move 60 130\nmove 150 150\nmove 250 250\nmove 350 150\n");
-    EXPECT_EQ(linesOf("recorded", "key A"), "key A\n");
+    EXPECT_EQ(linesOf("recorded", "key B"), "key B\n"); // with the lock, a is the one that needs Shift
     EXPECT_EQ(linesOf("recorded", "type"), "type \"\xc3\xa9\xc3\xa8\"\n");
     EXPECT_EQ(linesOf("recorded", "close"), "close\n");
 
