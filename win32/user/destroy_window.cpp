@@ -33,6 +33,7 @@ HWND nextToTell(HWND handle)
 
 void sendToTree(HWND handle, UINT message)
 {
+    clipboard::ownerIsEnding(handle);
     sendMessage(handle, message, 0, 0);
     while (HWND child = nextToTell(handle))
         sendToTree(child, message);

@@ -11,7 +11,7 @@ TEST(CursorCache, TheOldestCursorEndsWhenAllPlacesAreTaken)
     InitResources();
     InitGraf(nullptr);
     constexpr SInt16 firstID = 2000, places = 256;
-    CursHandle first = nullptr;
+    CursHandle first = nullptr, second = nullptr;
     for (SInt16 id = firstID; id <= firstID + places; ++id) {
         Handle resource = NewHandleClear(sizeof(Cursor));
         ASSERT_EQ(MTBX_AddAppResourceEntry(0x43555253, static_cast<SInt16>(id + 1), resource), noErr);
@@ -20,13 +20,17 @@ TEST(CursorCache, TheOldestCursorEndsWhenAllPlacesAreTaken)
         EXPECT_EQ(MacGetCursor(id), cursor);
         if (!first)
             first = cursor;
+        else if (!second)
+            second = cursor;
     }
     SInt32 value;
     memcpy(&value, *first, sizeof value);
     EXPECT_EQ(value, 0) << "and its handle shows nothing from then on";
     CursHandle again = MacGetCursor(firstID);
     EXPECT_TRUE(again && again != first);
-    DisposeHandle(reinterpret_cast<Handle>(first));
+    // Handles of cursors that ended are the host's.
+    for (CursHandle ended : {first, second})
+        DisposeHandle(reinterpret_cast<Handle>(ended));
     MTBX_ShutdownGraf();
     MTBX_ShutdownResources();
     InitResources();

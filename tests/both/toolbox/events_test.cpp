@@ -88,13 +88,13 @@ TEST_F(Events, AreHandedOverOnceWhateverTheMask)
     gTheEvent = hostEvent(updateEvt, 77);
     EXPECT_TRUE(EventAvail(updateMask, &event)) << "and the slot keeps it";
     EXPECT_TRUE(WaitNextEvent(mDownMask, &event, 1000, nullptr));
-    EXPECT_EQ(event.what, updateEvt);
+    EXPECT_EQ(+event.what, updateEvt);
     EXPECT_TRUE(event.message == 77 && event.when == 1234 && event.modifiers == 0x5555 && event.hostWords[4] == 99);
-    EXPECT_EQ(event.where, (Point{7, 8}));
+    EXPECT_EQ(Point(event.where), (Point{7, 8}));
     EXPECT_FALSE(GetNextEvent(everyEvent, &event));
-    EXPECT_EQ(event.what, nullEvent);
-    EXPECT_EQ(event.message, 77u) << "of the event before";
-    EXPECT_EQ(event.where, (Point{40, 50})) << "where the mouse is in the main window";
+    EXPECT_EQ(+event.what, nullEvent);
+    EXPECT_EQ(+event.message, 77u) << "of the event before";
+    EXPECT_EQ(Point(event.where), (Point{40, 50})) << "where the mouse is in the main window";
 }
 
 TEST_F(Events, OfAMovedMouseTellWhereItIsNow)
@@ -102,11 +102,11 @@ TEST_F(Events, OfAMovedMouseTellWhereItIsNow)
     gTheEvent = hostEvent(osEvt, 0xFA000000);
     input.press(VK_SHIFT);
     EXPECT_TRUE(GetOSEvent(everyEvent, &event));
-    EXPECT_EQ(event.where, (Point{40, 50}));
-    EXPECT_EQ(event.modifiers, shiftKey);
+    EXPECT_EQ(Point(event.where), (Point{40, 50}));
+    EXPECT_EQ(+event.modifiers, shiftKey);
     gTheEvent = hostEvent(osEvt, 0x01000001);
     EXPECT_TRUE(GetNextEvent(everyEvent, &event));
-    EXPECT_EQ(event.where, (Point{7, 8})) << "a resume event is the host's";
+    EXPECT_EQ(Point(event.where), (Point{7, 8})) << "a resume event is the host's";
 }
 
 TEST_F(Events, OfTheSlotAreAvailableByTheirMaskUnlessTheyAreTheSystems)
@@ -114,15 +114,15 @@ TEST_F(Events, OfTheSlotAreAvailableByTheirMaskUnlessTheyAreTheSystems)
     gTheEvent = hostEvent(activateEvt);
     EXPECT_FALSE(EventAvail(updateMask, &event));
     EXPECT_TRUE(OSEventAvail(activMask, &event));
-    EXPECT_EQ(event.what, activateEvt);
+    EXPECT_EQ(+event.what, activateEvt);
     gTheEvent = hostEvent(osEvt);
     EXPECT_FALSE(EventAvail(everyEvent & ~(mDownMask | mUpMask), &event)) << "only the kinds 1 to 8 are seen";
-    EXPECT_EQ(event.what, nullEvent);
+    EXPECT_EQ(+event.what, nullEvent);
     UInt32 before = TickCount();
     event = hostEvent(keyDown);
     EXPECT_FALSE(EventAvail(0, &event));
-    EXPECT_GE(event.when, before);
-    EXPECT_EQ(event.hostWords[4], 0u);
+    EXPECT_GE(+event.when, before);
+    EXPECT_EQ(+event.hostWords[4], 0u);
 }
 
 TEST_F(Events, OfTheMouseAreSeenInTheQueueAndStayThere)
@@ -130,12 +130,12 @@ TEST_F(Events, OfTheMouseAreSeenInTheQueueAndStayThere)
     input.pressButton();
     EXPECT_FALSE(EventAvail(mUpMask, &event));
     EXPECT_TRUE(EventAvail(mDownMask | mUpMask, &event));
-    EXPECT_EQ(event.what, mouseDown);
+    EXPECT_EQ(+event.what, mouseDown);
     EXPECT_TRUE(Button() && StillDown());
-    EXPECT_EQ(event.modifiers, btnState);
+    EXPECT_EQ(+event.modifiers, btnState);
     input.releaseButton();
     EXPECT_TRUE(EventAvail(mUpMask, &event));
-    EXPECT_EQ(event.what, mouseUp);
+    EXPECT_EQ(+event.what, mouseUp);
     EXPECT_TRUE(isQueued(WM_LBUTTONDOWN, WM_LBUTTONDOWN));
     EXPECT_FALSE(Button() || StillDown());
     input.pressButton();
@@ -149,8 +149,8 @@ TEST_F(Events, OfKeysAreReportedAsTheHostsConverterSays)
 {
     input.type('A');
     EXPECT_TRUE(EventAvail(keyDownMask, &event));
-    EXPECT_EQ(event.what, keyUp) << "of either kind, without a converter";
-    EXPECT_EQ(event.message, static_cast<UInt32>('A'));
+    EXPECT_EQ(+event.what, keyUp) << "of either kind, without a converter";
+    EXPECT_EQ(+event.message, static_cast<UInt32>('A'));
     EXPECT_NEAR(static_cast<double>(event.when), TickCount(), 120);
     InstallMsgToEventConverter([](const MSG *message, EventRecord *converted) {
         converted->what = message->message == WM_KEYUP ? UInt16{keyUp} : UInt16{nullEvent};
@@ -158,7 +158,7 @@ TEST_F(Events, OfKeysAreReportedAsTheHostsConverterSays)
     });
     EXPECT_FALSE(EventAvail(keyDownMask, &event)) << "the converter knows no press";
     EXPECT_TRUE(EventAvail(keyUpMask, &event));
-    EXPECT_EQ(event.message, 'A' << 8);
+    EXPECT_EQ(+event.message, 'A' << 8);
     EXPECT_TRUE(isQueued(WM_KEYDOWN, WM_KEYDOWN) && isQueued(WM_KEYUP, WM_KEYUP));
 }
 
@@ -166,12 +166,12 @@ TEST_F(Events, OfModifierKeysAloneAreTakenOutOfTheQueue)
 {
     input.press(VK_SHIFT);
     EXPECT_FALSE(EventAvail(keyDownMask | keyUpMask, &event));
-    EXPECT_EQ(event.modifiers, shiftKey);
+    EXPECT_EQ(+event.modifiers, shiftKey);
     EXPECT_FALSE(isQueued(WM_KEYDOWN, WM_KEYDOWN));
     input.press('B');
     input.press(VK_CONTROL);
     EXPECT_TRUE(EventAvail(keyDownMask, &event)) << "the key before it is still there";
-    EXPECT_EQ(event.message, static_cast<UInt32>('B'));
+    EXPECT_EQ(+event.message, static_cast<UInt32>('B'));
 }
 
 TEST_F(Events, OfKeysThatAreNoCharactersGetKeyCodes)
@@ -183,7 +183,7 @@ TEST_F(Events, OfKeysThatAreNoCharactersGetKeyCodes)
     for (auto &[key, message] : keys) {
         input.type(key);
         EXPECT_TRUE(EventAvail(keyDownMask, &event));
-        EXPECT_EQ(event.message, message) << key;
+        EXPECT_EQ(+event.message, message) << key;
         FlushEvents(keyDownMask | keyUpMask, 0);
     }
     struct {
@@ -196,7 +196,7 @@ TEST_F(Events, OfKeysThatAreNoCharactersGetKeyCodes)
         PostMessageA(window, WM_KEYDOWN, key, data);
         input.type('C');
         EXPECT_TRUE(EventAvail(keyDownMask, &event));
-        EXPECT_EQ(event.message, message) << key;
+        EXPECT_EQ(+event.message, message) << key;
         clearQueue();
     }
 }
@@ -222,15 +222,15 @@ TEST_F(Events, AreFlushedKindByKind)
 {
     gTheEvent = hostEvent(keyDown);
     FlushEvents(mDownMask, 0);
-    EXPECT_EQ(gTheEvent.what, keyDown);
+    EXPECT_EQ(+gTheEvent.what, keyDown);
     FlushEvents(keyDownMask, 0);
-    EXPECT_EQ(gTheEvent.what, nullEvent);
+    EXPECT_EQ(+gTheEvent.what, nullEvent);
     gTheEvent = hostEvent(16);
     FlushEvents(0x800, 0);
-    EXPECT_EQ(gTheEvent.what, nullEvent);
+    EXPECT_EQ(+gTheEvent.what, nullEvent);
     gTheEvent = hostEvent(updateEvt);
     FlushEvents(everyEvent, 0);
-    EXPECT_EQ(gTheEvent.what, updateEvt) << "never cleared";
+    EXPECT_EQ(+gTheEvent.what, updateEvt) << "never cleared";
     for (UINT message : {WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_LBUTTONUP, WM_KEYDOWN, WM_KEYUP, WM_SYSKEYDOWN})
         PostMessageA(window, message, 'X', 0);
     FlushEvents(mDownMask | keyUpMask, 0);

@@ -114,11 +114,11 @@ TEST_F(Windows, AreRecordsFirst)
     EXPECT_EQ(record.windowKind, userKind);
     EXPECT_EQ(record.windowDefProc, -3);
     EXPECT_TRUE(record.visible == 1 && record.goAwayFlag == 1 && record.hilited == 0 && GetWRefCon(window) == 17);
-    EXPECT_EQ(window->portRect, bounds);
+    EXPECT_EQ(Rect(window->portRect), bounds);
     EXPECT_EQ(boundsOf(window->visRgn), bounds);
     EXPECT_EQ(windowBounds(window, kWindowStructureRgn), bounds);
     EXPECT_EQ(windowBounds(window, kWindowContentRgn), bounds);
-    EXPECT_EQ(pixMapOf(window).bounds, ltrb(-30, -20, 70, 30));
+    EXPECT_EQ(Rect(pixMapOf(window).bounds), ltrb(-30, -20, 70, 30));
     EXPECT_EQ(pixMapOf(window).rowBytes, static_cast<SInt16>(0xC000 | (100 * gbits_per_pixel + 31) / 32 * 4));
     SetWTitle(window, Pascal("Renamed"));
     Pascal title;
@@ -209,11 +209,11 @@ TEST_F(Windows, TakeTheirGeometryFromTheNativeWindow)
     GetWindowRect(native, &frame);
     EXPECT_EQ(client.right - client.left, 120) << "the client area, without the scroll bar, is as wide as asked";
     EXPECT_EQ(client.bottom - client.top, 80);
-    EXPECT_EQ(window->portRect, ltrb(20, 10, 140, 90)) << "its corner stays";
+    EXPECT_EQ(Rect(window->portRect), ltrb(20, 10, 140, 90)) << "its corner stays";
     EXPECT_EQ(windowBounds(window, kWindowStructureRgn), ltrb(frame.left - 100, frame.top - 60, frame.right - 100, frame.bottom - 60));
     Rect content = windowBounds(window, kWindowContentRgn);
     EXPECT_EQ(content, ltrb(client.left - 100, client.top - 60, client.right - 100, client.bottom - 60));
-    EXPECT_EQ(pixMapOf(window).bounds, ltrb(-content.left, -content.top, content.right - 2 * content.left, content.bottom - 2 * content.top));
+    EXPECT_EQ(Rect(pixMapOf(window).bounds), ltrb(-content.left, -content.top, content.right - 2 * content.left, content.bottom - 2 * content.top));
     MacMoveWindow(window, 200, 180, false);
     EXPECT_EQ(clientOnScreen(native).left, 200);
     EXPECT_EQ(clientOnScreen(native).top, 180);
@@ -224,7 +224,7 @@ TEST_F(Windows, TakeTheirGeometryFromTheNativeWindow)
     reinterpret_cast<Rect *>(*recordOf(window).dataHandle)[1] = ltrb(70, 60, 170, 120);
     ZoomWindow(window, inZoomOut, false);
     EXPECT_EQ(windowBounds(window, kWindowContentRgn), ltrb(70, 60, 170, 120));
-    EXPECT_EQ(boundsOf(window->visRgn), window->portRect);
+    EXPECT_EQ(boundsOf(window->visRgn), Rect(window->portRect));
 }
 
 TEST_F(Windows, AnswerForTheirBoundsRegionsAndAttributes)
@@ -295,7 +295,7 @@ TEST_F(Windows, KeepTheirUpdateRegionBesideTheNativeOne)
     EXPECT_EQ(boundsOf(window->visRgn), ltrb(110, 220, 150, 230)) << "a port that is made current keeps it";
     EXPECT_EQ(clipBoxOf(contextOf(window)), ltrb(110, 220, 150, 230));
     EndUpdate(window);
-    EXPECT_EQ(boundsOf(window->visRgn), window->portRect);
+    EXPECT_EQ(boundsOf(window->visRgn), Rect(window->portRect));
 }
 
 TEST_F(Windows, AreFoundByTheirParts)
@@ -387,7 +387,7 @@ TEST_F(WindowTemplates, MakeWindowsAsTheySay)
     WindowPtr window = GetNewCWindow(128, nullptr, nullptr);
     ASSERT_TRUE(window);
     WindowRecord &record = recordOf(window);
-    EXPECT_EQ(window->portRect, ltrb(10, 20, 310, 220));
+    EXPECT_EQ(Rect(window->portRect), ltrb(10, 20, 310, 220));
     EXPECT_TRUE(record.windowDefProc == 4 && record.visible == 1 && record.goAwayFlag == 1 && record.refCon == -2);
     Pascal title;
     GetWTitle(window, title);
