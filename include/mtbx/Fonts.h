@@ -84,8 +84,8 @@ MTBX_ASSERT_SIZE_32(WidthTable, 1072);
 /* Makes the table; to be called before text is drawn or measured. Without memory for it there are no fonts,
    and text is drawn in what the context holds. Called again it changes nothing. */
 MTBX_API void InitFonts(void);
-/* Deletes all fonts. kFontLocked when one is still locked, by the host or by a port that is not current: it
-   and the families behind it stay allocated, and the table is gone in any case. */
+/* Deletes all fonts. kFontLocked when one is still locked, by the host or by a port that is not current: that
+   instance stays for its holder, until the fonts are started or ended again after it was unlocked. */
 MTBX_API SInt16 MTBX_ShutdownFonts(void);
 
 /* The number of the first family of that name, which is told by case. One that is not known gets a number

@@ -136,18 +136,19 @@ SInt16 fonts::deleteNativeFont(FontInstance &instance)
 
 SInt16 fonts::deleteInstances(Family &family)
 {
-    while (family.instanceCount > 0) {
-        FontInstance *first = family.instances[0];
-        if (first->lockCount > 0)
-            return kFontLocked;
-        if (SInt16 code = deleteNativeFont(*first))
-            return code;
-        --family.instanceCount;
-        memmove(family.instances, family.instances + 1, static_cast<size_t>(family.instanceCount) * sizeof first);
-        if (SInt16 code = freeMemory(first))
-            return code;
+    SInt16 firstError = kFontNoError;
+    for (SInt16 i = 0; i < family.instanceCount; ++i) {
+        FontInstance *instance = family.instances[i];
+        SInt16 code = instance->lockCount > 0 ? SInt16{kFontLocked} : deleteNativeFont(*instance);
+        if (code == kFontNoError)
+            code = freeMemory(instance);
+        else
+            retire(instance);
+        firstError = firstError ? firstError : code;
     }
-    return family.instances ? freeMemory(std::exchange(family.instances, nullptr)) : SInt16{kFontNoError};
+    family.instanceCount = 0;
+    SInt16 code = family.instances ? freeMemory(std::exchange(family.instances, nullptr)) : SInt16{kFontNoError};
+    return firstError ? firstError : code;
 }
 
 void fonts::retire(FontInstance *instance)
@@ -159,10 +160,16 @@ void fonts::retire(FontInstance *instance)
 // Those still held stay for their holders.
 void fonts::freeRetired()
 {
-    while (retired) {
-        KeptInstance *instance = std::exchange(retired, retired->nextRetired);
-        if (instance->instance.lockCount <= 0)
+    KeptInstance *instance = std::exchange(retired, nullptr);
+    while (instance) {
+        KeptInstance *next = instance->nextRetired;
+        FontInstance &record = instance->instance;
+        bool isFree = record.lockCount <= 0 && (!record.hFont || deleteNativeFont(record) == kFontNoError);
+        if (isFree)
             freeMemory(instance);
+        else
+            retire(&record);
+        instance = next;
     }
 }
 

@@ -97,21 +97,23 @@ bool fillTable()
 SInt16 deleteFamily(Family *family)
 {
     SInt16 code = fonts::deleteInstances(*family);
-    if (code != kFontNoError)
-        return code;
     for (SInt16 i = 0; i < tableSize; ++i)
         if (table[i] == family)
             table[i] = nullptr;
-    return fonts::freeMemory(family);
+    SInt16 memoryCode = fonts::freeMemory(family);
+    return code ? code : memoryCode;
 }
 
+// The first error is the result, and the others go all the same: nobody could reach them any more.
 SInt16 deleteFamilies()
 {
-    SInt16 code = kFontNoError;
-    for (SInt16 i = 0; i < tableSize && code == kFontNoError; ++i)
-        if (table[i])
-            code = deleteFamily(table[i]);
-    return code;
+    SInt16 firstError = kFontNoError;
+    for (SInt16 i = 0; i < tableSize; ++i)
+        if (table[i]) {
+            SInt16 code = deleteFamily(table[i]);
+            firstError = firstError ? firstError : code;
+        }
+    return firstError;
 }
 
 SInt16 instanceOf(SInt16 familyID, SInt16 size, UInt16 style, FontInstance **instance)
@@ -141,6 +143,7 @@ const char *fonts::faceNameOf(SInt16 familyID)
 
 void InitFonts()
 {
+    fonts::freeRetired();
     if (!table && !fillTable())
         MTBX_ShutdownFonts();
 }
@@ -155,11 +158,9 @@ SInt16 MTBX_ShutdownFonts()
     fonts::disposeWidthTable();
     fonts::freeRetired();
     SInt16 code = deleteFamilies();
-    if (code == kFontNoError)
-        code = fonts::freeMemory(table);
-    table = nullptr;
+    SInt16 memoryCode = fonts::freeMemory(std::exchange(table, nullptr));
     tableSize = 0;
-    return code;
+    return code ? code : memoryCode;
 }
 
 void GetFNum(ConstStr255Param name, SInt16 *familyID)

@@ -25,9 +25,10 @@ FontInstance *findInstance(const Family &family, SInt16 size, UInt16 style);
 SInt16 newInstance(Family &family, SInt16 size, UInt16 style, FontInstance **instance);
 // Ends a native font that the table gave, leaving the list alone.
 SInt16 deleteNativeFont(FontInstance &instance);
-// All of a family, up to the first that resists.
+// All of a family; those that resist are retired, and the first of them gives the result.
 SInt16 deleteInstances(Family &family);
-// Takes an instance for gone that somebody may still hold; it is freed at the end.
+// Takes an instance for gone that somebody may still hold. It is freed at the next end or start of the fonts that
+// finds it unlocked.
 void retire(FontInstance *instance);
 void freeRetired();
 

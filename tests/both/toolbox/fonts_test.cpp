@@ -134,11 +134,13 @@ TEST_F(Fonts, LocksCountAndHoldAtTheEnd)
     EXPECT_EQ(font, +instance->hFont);
     EXPECT_EQ(MTBX_LockHFnt(&instance, &font), kFontNoError);
     EXPECT_EQ(MTBX_ShutdownFonts(), kFontLocked);
-    EXPECT_EQ(MTBX_UnlockHFnt(&instance), kFontNoError) << "still there for its holder";
-    DeleteObject(font);
-    GlobalFree(instance);
     EXPECT_EQ(nameOf(0), "");
     EXPECT_EQ(MTBX_ShutdownFonts(), kFontNoError) << "nothing to end";
+    EXPECT_EQ(descriptionOf(font).lfHeight, -12) << "still there for its holder";
+    InitFonts();
+    EXPECT_EQ(MTBX_UnlockHFnt(&instance), kFontNoError);
+    EXPECT_EQ(MTBX_ShutdownFonts(), kFontNoError);
+    EXPECT_EQ(GetObjectType(font), 0u) << "deleted once it is free";
 }
 
 TEST_F(Fonts, EndingDeletesAllNativeFonts)
