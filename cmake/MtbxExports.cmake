@@ -1,7 +1,6 @@
 # Reads the library's list of exports and writes the linker's view of it: a module definition file
 # for Windows, a version script for Linux. A line is "name" or "name DATA"; "name USER32" is a call of the
-# system that the library offers under the same name; a line with another word, such as "name COMMDLG", is
-# there only with MTBX_HAS_COMMDLG.
+# system that the library offers under the same name.
 
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/exports.list")
 
@@ -22,11 +21,6 @@ function(mtbx_generate_exports list definition_file version_script forwards)
             string(APPEND jumps "    .symver forwarded_${name}, ${name}@WIN32_1\n    .globl ${name}\n"
                 "    .type ${name}, @function\n${name}:\n    jmp *forwarded_${name}@GOTPCREL(%rip)\n"
                 "    .size ${name}, .-${name}\n")
-        elseif(line MATCHES " ([A-Z]+)$" AND NOT CMAKE_MATCH_1 STREQUAL "DATA")
-            if(NOT MTBX_HAS_${CMAKE_MATCH_1})
-                continue()
-            endif()
-            set(line "${name}")
         endif()
         string(APPEND definitions "    ${line}\n")
         string(APPEND globals "        ${name};\n")

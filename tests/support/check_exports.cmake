@@ -1,14 +1,10 @@
 # Holds what the built library exports against the list it is meant to export.
-# Arguments: LIBRARY, LIST, TOOL (nm or objdump), FORMAT (elf or pe), HAS (words, split by commas, whose lines count).
+# Arguments: LIBRARY, LIST, TOOL (nm or objdump), FORMAT (elf or pe).
 
 cmake_policy(SET CMP0057 NEW)
 file(STRINGS "${LIST}" lines)
 set(expected "")
-string(REPLACE "," ";" present_words "DATA,USER32,${HAS}")
 foreach(line IN LISTS lines)
-    if(line MATCHES " ([A-Z0-9]+)$" AND NOT CMAKE_MATCH_1 IN_LIST present_words)
-        continue()
-    endif()
     if(NOT line MATCHES "^#" AND NOT line STREQUAL "")
         string(REGEX REPLACE " .*" "" name "${line}")
         list(APPEND expected "${name}")

@@ -12,6 +12,7 @@
 #include <malloc.h>
 #include <mbstring.h>
 #include <psapi.h>
+#include <commdlg.h>
 #include <shlobj.h>
 #include <sys/stat.h>
 #include <unistd.h>

@@ -47,6 +47,13 @@ void notify(HWND window, WORD event)
         SendMessageA(parent, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window), event), reinterpret_cast<LPARAM>(window));
 }
 
+// A button tells of its focus only when it is asked to.
+void notifyFocus(HWND window, UINT what)
+{
+    if (GetWindowLongA(window, GWL_STYLE) & BS_NOTIFY)
+        notify(window, what);
+}
+
 void drawLabel(HDC context, const RECT &area, const std::string &text, UINT format, bool isEnabled)
 {
     SetBkMode(context, TRANSPARENT);
@@ -248,12 +255,12 @@ LRESULT CALLBACK buttonProcedure(HWND window, UINT message, WPARAM wParam, LPARA
         return 0;
     case WM_SETFOCUS:
         InvalidateRect(window, nullptr, FALSE);
-        notify(window, BN_SETFOCUS);
+        notifyFocus(window, BN_SETFOCUS);
         return 0;
     case WM_KILLFOCUS:
         release(window, isHeldByKey, false);
         InvalidateRect(window, nullptr, FALSE);
-        notify(window, BN_KILLFOCUS);
+        notifyFocus(window, BN_KILLFOCUS);
         return 0;
     case WM_ENABLE:
         InvalidateRect(window, nullptr, FALSE);

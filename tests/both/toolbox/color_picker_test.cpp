@@ -3,30 +3,28 @@
 
 #include <gtest/gtest.h>
 
-#include <commdlg.h>
-
 namespace {
 
-HHOOK hook;
 WORD answer;
 RECT place;
 
-LRESULT CALLBACK answerDialog(int code, WPARAM wParam, LPARAM lParam)
+// The dialog's own loop runs this.
+void CALLBACK answerDialog(HWND, UINT, UINT_PTR timer, DWORD)
 {
-    const auto &call = *reinterpret_cast<const CWPRETSTRUCT *>(lParam);
-    if (code == HC_ACTION && call.message == WM_INITDIALOG) {
-        GetWindowRect(call.hwnd, &place);
-        PostMessageA(call.hwnd, WM_COMMAND, answer, 0);
-    }
-    return CallNextHookEx(hook, code, wParam, lParam);
+    HWND dialog = FindWindowA(nullptr, "Color");
+    if (!dialog || !IsWindowVisible(dialog))
+        return;
+    KillTimer(nullptr, timer);
+    GetWindowRect(dialog, &place);
+    PostMessageA(dialog, WM_COMMAND, answer, 0);
 }
 
 Boolean ask(WORD reply, const RGBColor &first, RGBColor &chosen)
 {
     answer = reply;
-    hook = SetWindowsHookExA(WH_CALLWNDPROCRET, answerDialog, nullptr, GetCurrentThreadId());
+    UINT_PTR timer = SetTimer(nullptr, 0, 10, answerDialog);
     Boolean result = GetColor({0, 0}, nullptr, &first, &chosen);
-    UnhookWindowsHookEx(hook);
+    KillTimer(nullptr, timer);
     return result;
 }
 
