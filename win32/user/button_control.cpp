@@ -48,10 +48,10 @@ void notify(HWND window, WORD event)
 }
 
 // A button tells of its focus only when it is asked to.
-void notifyFocus(HWND window, UINT what)
+void notifyFocus(HWND window, WORD event)
 {
     if (GetWindowLongA(window, GWL_STYLE) & BS_NOTIFY)
-        notify(window, what);
+        notify(window, event);
 }
 
 void drawLabel(HDC context, const RECT &area, const std::string &text, UINT format, bool isEnabled)
