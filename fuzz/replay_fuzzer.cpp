@@ -34,7 +34,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     require(written(again) == text);
     for (size_t i = 0; i < script.steps.size(); ++i) {
         const Step &one = script.steps[i], &other = again.steps[i];
-        require(one.kind == other.kind && one.text == other.text && one.keys == other.keys && one.number == other.number);
+        require(one.kind == other.kind && one.text == other.text && one.keys == other.keys
+                && one.number == other.number);
         require(one.point.x == other.point.x && one.point.y == other.point.y && one.color == other.color);
         require(one.button == other.button && one.flag == other.flag);
     }

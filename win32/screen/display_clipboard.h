@@ -24,8 +24,8 @@ private:
     void give(const std::u16string &text);
 
     const Sdl &sdl_;
-    DWORD generation_ = 0;   // of the program's clipboard, as far as it was shared
-    std::string common_;     // the text that both sides have, in the desktop's form
+    DWORD generation_ = 0; // of the program's clipboard, as far as it was shared
+    std::string common_;   // the text that both sides have, in the desktop's form
     bool hasPromise_ = false;
 };
 

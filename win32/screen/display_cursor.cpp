@@ -51,8 +51,8 @@ CursorPicture shownCursorPicture(int factor)
     const Cursor *cursor = user::shownCursor();
     if (!cursor)
         return {};
-    CursorPicture picture{cursor->serial, cursor->width * factor, cursor->height * factor,
-                          cursor->hotX * factor, cursor->hotY * factor};
+    CursorPicture picture{cursor->serial, cursor->width * factor, cursor->height * factor, cursor->hotX * factor,
+                          cursor->hotY * factor};
     picture.pixels.reserve(static_cast<size_t>(picture.width) * static_cast<size_t>(picture.height));
     for (int y = 0; y < picture.height; ++y) {
         for (int x = 0; x < picture.width; ++x)

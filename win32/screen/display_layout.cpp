@@ -35,7 +35,9 @@ POINT DisplayLayout::toScreen(int x, int y) const
 // The middle of what shows the pixel.
 POINT DisplayLayout::toWindow(POINT point) const
 {
-    auto middle = [](int64_t place, int64_t size, int64_t shownSize) { return (place * 2 + 1) * shownSize / (size * 2); };
+    auto middle = [](int64_t place, int64_t size, int64_t shownSize) {
+        return (place * 2 + 1) * shownSize / (size * 2);
+    };
     return {static_cast<LONG>(shown.x1 + middle(point.x, screenWidth, shown.x2 - shown.x1)),
             static_cast<LONG>(shown.y1 + middle(point.y, screenHeight, shown.y2 - shown.y1))};
 }
@@ -44,7 +46,8 @@ gdi::Box DisplayLayout::toWindow(const gdi::Box &box) const
 {
     if (factor == 0)
         return shown; // each pixel is made of several, also beyond the box
-    return {shown.x1 + box.x1 * factor, shown.y1 + box.y1 * factor, shown.x1 + box.x2 * factor, shown.y1 + box.y2 * factor};
+    return {shown.x1 + box.x1 * factor, shown.y1 + box.y1 * factor, shown.x1 + box.x2 * factor,
+            shown.y1 + box.y2 * factor};
 }
 
 int firstFactor(int screenWidth, int screenHeight, int roomWidth, int roomHeight, float dotsPerInch)

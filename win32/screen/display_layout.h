@@ -12,7 +12,7 @@ struct DisplayLayout {
     int screenWidth = 1;
     int screenHeight = 1;
     gdi::Box shown{0, 0, 1, 1}; // in the window; never empty
-    int factor = 1;   // 0: made smaller
+    int factor = 1;             // 0: made smaller
 
     static DisplayLayout of(int screenWidth, int screenHeight, int windowWidth, int windowHeight);
 

@@ -49,7 +49,8 @@ void drawCursor(Copy &copy, const gdi::Box &part)
             bool isInside = left >= 0 && top >= 0 && left < copy.surface.width && top < copy.surface.height;
             if (pixel == user::Cursor::transparent || !isInside)
                 continue;
-            uint32_t &place = copy.pixels[static_cast<size_t>(top) * static_cast<size_t>(copy.surface.width) + static_cast<size_t>(left)];
+            uint32_t &place = copy.pixels[static_cast<size_t>(top) * static_cast<size_t>(copy.surface.width)
+                                          + static_cast<size_t>(left)];
             place = user::laidOn(place, pixel);
         }
     }

@@ -95,7 +95,8 @@ private:
     // one stroke.
     bool joins(const Step &step, int gap)
     {
-        bool movesOn = step.kind == Step::Kind::Move && kept_.kind == Step::Kind::Move && buttonsDown_ == 0 && gap < restOfMouse;
+        bool movesOn =
+            step.kind == Step::Kind::Move && kept_.kind == Step::Kind::Move && buttonsDown_ == 0 && gap < restOfMouse;
         if (movesOn) {
             kept_ = step;
             return true;

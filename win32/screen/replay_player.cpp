@@ -103,7 +103,10 @@ std::string colorText(COLORREF color)
 class Player {
 public:
     // The script has a step.
-    Player(std::string file, Script script) : file_(std::move(file)), script_(std::move(script)), folder_(currentFolder()) {}
+    Player(std::string file, Script script)
+        : file_(std::move(file)), script_(std::move(script)), folder_(currentFolder())
+    {
+    }
 
     const Script &script() const { return script_; }
 
@@ -129,7 +132,8 @@ public:
         waitFor([&] { return current_.load() == nullptr; }, current_ == last ? milliseconds(200) : milliseconds(0));
         const Step *step = current_;
         if (step && step->kind != Step::Kind::Quit)
-            endProcess(place(file_, step->line, step->source) + "the program ended before this was done", ReplayUnfinished);
+            endProcess(place(file_, step->line, step->source) + "the program ended before this was done",
+                       ReplayUnfinished);
     }
 
 private:
@@ -160,9 +164,7 @@ private:
             checkPixel(step);
             break;
         case Step::Kind::Quit: quit(); break;
-        default:
-            waitForIdle(settlingTime);
-            inject(step);
+        default: waitForIdle(settlingTime); inject(step);
         }
     }
 
@@ -254,7 +256,8 @@ private:
     static void checkPixel(const Step &step)
     {
         gdi::Surface surface = surfaceNow();
-        bool isInside = step.point.x >= 0 && step.point.y >= 0 && step.point.x < surface.width && step.point.y < surface.height;
+        bool isInside =
+            step.point.x >= 0 && step.point.y >= 0 && step.point.x < surface.width && step.point.y < surface.height;
         if (!isInside)
             throw Failure{"the pixel is not on the screen"};
         COLORREF found = gdi::colorOf(surface, gdi::readPixel(surface, step.point.x, step.point.y));

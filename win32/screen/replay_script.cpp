@@ -26,7 +26,12 @@ constexpr Form forms[] = {
     {Step::Kind::Press, "press", "press [left | right | middle]", {Argument::Button}, 0, 0},
     {Step::Kind::Release, "release", "release [left | right | middle]", {Argument::Button}, 0, 0},
     {Step::Kind::Click, "click", "click X Y [left | right | middle]", {Argument::Point, Argument::Button}, 0, 0},
-    {Step::Kind::DoubleClick, "doubleclick", "doubleclick X Y [left | right | middle]", {Argument::Point, Argument::Button}, 0, 0},
+    {Step::Kind::DoubleClick,
+     "doubleclick",
+     "doubleclick X Y [left | right | middle]",
+     {Argument::Point, Argument::Button},
+     0,
+     0},
     {Step::Kind::Wheel, "wheel", "wheel NOTCHES", {Argument::Number}, -100, 100},
     {Step::Kind::Key, "key", "key [MODIFIER+...]KEY", {Argument::Chord}, 0, 0},
     {Step::Kind::KeyDown, "keydown", "keydown KEY", {Argument::Key}, 0, 0},
@@ -35,8 +40,18 @@ constexpr Form forms[] = {
     {Step::Kind::WaitIdle, "wait idle", "wait idle", {}, 0, 0},
     {Step::Kind::WaitWindow, "wait window", "wait window \"TITLE\"", {Argument::Text}, 0, 0},
     {Step::Kind::WaitGone, "wait gone", "wait gone \"TITLE\"", {Argument::Text}, 0, 0},
-    {Step::Kind::WaitTime, "wait", "wait MILLISECONDS, wait idle, wait window \"TITLE\" or wait gone \"TITLE\"", {Argument::Number}, 0, longestWait},
-    {Step::Kind::Screenshot, "screenshot", "screenshot NAME.png [nocursor]", {Argument::Text, Argument::CursorFlag}, 0, 0},
+    {Step::Kind::WaitTime,
+     "wait",
+     "wait MILLISECONDS, wait idle, wait window \"TITLE\" or wait gone \"TITLE\"",
+     {Argument::Number},
+     0,
+     longestWait},
+    {Step::Kind::Screenshot,
+     "screenshot",
+     "screenshot NAME.png [nocursor]",
+     {Argument::Text, Argument::CursorFlag},
+     0,
+     0},
     {Step::Kind::ExpectPixel, "expect pixel", "expect pixel X Y RRGGBB", {Argument::Point, Argument::Color}, 0, 0},
     {Step::Kind::Close, "close", "close", {}, 0, 0},
     {Step::Kind::Quit, "quit", "quit", {}, 0, 0},
@@ -216,7 +231,8 @@ private:
             if (plus == std::string_view::npos)
                 return;
             if (!isModifier(*step.keys.back()))
-                throw Problem{quoted(step.keys.back()->name) + " is no modifier; they are Ctrl, Shift, Alt and the right ones"};
+                throw Problem{quoted(step.keys.back()->name)
+                              + " is no modifier; they are Ctrl, Shift, Alt and the right ones"};
             text.remove_prefix(plus + 1);
         }
     }
@@ -225,32 +241,21 @@ private:
     {
         constexpr int farthest = 32767;
         switch (argument) {
-        case Argument::None:
-            break;
+        case Argument::None: break;
         case Argument::Point:
             step.point.x = nextNumber(-farthest, farthest);
             step.point.y = nextNumber(-farthest, farthest);
             break;
-        case Argument::Button:
-            step.button = nextButton();
-            break;
-        case Argument::Number:
-            step.number = nextNumber(form_->least, form_->most);
-            break;
-        case Argument::Color:
-            step.color = nextColor();
-            break;
+        case Argument::Button: step.button = nextButton(); break;
+        case Argument::Number: step.number = nextNumber(form_->least, form_->most); break;
+        case Argument::Color: step.color = nextColor(); break;
         case Argument::Text:
             step.text = next().text;
             if (step.text.empty() && step.kind != Step::Kind::WaitWindow && step.kind != Step::Kind::WaitGone)
                 throw Problem{std::string("the text is empty; expected: ") + form_->form};
             break;
-        case Argument::Key:
-            step.keys.push_back(keyOf(next().text));
-            break;
-        case Argument::Chord:
-            readChord(step);
-            break;
+        case Argument::Key: step.keys.push_back(keyOf(next().text)); break;
+        case Argument::Chord: readChord(step); break;
         case Argument::CursorFlag:
             step.flag = place_ < words_.size() && words_[place_].text == "nocursor";
             place_ += step.flag;
@@ -295,32 +300,22 @@ void writeArgument(std::string &result, const Step &step, Argument argument)
 {
     char color[8];
     switch (argument) {
-    case Argument::None:
-        break;
-    case Argument::Point:
-        result += " " + std::to_string(step.point.x) + " " + std::to_string(step.point.y);
-        break;
-    case Argument::Button:
-        result += std::string(" ") + buttonNames[static_cast<int>(step.button)];
-        break;
-    case Argument::Number:
-        result += " " + std::to_string(step.number);
-        break;
+    case Argument::None: break;
+    case Argument::Point: result += " " + std::to_string(step.point.x) + " " + std::to_string(step.point.y); break;
+    case Argument::Button: result += std::string(" ") + buttonNames[static_cast<int>(step.button)]; break;
+    case Argument::Number: result += " " + std::to_string(step.number); break;
     case Argument::Color:
-        snprintf(color, sizeof color, "%02x%02x%02x", GetRValue(step.color), GetGValue(step.color), GetBValue(step.color));
+        snprintf(color, sizeof color, "%02x%02x%02x", GetRValue(step.color), GetGValue(step.color),
+                 GetBValue(step.color));
         result += std::string(" ") + color;
         break;
-    case Argument::Text:
-        result += " " + escaped(step.text);
-        break;
+    case Argument::Text: result += " " + escaped(step.text); break;
     case Argument::Key:
     case Argument::Chord:
         for (size_t i = 0; i < step.keys.size(); ++i)
             result += (i ? "+" : " ") + std::string(step.keys[i]->name);
         break;
-    case Argument::CursorFlag:
-        result += step.flag ? " nocursor" : "";
-        break;
+    case Argument::CursorFlag: result += step.flag ? " nocursor" : ""; break;
     }
 }
 

@@ -28,10 +28,10 @@ struct Step {
         KeyUp,       // keys: one
         Type,        // text in UTF-8
         WaitIdle,
-        WaitTime,   // number: milliseconds
-        WaitWindow, // text: the title, with * for any characters
-        WaitGone,   // text: the same
-        Screenshot, // text: the file; flag: without the cursor
+        WaitTime,    // number: milliseconds
+        WaitWindow,  // text: the title, with * for any characters
+        WaitGone,    // text: the same
+        Screenshot,  // text: the file; flag: without the cursor
         ExpectPixel, // point, color
         Close,
         Quit

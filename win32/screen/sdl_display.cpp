@@ -67,7 +67,9 @@ bool buttonOf(Uint8 sdlButton, MouseButton &button)
 
 } // namespace
 
-SdlDisplay::SdlDisplay(const Sdl &sdl) : sdl_(sdl), clipboard_(sdl) {}
+SdlDisplay::SdlDisplay(const Sdl &sdl) : sdl_(sdl), clipboard_(sdl)
+{
+}
 
 SdlDisplay *SdlDisplay::open(std::string &problem)
 {
@@ -96,9 +98,9 @@ bool SdlDisplay::makeWindow(std::string &problem)
     Size size = screenSize();
     int factor = wantedFactor(sdl_, size);
     // In parentheses, since Windows has a macro of this name.
-    window_ = (sdl_.CreateWindow)(program_invocation_short_name, SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
-                                  size.width * factor, size.height * factor,
-                                  SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI);
+    window_ =
+        (sdl_.CreateWindow)(program_invocation_short_name, SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
+                            size.width * factor, size.height * factor, SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI);
     if (!window_) {
         problem = sdl_.GetError();
         return false;
@@ -111,7 +113,8 @@ bool SdlDisplay::makeWindow(std::string &problem)
     SDL_DisplayMode mode{};
     constexpr int usualRate = 60;
     bool hasRate = sdl_.GetWindowDisplayMode(window_, &mode) == 0 && mode.refresh_rate > 0;
-    frameTime_ = std::chrono::duration_cast<Clock::duration>(std::chrono::seconds(1)) / (hasRate ? mode.refresh_rate : usualRate);
+    frameTime_ = std::chrono::duration_cast<Clock::duration>(std::chrono::seconds(1))
+                 / (hasRate ? mode.refresh_rate : usualRate);
     return true;
 }
 
@@ -120,7 +123,8 @@ void SdlDisplay::run()
     bool mustFetch = true;
     while (!isEnding_) {
         SDL_Event event;
-        int wait = mustFetch ? std::min<unsigned>(retryTime, static_cast<unsigned>(millisecondsToWait())) : millisecondsToWait();
+        int wait = mustFetch ? std::min<unsigned>(retryTime, static_cast<unsigned>(millisecondsToWait()))
+                             : millisecondsToWait();
         bool hasEvent = sdl_.WaitEventTimeout(&event, wait) != 0;
         try {
             for (; hasEvent; hasEvent = sdl_.PollEvent(&event) != 0) {
@@ -177,7 +181,8 @@ constexpr uint64_t requestBit = uint64_t{1} << 63;
 
 void SdlDisplay::movePointer(POINT point)
 {
-    pointerRequest_ = requestBit | static_cast<uint64_t>(point.x & 0xffffff) << 24 | static_cast<uint64_t>(point.y & 0xffffff);
+    pointerRequest_ =
+        requestBit | static_cast<uint64_t>(point.x & 0xffffff) << 24 | static_cast<uint64_t>(point.y & 0xffffff);
     wake();
 }
 
@@ -371,7 +376,8 @@ void SdlDisplay::present(const gdi::Surface &screen, const DamagedBoxes &damage)
         if (gdi::isEmpty(box))
             continue;
         for (int y = box.y1; y < box.y2; ++y)
-            converter.convert(screen.row(y), box.x1, box.x2 - box.x1, reinterpret_cast<uint32_t *>(frame.row(y)) + box.x1);
+            converter.convert(screen.row(y), box.x1, box.x2 - box.x1,
+                              reinterpret_cast<uint32_t *>(frame.row(y)) + box.x1);
         shown.push_back(draw(target, box));
     }
     if (needsWhole_)
@@ -402,9 +408,10 @@ void SdlDisplay::refreshCursor()
     cursor_ = shown;
     cursorFactor_ = factor;
     CursorPicture picture = shownCursorPicture(factor);
-    SDL_Surface *surface = picture.serial ? sdl_.CreateRGBSurfaceWithFormatFrom(picture.pixels.data(), picture.width, picture.height, 32,
-                                                                                picture.width * 4, SDL_PIXELFORMAT_ARGB8888)
-                                          : nullptr;
+    SDL_Surface *surface =
+        picture.serial ? sdl_.CreateRGBSurfaceWithFormatFrom(picture.pixels.data(), picture.width, picture.height, 32,
+                                                             picture.width * 4, SDL_PIXELFORMAT_ARGB8888)
+                       : nullptr;
     SDL_Cursor *made = surface ? sdl_.CreateColorCursor(surface, picture.hotX, picture.hotY) : nullptr;
     sdl_.FreeSurface(surface);
     sdl_.ShowCursor(picture.serial ? SDL_ENABLE : SDL_DISABLE);

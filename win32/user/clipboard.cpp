@@ -101,7 +101,8 @@ bool isOpenHere()
 // Text in one format brings the others, and the locale that tells its code page.
 void addDerived()
 {
-    bool hasText = std::any_of(std::begin(textFormats), std::end(textFormats), [](UINT format) { return find(format); });
+    bool hasText =
+        std::any_of(std::begin(textFormats), std::end(textFormats), [](UINT format) { return find(format); });
     if (!hasText)
         return;
     for (UINT format : derivedFormats) {

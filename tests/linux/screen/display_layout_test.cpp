@@ -12,7 +12,9 @@ using namespace win32;
 using namespace win32::screen;
 
 // The display that the damage wakes is not here.
-void win32::screen::wakeDisplay() {}
+void win32::screen::wakeDisplay()
+{
+}
 
 namespace {
 
@@ -23,9 +25,9 @@ struct Case {
 
 TEST(DisplayLayout, EnlargesByWholeFactorsAndKeepsTheShape)
 {
-    const Case cases[] = {{320, 200, 1, {0, 0, 320, 200}},      {959, 700, 2, {159, 150, 799, 550}},
-                          {960, 600, 3, {0, 0, 960, 600}},      {160, 200, 0, {0, 50, 160, 150}},
-                          {1000, 100, 0, {420, 0, 580, 100}},   {321, 201, 1, {0, 0, 320, 200}}};
+    const Case cases[] = {{320, 200, 1, {0, 0, 320, 200}},    {959, 700, 2, {159, 150, 799, 550}},
+                          {960, 600, 3, {0, 0, 960, 600}},    {160, 200, 0, {0, 50, 160, 150}},
+                          {1000, 100, 0, {420, 0, 580, 100}}, {321, 201, 1, {0, 0, 320, 200}}};
     for (const Case &each : cases) {
         DisplayLayout layout = DisplayLayout::of(320, 200, each.windowWidth, each.windowHeight);
         EXPECT_EQ(layout.factor, each.factor);

@@ -127,15 +127,16 @@ protected:
     {
         stroke(SDL_SCANCODE_F12, SDLK_F12, nullptr);
         std::string heard;
-        comesTrue([&] { return !windows_.notedOf(window_, {WM_KEYUP}).empty() && windows_.noted.back().wParam == VK_F12; });
+        comesTrue(
+            [&] { return !windows_.notedOf(window_, {WM_KEYUP}).empty() && windows_.noted.back().wParam == VK_F12; });
         for (const TestWindows::Noted &each : windows_.noted) {
             bool isDown = each.message == WM_KEYDOWN || each.message == WM_SYSKEYDOWN;
             char part[40] = "";
             if (each.wParam == VK_F12)
                 break;
             if (isDown || each.message == WM_KEYUP || each.message == WM_SYSKEYUP)
-                snprintf(part, sizeof part, "%s%s%02x/%02x ", each.message >= WM_SYSKEYDOWN ? "alt" : "", isDown ? "+" : "-",
-                         unsigned(each.wParam & 0xff), unsigned(each.lParam >> 16 & 0x1ff));
+                snprintf(part, sizeof part, "%s%s%02x/%02x ", each.message >= WM_SYSKEYDOWN ? "alt" : "",
+                         isDown ? "+" : "-", unsigned(each.wParam & 0xff), unsigned(each.lParam >> 16 & 0x1ff));
             else if (each.message == WM_CHAR || each.message == WM_SYSCHAR)
                 snprintf(part, sizeof part, "'%c' ", char(each.wParam));
             heard += part;
@@ -144,10 +145,7 @@ protected:
         return heard;
     }
 
-    static void resize(int width, int height)
-    {
-        SDL_CALL(SetWindowSize)(SDL_CALL(GetWindowFromID)(1), width, height);
-    }
+    static void resize(int width, int height) { SDL_CALL(SetWindowSize)(SDL_CALL(GetWindowFromID)(1), width, height); }
     // Whether moving there in the window moves the program's mouse to the point.
     static bool isMouseAt(int x, int y, POINT expected)
     {

@@ -10,7 +10,9 @@ namespace {
 std::string problemOf(const std::string &text)
 {
     Script script = readScript(text);
-    return script.problem.empty() ? "" : std::to_string(script.problemLine) + ": " + script.problemSource + ": " + script.problem;
+    return script.problem.empty()
+               ? ""
+               : std::to_string(script.problemLine) + ": " + script.problemSource + ": " + script.problem;
 }
 
 TEST(ReplayScript, AllStepsAreWrittenAsTheyAreRead)
@@ -48,7 +50,8 @@ TEST(ReplayScript, AllStepsAreWrittenAsTheyAreRead)
 
 TEST(ReplayScript, LeavesRoomForPeople)
 {
-    Script script = readScript("\n  # a comment\r\n\tmove  1\t2   # and one behind a step\r\n\r\nclick 3 4\nkey ctrl+return1\n");
+    Script script =
+        readScript("\n  # a comment\r\n\tmove  1\t2   # and one behind a step\r\n\r\nclick 3 4\nkey ctrl+return1\n");
     EXPECT_EQ(script.problem, "\"return1\" is no key");
     EXPECT_EQ(script.problemLine, 6);
     ASSERT_EQ(script.steps.size(), 2u);
@@ -77,7 +80,8 @@ TEST(ReplayScript, TellsWhatIsWrongWhere)
         {"wait", "1: wait: expected: wait MILLISECONDS, wait idle, wait window \"TITLE\" or wait gone \"TITLE\""},
         {"wait -1", "1: wait -1: -1 is not between 0 and 600000"},
         {"expect color 1 2 3", "1: expect color 1 2 3: expected: expect pixel X Y RRGGBB"},
-        {"expect pixel 1 2 fff", "1: expect pixel 1 2 fff: \"fff\" is no colour of six digits; expected: expect pixel X Y RRGGBB"},
+        {"expect pixel 1 2 fff",
+         "1: expect pixel 1 2 fff: \"fff\" is no colour of six digits; expected: expect pixel X Y RRGGBB"},
         {"quit\nmove 1 2", "2: move 1 2: nothing can follow quit"},
         {"wait idle\nscreen 1x1", "2: screen 1x1: the screen can be given by the first step only"},
     };

@@ -34,8 +34,8 @@ protected:
         folder_.write("steps", steps);
         std::string program = folderOfProgram().substr(2) + "sketch";
         std::replace(program.begin(), program.end(), '\\', '/');
-        std::string command = "cd '" + unixPath("") + "' && env -u WIN32_SCREEN WIN32_DISPLAY=none WIN32_REPLAY=steps " + environment
-                              + " '" + program + "' 2> errors";
+        std::string command = "cd '" + unixPath("") + "' && env -u WIN32_SCREEN WIN32_DISPLAY=none WIN32_REPLAY=steps "
+                              + environment + " '" + program + "' 2> errors";
         int status = system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder_.read("errors")};
     }
@@ -160,7 +160,8 @@ TEST_F(Replay, ScreenshotsShowTheCursorUnlessToldOtherwise)
 
 TEST_F(Replay, ARecordingPlaysTheSameAgain)
 {
-    std::string end = "key CapsLock\ntype \"aB\xc3\xa9\xc3\xa8\"\nkey Ctrl+C\nkey Escape\nkey Ctrl+V\nscreenshot NAME nocursor\nclose\n";
+    std::string end = "key CapsLock\ntype \"aB\xc3\xa9\xc3\xa8\"\nkey Ctrl+C\nkey Escape\nkey Ctrl+V\nscreenshot NAME "
+                      "nocursor\nclose\n";
     std::string steps = drawing + end;
     steps.replace(steps.find("NAME"), 4, "first.png");
     Result result = play(steps, "WIN32_RECORD=recorded");
