@@ -94,12 +94,12 @@ public:
     // What should show at each point.
     Picture expected() const
     {
+        Standing frame = standing(frame_);
+        POINT origin = {frame.rect.left, frame.rect.top};
         Picture picture;
-        POINT origin = {0, 0};
-        ClientToScreen(frame_, &origin);
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; ++x)
-                picture.push_back(shownAt({origin.x + x, origin.y + y}));
+                picture.push_back(shownAt(frame, {origin.x + x, origin.y + y}));
         return picture;
     }
 
@@ -125,9 +125,10 @@ public:
         return result;
     }
 
-    static uint32_t colorOf(const Shown &shown)
+    static uint32_t seedOf(HWND window) { return static_cast<uint32_t>(GetWindowLongPtrA(window, GWLP_USERDATA)); }
+    static uint32_t colorOf(const Shown &shown) { return colorOf(seedOf(shown.window), shown); }
+    static uint32_t colorOf(uint32_t seed, const Shown &shown)
     {
-        auto seed = static_cast<uint32_t>(GetWindowLongPtrA(shown.window, GWLP_USERDATA));
         bool isGrid = shown.x % gridStep == 0 || shown.y % gridStep == 0;
         return isGrid ? seed * 0x010305u & 0xFFFFFF : seed * 0x30F0Bu & 0xFFFFFF;
     }
@@ -198,20 +199,27 @@ private:
     int number(int least, int most) { return std::uniform_int_distribution<int>(least, most)(random_); }
     HWND any() { return windows_[static_cast<size_t>(number(0, static_cast<int>(windows_.size()) - 1))]; }
 
-    Shown shownAt(POINT point) const
+    // A window as it stands on the screen, with its visible children from the topmost on. None has a frame.
+    struct Standing {
+        HWND window;
+        RECT rect;
+        std::vector<Standing> children;
+    };
+    static Standing standing(HWND window)
     {
-        HWND found = frame_;
-        for (HWND child = GetTopWindow(found); child;) {
-            RECT rect;
-            GetWindowRect(child, &rect);
-            bool isHit = (GetWindowLongA(child, GWL_STYLE) & WS_VISIBLE) && PtInRect(&rect, point);
-            if (isHit)
-                found = child;
-            child = isHit ? GetTopWindow(child) : GetWindow(child, GW_HWNDNEXT);
-        }
-        POINT local = point;
-        ScreenToClient(found, &local);
-        return {found, static_cast<int>(local.x), static_cast<int>(local.y)};
+        Standing result{window, {}, {}};
+        GetWindowRect(window, &result.rect);
+        for (HWND child = GetTopWindow(window); child; child = GetWindow(child, GW_HWNDNEXT))
+            if (GetWindowLongA(child, GWL_STYLE) & WS_VISIBLE)
+                result.children.push_back(standing(child));
+        return result;
+    }
+    static Shown shownAt(const Standing &standing, POINT point)
+    {
+        for (const Standing &child : standing.children)
+            if (PtInRect(&child.rect, point))
+                return shownAt(child, point);
+        return {standing.window, static_cast<int>(point.x - standing.rect.left), static_cast<int>(point.y - standing.rect.top)};
     }
 
     std::mt19937 random_;

@@ -43,7 +43,7 @@ struct Updates {
 
 TEST(RandomWindows, InvalidateExactlyWhatWasHidden)
 {
-    for (unsigned seed = 1; seed <= 6; ++seed) {
+    for (unsigned seed = 1; seed <= 12; ++seed) {
         WindowScene scene(seed);
         for (int step = 0; step < 60; ++step) {
             WindowScene::Picture before = scene.expected();
