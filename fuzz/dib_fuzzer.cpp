@@ -2,24 +2,12 @@
 #include "gdi/bitmap.h"
 #include "gdi/dib.h"
 #include "gdi/stock_objects.h"
-#include "kernel/heap_blocks.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-
-// Pixels lie in plain blocks here.
-void *win32::allocateBlock(size_t size, bool)
-{
-    return calloc(1, size);
-}
-
-void win32::freeBlock(void *block, size_t)
-{
-    free(block);
-}
 
 using namespace win32::gdi;
 

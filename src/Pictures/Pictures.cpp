@@ -41,7 +41,7 @@ bool isDepth(WORD bits)
 SInt64 neededBytes(const BITMAPINFOHEADER &header)
 {
     constexpr LONG largest = 32767;
-    LONG height = labs(header.biHeight);
+    SInt64 height = std::abs(SInt64{header.biHeight});
     if (header.biWidth <= 0 || header.biWidth > largest || height == 0 || height > largest || !isDepth(header.biBitCount))
         return 0;
     bool isRunLength = header.biCompression == BI_RLE4 || header.biCompression == BI_RLE8;
@@ -100,7 +100,7 @@ void drawPacked(PicHandle picture, const Rect &rect, HDC context)
     if (bitmap.header.biBitCount == 1)
         colorByPort(picture, bitmap, context);
     auto width = static_cast<DWORD>(bitmap.header.biWidth);
-    auto height = static_cast<DWORD>(labs(bitmap.header.biHeight));
+    auto height = static_cast<DWORD>(std::abs(SInt64{bitmap.header.biHeight}));
     SetDIBitsToDevice(context, rect.left, rect.top, width, height, 0, 0, 0, height, bitmap.bits,
                       reinterpret_cast<const BITMAPINFO *>(&bitmap.header), DIB_RGB_COLORS);
 }

@@ -28,18 +28,23 @@ size_t reversePlainly(UInt32 *pixels, size_t count)
 
 #if defined(__x86_64__) || defined(__i386__)
 
+using Bytes = UInt8 __attribute__((vector_size(16)));
+
 // Processors since about 2006 move all bytes in one step.
+[[gnu::target("ssse3")]] inline Bytes reversedWords(Bytes bytes)
+{
+    return __builtin_shufflevector(bytes, bytes, 3, 2, 1, 0, 7, 6, 5, 4, 11, 10, 9, 8, 15, 14, 13, 12);
+}
+
 [[gnu::target("ssse3")]] size_t reverseByShuffling(UInt32 *pixels, size_t count)
 {
-    using Bytes = UInt8 __attribute__((vector_size(16)));
-    constexpr Bytes order = {3, 2, 1, 0, 7, 6, 5, 4, 11, 10, 9, 8, 15, 14, 13, 12};
     size_t i = 0;
     for (; i + 2 * pixelsInVector <= count; i += 2 * pixelsInVector) {
         Bytes first, second;
         memcpy(&first, pixels + i, sizeof first);
         memcpy(&second, pixels + i + pixelsInVector, sizeof second);
-        first = __builtin_shuffle(first, order);
-        second = __builtin_shuffle(second, order);
+        first = reversedWords(first);
+        second = reversedWords(second);
         memcpy(pixels + i, &first, sizeof first);
         memcpy(pixels + i + pixelsInVector, &second, sizeof second);
     }

@@ -6,10 +6,8 @@
 #include "kernel/code_pages.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <mutex>
-#include <numbers>
 #include <unordered_map>
 
 namespace win32::gdi {
@@ -112,18 +110,6 @@ LOGFONTA normalized(const LOGFONTA &description)
 }
 
 } // namespace
-
-TextDirection directionOf(const LOGFONTA &description)
-{
-    constexpr LONG wholeTurn = 3600; // tenths of a degree
-    LONG turn = description.lfEscapement % wholeTurn;
-    if (turn == 0)
-        return {};
-    double angle = static_cast<double>(turn) * std::numbers::pi / (wholeTurn / 2);
-    bool isRight = turn % (wholeTurn / 4) == 0;
-    auto exact = [isRight](double value) { return isRight ? std::round(value) : value; };
-    return {exact(std::cos(angle)), exact(std::sin(angle))};
-}
 
 BYTE charSetOf(UINT codePage)
 {

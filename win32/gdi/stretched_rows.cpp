@@ -57,7 +57,7 @@ void halvePixels(const uint8_t *source, size_t count, uint8_t *bytes)
         Vector first, second;
         memcpy(&first, source + 8 * i, sizeof first);
         memcpy(&second, source + 8 * i + sizeof first, sizeof second);
-        first = __builtin_shuffle(first, second, Vector{0, 2, 4, 6, 8, 10, 12, 14});
+        first = __builtin_shufflevector(first, second, 0, 2, 4, 6, 8, 10, 12, 14);
         memcpy(bytes + 4 * i, &first, sizeof first);
     }
     for (; i < count; ++i)
