@@ -119,9 +119,9 @@ MTBX_API Boolean EventAvail(EventMask eventMask, EventRecord *theEvent);
 MTBX_API Boolean OSEventAvail(EventMask mask, EventRecord *theEvent);
 
 /* Removes the events of the first mask from the slot and from the queue, each kind until a message of the
-   second mask is met. Paint messages are served instead of dropped. With everyEvent, messages that are
-   neither of the mouse nor of the keyboard are delivered. Other bits than those of the mouse, the keys and
-   updates find nothing in the queue. */
+   second mask is met. Paint messages are served instead of dropped, but not again and again to a window that
+   stays to be painted. With everyEvent, messages that are neither of the mouse nor of the keyboard are
+   delivered. Other bits than those of the mouse, the keys and updates find nothing in the queue. */
 MTBX_API void FlushEvents(EventMask whichMask, EventMask stopMask);
 
 /* Turns a native key message into an event, for EventAvail. It leaves what as 0 when the message is no

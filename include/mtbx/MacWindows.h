@@ -107,8 +107,9 @@ MTBX_API WindowPtr NewWindow(void *wStorage, const Rect *boundsRect, ConstStr255
    with a NUL behind it. Null when there is none or it is too short. */
 MTBX_API WindowPtr GetNewCWindow(SInt16 windowID, void *wStorage, WindowPtr behind);
 MTBX_API WindowPtr GetNewWindow(SInt16 windowID, void *wStorage, WindowPtr behind);
-/* Takes the window out of the list, sends WM_CLOSE to its native window, which the host destroys, and frees
-   the record, be it the library's or the caller's, and all that belongs to it, its controls' records too. */
+/* Takes the window out of the list, sends WM_CLOSE to its native window, which the host destroys (what it
+   leaves is destroyed with the port; hWndMain too, without WM_CLOSE), and frees the record, be it the
+   library's or the caller's, and all that belongs to it, its controls' records too. */
 MTBX_API void DisposeWindow(WindowPtr window);
 
 /* The window list, which is the library's own order of windows: only SendBehind changes the native one. */
@@ -143,7 +144,8 @@ MTBX_API SInt32 GrowWindow(WindowPtr window, Point startPt, const Rect *bBox);
 MTBX_API void AdjustStrucRgn(WindowPtr window);
 /* The same, and what follows from it: the PixMap's bounds, and visRgn, which becomes portRect. */
 MTBX_API void AdjustWindow(WindowPtr window);
-/* The size box, at the lower right corner of the current port, as wide as the box of its clip. */
+/* The size box, at the lower right corner of the current port, as wide as the box of its clip. The window is
+   not looked at. */
 MTBX_API void DrawGrowIcon(WindowPtr window);
 
 /* The part at a point of the main window's client area: inDesk, inContent or inDrag, which stands for the

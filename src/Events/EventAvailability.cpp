@@ -129,8 +129,10 @@ Boolean reportFromQueue(EventMask mask, EventRecord &event)
 
 void pollMessageQueue()
 {
+    // QS_ALLINPUT of some headers has bits that older systems refuse.
+    constexpr DWORD allInput = 0x04FF;
     HANDLE thread = GetCurrentThread();
-    MsgWaitForMultipleObjects(1, &thread, TRUE, 0, QS_ALLINPUT);
+    MsgWaitForMultipleObjects(1, &thread, TRUE, 0, allInput);
 }
 
 void InstallMsgToEventConverter(MTBXMsgToEventProcPtr converter)

@@ -169,16 +169,41 @@ struct QuitRequest {
     }
 };
 
+// Procedures that leave their windows to be painted, as those do that paint on the host's next update event, would
+// be asked again without end.
+class VainPaints {
+public:
+    bool isEndless(const MSG &message) const
+    {
+        constexpr int most = 100;
+        return message.message == WM_PAINT && (message.hwnd == last || count == most);
+    }
+    void served(const MSG &message)
+    {
+        if (message.message != WM_PAINT || !GetUpdateRect(message.hwnd, nullptr, FALSE))
+            return;
+        last = message.hwnd;
+        ++count;
+    }
+
+private:
+    HWND last = nullptr;
+    int count = 0;
+};
+
 void flushRange(MessageRange range, EventMask whichMask, FlushStop &stop, QuitRequest &quit)
 {
+    VainPaints paints;
     MSG message;
     while (PeekMessageA(&message, nullptr, range.first, range.last, PM_NOREMOVE)) {
-        if (!range.contains(message.message) || stop.stopsAt(message.message) || !removeMessage(message))
+        if (!range.contains(message.message) || stop.stopsAt(message.message) || paints.isEndless(message)
+            || !removeMessage(message))
             return;
         if (message.message == WM_QUIT)
             quit.take(message);
         else
             handOn(message, whichMask);
+        paints.served(message);
     }
 }
 

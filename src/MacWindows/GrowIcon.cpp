@@ -13,6 +13,14 @@ void copyIcon(HDC icon, int size, GrafPort &port)
     BitBlt(contextOf(port), port.portRect.right - size, port.portRect.bottom - size, size, size, icon, 0, 0, SRCCOPY);
 }
 
+// A port that was not clipped is as wide as coordinates go. For a bitmap that no system makes the host is not
+// asked to purge.
+bool isPossible(int size)
+{
+    constexpr int largest = 0x4000;
+    return size > 0 && size <= largest;
+}
+
 } // namespace
 
 void DrawGrowIcon(WindowPtr)
@@ -24,6 +32,8 @@ void DrawGrowIcon(WindowPtr)
     Rect clip;
     GetRegionBounds(port.clipRgn, &clip);
     int size = clip.right - clip.left;
+    if (!isPossible(size))
+        return;
     HDC memory = MTBX_CreateCompatibleDC(context);
     HBITMAP bitmap = memory ? MTBX_CreateCompatibleBitmap(context, size, size) : nullptr;
     if (bitmap) {

@@ -4,6 +4,7 @@
 #include <mtbx/Displays.h>
 #include <mtbx/Events.h>
 #include <mtbx/MTBXGlobals.h>
+#include <mtbx/MacMemory.h>
 
 namespace {
 
@@ -55,6 +56,16 @@ void setPortSize(GrafPort &port, int width, int height)
 {
     port.portRect.right = static_cast<SInt16>(port.portRect.left + width);
     port.portRect.bottom = static_cast<SInt16>(port.portRect.top + height);
+}
+
+// False when the handle is too short: the host may have made it its own.
+bool readState(const WindowRecord &record, int number, Rect &state)
+{
+    constexpr Size bothStates = 2 * sizeof(Rect);
+    if (!record.dataHandle || GetHandleSize(record.dataHandle) < bothStates)
+        return false;
+    state = reinterpret_cast<const Rect *>(*record.dataHandle)[number];
+    return true;
 }
 
 } // namespace
@@ -118,13 +129,13 @@ void SizeWindow(WindowPtr window, SInt16 w, SInt16 h, Boolean fUpdate)
 void ZoomWindow(WindowPtr window, WindowPartCode partCode, Boolean front)
 {
     HWND native = nativeWindowOf(window);
-    Handle states = recordOf(window).dataHandle;
-    if (!native || !states)
+    if (!native)
         return;
-    Rect state = reinterpret_cast<const Rect *>(*states)[partCode == inZoomIn ? 0 : 1];
     if (IsZoomed(native))
         ShowWindow(native, SW_RESTORE);
-    if (!IsWindow(native))
+    // The host may have set the states while the window was restored.
+    Rect state;
+    if (!IsWindow(native) || !readState(recordOf(window), partCode == inZoomIn ? 0 : 1, state))
         return;
     SizeWindow(window, static_cast<SInt16>(state.right - state.left), static_cast<SInt16>(state.bottom - state.top),
                true);

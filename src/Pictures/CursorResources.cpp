@@ -98,7 +98,8 @@ bool makeRoom()
 HCURSOR MTBX_CreateResourceCursor(Handle resource)
 {
     Cursor cursor;
-    if (GetHandleSize(resource) < static_cast<Size>(sizeof cursor) || !makeMasks() || !makeRoom())
+    // Making the masks may make the host purge the resource.
+    if (!makeMasks() || !makeRoom() || GetHandleSize(resource) < static_cast<Size>(sizeof cursor))
         return nullptr;
     memcpy(&cursor, *resource, sizeof cursor);
     bool wasSwapped = isSwapped(resource);

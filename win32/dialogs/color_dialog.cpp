@@ -27,6 +27,7 @@ constexpr int basicCount = static_cast<int>(std::size(basicColors)), customCount
 constexpr int pitchX = 26, pitchY = 22, swatchWidth = 22, swatchHeight = 18;
 constexpr POINT basicPlace = {8, 24}, customPlace = {8, 182};
 constexpr RECT field = {232, 8, 416, 192}, bar = {430, 8, 446, 192}, sample = {232, 204, 292, 244};
+constexpr size_t mostButtons = 4;
 constexpr int smallWidth = 224, fullWidth = 460, height = 292;
 
 enum Button { defineButton = 719, addButton = 712 };
@@ -219,7 +220,7 @@ void press(HWND window, Chooser &chooser, POINT point)
     } else if (custom >= 0) {
         chooser.basic = -1;
         chooser.custom = custom;
-        choose(window, chooser, chooser.request.lpCustColors[custom]);
+        choose(window, chooser, chooser.request.lpCustColors[custom] & 0xFFFFFF);
     } else if (chooser.isFull && (PtInRect(&field, point) || PtInRect(&barWithMark, point))) {
         chooser.basic = -1;
         chooser.held = PtInRect(&field, point) ? Held::Field : Held::Bar;
@@ -260,6 +261,8 @@ SIZE frameSize(bool isFull)
 
 void openFully(HWND window, Chooser &chooser)
 {
+    if (chooser.isFull)
+        return;
     chooser.isFull = true;
     SIZE size = frameSize(true);
     SetWindowPos(window, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -278,6 +281,8 @@ void command(HWND window, Chooser &chooser, int id)
     case IDCANCEL:
         chooser.isAccepted = id == IDOK;
         chooser.isOver = true;
+        // The loop may be waiting while this comes from another thread.
+        PostMessageA(window, WM_NULL, 0, 0);
         break;
     case defineButton:
         openFully(window, chooser);
@@ -456,6 +461,8 @@ DWORD faultOf(const CHOOSECOLORA *request)
 BOOL ask(CHOOSECOLORA &request)
 {
     Chooser chooser{request};
+    // From here on nothing throws, and the window and the bitmap are always given back.
+    chooser.buttons.reserve(mostButtons);
     chooser.color = request.Flags & CC_RGBINIT ? request.rgbResult & 0xFFFFFF : 0;
     chooser.hsl = toHsl(chooser.color);
     const auto *found = std::find(std::begin(basicColors), std::end(basicColors), chooser.color);
@@ -468,8 +475,7 @@ BOOL ask(CHOOSECOLORA &request)
     else if (window)
         DestroyWindow(window);
     DeleteObject(chooser.rainbow);
-    if (!canShow)
-        lastDialogError = CDERR_INITIALIZATION;
+    lastDialogError = canShow ? 0 : CDERR_INITIALIZATION;
     if (chooser.isAccepted)
         request.rgbResult = chooser.color;
     return canShow && chooser.isAccepted;
@@ -482,7 +488,10 @@ BOOL ChooseColorA(LPCHOOSECOLORA request)
 {
     using namespace win32;
     dialogs::lastDialogError = dialogs::faultOf(request);
-    return dialogs::lastDialogError ? FALSE : guarded(FALSE, [&] { return dialogs::ask(*request); });
+    if (dialogs::lastDialogError)
+        return FALSE;
+    dialogs::lastDialogError = CDERR_MEMALLOCFAILURE;
+    return guarded(FALSE, [&] { return dialogs::ask(*request); });
 }
 
 DWORD CommDlgExtendedError()

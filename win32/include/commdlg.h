@@ -33,6 +33,7 @@ typedef struct tagCHOOSECOLORA {
 
 #define CDERR_STRUCTSIZE 0x0001
 #define CDERR_INITIALIZATION 0x0002
+#define CDERR_MEMALLOCFAILURE 0x0009
 #define CDERR_NOHOOK 0x000B
 
 /* Shows the dialog until the user has chosen. FALSE when it was cancelled, or could not be shown: then

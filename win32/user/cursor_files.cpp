@@ -35,19 +35,23 @@ std::unique_ptr<Cursor> newPicture(int width, int height)
     return picture;
 }
 
+struct PngImage : png_image {
+    PngImage() : png_image{} { version = PNG_IMAGE_VERSION; }
+    PngImage(const PngImage &) = delete;
+    PngImage &operator=(const PngImage &) = delete;
+    ~PngImage() { png_image_free(this); }
+};
+
 std::unique_ptr<Cursor> readPng(Bytes bytes)
 {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
+    PngImage image;
     if (!png_image_begin_read_from_memory(&image, bytes.data(), bytes.size()))
         return nullptr;
     bool isSmall = image.width <= largestSide && image.height <= largestSide;
     image.format = PNG_FORMAT_BGRA;
     auto picture = isSmall ? newPicture(static_cast<int>(image.width), static_cast<int>(image.height)) : nullptr;
-    if (!picture || !png_image_finish_read(&image, nullptr, picture->pixels.data(), 0, nullptr)) {
-        png_image_free(&image);
+    if (!picture || !png_image_finish_read(&image, nullptr, picture->pixels.data(), 0, nullptr))
         return nullptr;
-    }
     for (uint32_t &pixel : picture->pixels) {
         if (pixel >> 24 == 0)
             pixel = Cursor::transparent;

@@ -79,13 +79,17 @@ void free(HWND handle)
     release(handle);
 }
 
-// Deepest first: a window is released after its children.
-void collectOf(const Window &window, const MessageQueue &queue, std::vector<HWND> &result)
+// Releases a thread's windows below a parent, deepest first. What stands in one of them goes with it, whose ever
+// it is.
+void releaseBelow(Window &parent, const MessageQueue &queue, bool isParentGoing)
 {
-    for (const Window *child = window.firstChild; child; child = child->next) {
-        collectOf(*child, queue, result);
-        if (child->queue == &queue)
-            result.push_back(child->hwnd());
+    for (Window *child = parent.firstChild; child;) {
+        Window *next = child->next;
+        bool isGoing = isParentGoing || child->queue == &queue;
+        releaseBelow(*child, queue, isGoing);
+        if (isGoing)
+            release(child->hwnd());
+        child = next;
     }
 }
 
@@ -137,12 +141,8 @@ bool begin(HWND handle)
 void abandonWindowsOf(MessageQueue &queue)
 {
     UserLock lock;
-    for (Window *root : {desktop(), messageRoot()}) {
-        std::vector<HWND> windows;
-        collectOf(*root, queue, windows);
-        for (HWND window : windows)
-            release(window);
-    }
+    for (Window *root : {desktop(), messageRoot()})
+        releaseBelow(*root, queue, false);
 }
 
 void abandonWindow(HWND handle)

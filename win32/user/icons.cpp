@@ -145,13 +145,14 @@ HCURSOR loadShared(HINSTANCE module, LPCSTR name, PictureKind kind)
     static auto *loaded = new std::map<SharedName, HCURSOR>;
     UserLock lock;
     SharedName key{module, kind, spelled(name)};
-    if (auto found = loaded->find(key); found != loaded->end())
-        return found->second;
+    // Null if it was refused before.
+    HCURSOR &handle = (*loaded)[key];
+    if (handle)
+        return handle;
     auto picture = loadFromModule(module, name, kind);
     if (!picture)
         return fail(ERROR_RESOURCE_NAME_NOT_FOUND, HCURSOR{});
     picture->isShared = true;
-    HCURSOR &handle = (*loaded)[key];
     handle = enterCursor(std::move(picture));
     return handle;
 }

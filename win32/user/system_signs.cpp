@@ -91,7 +91,10 @@ std::unique_ptr<Cursor> pictureOf(UINT flag)
     picture->width = picture->height = signSize;
     picture->hotX = picture->hotY = signSize / 2;
     picture->isShared = true;
+    picture->pixels.reserve(size_t{signSize} * signSize);
     HDC context = CreateCompatibleDC(nullptr);
+    if (!context)
+        return nullptr;
     BITMAPINFO info{};
     info.bmiHeader = {sizeof info.bmiHeader, signSize, -signSize, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     void *bits = nullptr;

@@ -72,6 +72,7 @@ protected:
 
     static inline HWND window;
     static inline std::vector<UINT> dispatched;
+    static inline bool isLeftUnpainted;
     Input input;
     EventRecord event;
 
@@ -79,6 +80,8 @@ private:
     static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
     {
         dispatched.push_back(message);
+        if (message == WM_PAINT && isLeftUnpainted)
+            return 0;
         return DefWindowProcA(handle, message, wParam, lParam);
     }
 };
@@ -273,6 +276,17 @@ TEST_F(Events, PaintMessagesAreServed)
     FlushEvents(updateMask, 0);
     EXPECT_FALSE(isQueued(WM_PAINT, WM_PAINT));
     EXPECT_EQ(std::count(dispatched.begin(), dispatched.end(), static_cast<UINT>(WM_PAINT)), 1);
+}
+
+TEST_F(Events, AFlushEndsThoughAWindowStaysToBePainted)
+{
+    isLeftUnpainted = true;
+    InvalidateRect(window, nullptr, FALSE);
+    FlushEvents(updateMask, 0);
+    FlushEvents(everyEvent, 0);
+    isLeftUnpainted = false;
+    EXPECT_EQ(std::count(dispatched.begin(), dispatched.end(), static_cast<UINT>(WM_PAINT)), 2);
+    EXPECT_TRUE(isQueued(WM_PAINT, WM_PAINT)) << "the host still has to paint it";
 }
 
 TEST_F(Events, ARequestToQuitIsNeitherAnEventNorFlushed)

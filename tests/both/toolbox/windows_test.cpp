@@ -3,6 +3,8 @@
 #include "Pascal.h"
 #include "ResourceChain.h"
 
+#include <mtbx/MacMemory.h>
+
 #include <vector>
 
 namespace {
@@ -85,12 +87,16 @@ protected:
     // What GetHwndMacWindowPtr said when WM_CLOSE came.
     static inline WindowPtr foundAtClose;
     static inline SInt32 openingSeen;
+    // Gets its second state when it is restored.
+    static inline WindowPtr restored;
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     {
         if (message == WM_CLOSE)
             foundAtClose = GetHwndMacWindowPtr(window);
+        if (message == WM_SIZE && wParam == SIZE_RESTORED && restored)
+            reinterpret_cast<Rect *>(*recordOf(restored).dataHandle)[1] = ltrb(70, 60, 170, 120);
         if (message == WM_SHOWWINDOW)
             openingSeen = gOpeningWindowL;
         return DefWindowProcA(window, message, wParam, lParam);
@@ -374,6 +380,20 @@ TEST_F(Windows, DrawTheSizeBoxInTheCorner)
     Rect none = {};
     ClipRect(&none);
     DrawGrowIcon(nullptr);
+}
+
+TEST_F(Windows, ZoomToWhatTheHostSetWhileTheyWereRestored)
+{
+    WindowPtr window = open(ltrb(20, 10, 140, 90));
+    window->moveInMainClient = 1;
+    ShowWindow(nativeOf(window), SW_MAXIMIZE);
+    restored = window;
+    ZoomWindow(window, inZoomOut, false);
+    restored = nullptr;
+    EXPECT_EQ(windowBounds(window, kWindowContentRgn), ltrb(70, 60, 170, 120));
+    SetHandleSize(recordOf(window).dataHandle, 8);
+    ZoomWindow(window, inZoomOut, false);
+    EXPECT_EQ(windowBounds(window, kWindowContentRgn), ltrb(70, 60, 170, 120)) << "there is no second state";
 }
 
 class WindowTemplates : public ResourceChain {};

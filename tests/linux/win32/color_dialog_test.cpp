@@ -78,6 +78,36 @@ TEST_F(ColorDialog, MixesColoursAndKeepsThem)
     EXPECT_LE(GetGValue(custom[0]), 2);
 }
 
+UINT_PTR CALLBACK cancelAtOnce(HWND dialog, UINT message, WPARAM, LPARAM)
+{
+    if (message == WM_INITDIALOG)
+        SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    return 0;
+}
+
+TEST_F(ColorDialog, GivesAllBackWhenMemoryIsShort)
+{
+    request = {sizeof request, nullptr, nullptr, 0, custom, CC_ENABLEHOOK | CC_FULLOPEN, 0, cancelAtOnce, nullptr};
+    EXPECT_FALSE(ChooseColorA(&request));
+    EXPECT_EQ(CommDlgExtendedError(), 0u);
+    DWORD objects = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), pictures = Win32Control_GdiObjects();
+    for (Win32Allocation kind : {WIN32_ALLOCATION_LAYER, WIN32_ALLOCATION_BITMAP}) {
+        Win32Control_RefuseAllocations(kind, 0, 0, 0);
+        ChooseColorA(&request);
+        DWORD count = Win32Control_AllocationsCounted(kind);
+        ASSERT_GT(count, 0u);
+        for (DWORD number = 1; number <= count; ++number) {
+            Win32Control_RefuseAllocations(kind, number, WIN32_WITHOUT_END, 0);
+            EXPECT_FALSE(ChooseColorA(&request));
+            Win32Control_AllowAllocations(kind);
+            EXPECT_FALSE(FindWindowA("Color dialog", nullptr)) << number;
+            ASSERT_EQ(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), objects) << number;
+            ASSERT_LE(Win32Control_GdiObjects(), pictures) << number;
+        }
+    }
+    Win32Control_Reset();
+}
+
 TEST_F(ColorDialog, RefusesWhatIsNoRequest)
 {
     request.lStructSize = 1;

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 namespace {
 
 bool isToBePainted(HRGN update, const WindowScene::Shown &shown)
@@ -116,6 +118,35 @@ void liveOnce(TestWindows &windows)
     DestroyWindow(child);
     DestroyWindow(button);
     serveSome();
+}
+
+TEST(ThreadsThatEnd, TakeWindowsOfOthersAlongThatStandInTheirs)
+{
+    TestWindows windows;
+    HWND frame = nullptr, own = nullptr, child = nullptr;
+    HANDLE made = CreateEventA(nullptr, FALSE, FALSE, nullptr), over = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    auto makeIn = [](HWND parent) {
+        return CreateWindowExA(WS_EX_NOPARENTNOTIFY, TestWindows::className, "", parent ? WS_CHILD : WS_POPUP, 0, 0, 50, 50, parent,
+                               nullptr, nullptr, nullptr);
+    };
+    std::thread thread([&] {
+        frame = makeIn(nullptr);
+        own = makeIn(frame);
+        SetEvent(made);
+        WaitForSingleObject(over, INFINITE);
+    });
+    WaitForSingleObject(made, INFINITE);
+    child = makeIn(own);
+    HWND stays = makeIn(nullptr);
+    SetEvent(over);
+    thread.join();
+    EXPECT_TRUE(IsWindow(stays));
+    for (HWND window : {frame, own, child})
+        EXPECT_TRUE(window && !IsWindow(window));
+    EXPECT_EQ(GetParent(child), nullptr);
+    DestroyWindow(stays);
+    CloseHandle(made);
+    CloseHandle(over);
 }
 
 TEST(WindowShortage, AnyRefusedMemoryOrObjectIsSurvived)
