@@ -1,6 +1,7 @@
 // What the layer promises of menus beyond what every system keeps: no handle, loop or depth does harm, and the
 // documented errors are told.
 #include "SampleMenus.h"
+#include "TestWindows.h"
 
 #include <windows.h>
 
@@ -59,6 +60,26 @@ TEST_F(MenusInTheLayer, TextIsCutToTheBufferWithItsEnd)
     EXPECT_TRUE(GetMenuItemInfoA(bar, 0, TRUE, &info));
     EXPECT_STREQ(text, "&Fi");
     EXPECT_EQ(info.cch, 3u);
+}
+
+TEST_F(MenusInTheLayer, ABarTakesRoomForAsLongAsItsMenuLives)
+{
+    TestWindows windows;
+    HWND window = windows.make(WS_OVERLAPPEDWINDOW, {0, 0, 200, 200});
+    auto heightOf = [&] {
+        SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED);
+        RECT client;
+        GetClientRect(window, &client);
+        return client.bottom;
+    };
+    LONG whole = heightOf();
+    EXPECT_TRUE(SetMenu(window, bar));
+    EXPECT_EQ(heightOf(), whole - GetSystemMetrics(SM_CYMENU));
+    POINT client{0, 0};
+    ClientToScreen(window, &client);
+    EXPECT_EQ(SendMessageA(window, WM_NCHITTEST, 0, MAKELPARAM(client.x + 5, client.y - 2)), HTMENU);
+    DestroyMenu(bar);
+    EXPECT_EQ(heightOf(), whole);
 }
 
 TEST(MenusInDepth, AreSearchedAndEndedWithoutStackAndOnce)
