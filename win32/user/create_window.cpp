@@ -1,6 +1,7 @@
 // Making windows.
 #include "focus.h"
 #include "kernel/kernel_internal.h"
+#include "menu.h"
 #include "message_queue.h"
 #include "placement.h"
 #include "screen/screen.h"
@@ -95,6 +96,8 @@ HWND enterWindow(const Creation &creation)
     window->queue = &MessageQueue::current();
     if (window->isChild())
         window->id = reinterpret_cast<UINT_PTR>(record.hMenu);
+    else if (record.hMenu && !findMenu(record.hMenu))
+        return nullptr;
     else
         window->menu = record.hMenu;
     POINT origin = window->isChild() ? clientOrigin(*creation.parent) : POINT{0, 0};

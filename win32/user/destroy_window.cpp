@@ -3,6 +3,7 @@
 #include "clipboard.h"
 #include "focus.h"
 #include "kernel/kernel_internal.h"
+#include "menu.h"
 #include "message_queue.h"
 #include "placement.h"
 #include "timers.h"
@@ -57,6 +58,8 @@ void release(HWND handle)
     forgetCaret(handle);
     clipboard::forget(handle);
     releaseContextsOf(*window);
+    if (!window->isChild())
+        destroyMenuTree(window->menu);
     removeObject(window.get());
     --window->windowClass->windowCount;
 }

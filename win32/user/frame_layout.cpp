@@ -1,6 +1,7 @@
 // Where the parts of a frame lie.
 #include "frame.h"
 #include "kernel/kernel_internal.h"
+#include "menu.h"
 
 using namespace win32;
 using namespace win32::user;
@@ -32,6 +33,12 @@ int edgeOf(DWORD style, DWORD extendedStyle)
         return GetSystemMetrics(SM_CXDLGFRAME);
     int border = style & WS_BORDER ? GetSystemMetrics(SM_CXBORDER) : 0;
     return extendedStyle & WS_EX_STATICEDGE ? border + 1 : border;
+}
+
+// A menu that the program has ended takes no room.
+bool hasMenuBar(const Window &window)
+{
+    return !window.isChild() && findMenuQuietly(window.menu);
 }
 
 int captionHeight(DWORD extendedStyle)
@@ -120,7 +127,7 @@ FrameLayout layoutOf(const Window &window)
     }
     if (window.style & WS_MINIMIZE)
         return layout;
-    if (window.menu && !window.isChild()) {
+    if (hasMenuBar(window)) {
         layout.menuBar = inner;
         layout.menuBar.bottom = inner.top + GetSystemMetrics(SM_CYMENU);
         inner.top = layout.menuBar.bottom;
@@ -140,8 +147,7 @@ void shrinkToClient(const Window &window, RECT &rect)
         rect.bottom = rect.top;
         return;
     }
-    bool hasMenu = window.menu && !window.isChild();
-    RECT margins = frameMargins(window.style, window.extendedStyle, hasMenu);
+    RECT margins = frameMargins(window.style, window.extendedStyle, hasMenuBar(window));
     rect.left += margins.left;
     rect.top += margins.top;
     rect.right = std::max(rect.right - margins.right, rect.left);
