@@ -7,31 +7,13 @@
 
 namespace {
 
-// A region that lives as long as its block; null when memory is short.
-class TemporaryRegion {
-public:
-    TemporaryRegion() : rgn(NewRgn()) {}
-    TemporaryRegion(const TemporaryRegion &) = delete;
-    TemporaryRegion &operator=(const TemporaryRegion &) = delete;
-    ~TemporaryRegion()
-    {
-        if (rgn)
-            DisposeRgn(rgn);
-    }
-
-    operator RgnHandle() const { return rgn; }
-
-private:
-    RgnHandle rgn;
-};
-
 // Changes the native update region and the record's by a region of the window's own coordinates. The native
 // call takes no region for the whole window, so one without a native region must not reach it.
 void changeUpdate(WindowPtr window, RgnHandle rgn, void (*change)(HWND native, HRGN part),
                   void (*mirror)(RgnHandle updateRgn, RgnHandle part))
 {
     HWND native = nativeWindowOf(window);
-    TemporaryRegion part;
+    ScratchRegion part;
     if (!native || !part || !rgn)
         return;
     MacCopyRgn(rgn, part);
@@ -59,7 +41,7 @@ void takeFromUpdate(WindowPtr window, RgnHandle rgn)
 
 void withRect(WindowPtr window, const Rect *rect, void (*change)(WindowPtr window, RgnHandle rgn))
 {
-    TemporaryRegion rgn;
+    ScratchRegion rgn;
     if (!rgn || !rect)
         return;
     RectRgn(rgn, rect);

@@ -1,29 +1,12 @@
 // CopyMask: a copy whose mask is a bitmap.
 #include "CopyClip_internal.h"
 
+#include "Quickdraw/Regions_internal.h"
 #include "Quickdraw/Quickdraw_internal.h"
 
 #include <mtbx/MacErrors.h>
 
 namespace {
-
-// A region for the time of a call, null when memory is short.
-class ScratchRegion {
-public:
-    ScratchRegion() : region_(NewRgn()) {}
-    ~ScratchRegion()
-    {
-        if (region_)
-            DisposeRgn(region_);
-    }
-    ScratchRegion(const ScratchRegion &) = delete;
-    ScratchRegion &operator=(const ScratchRegion &) = delete;
-
-    operator RgnHandle() const { return region_; }
-
-private:
-    RgnHandle region_;
-};
 
 class CurrentPort {
 public:

@@ -11,6 +11,24 @@ inline HRGN nativeRegion(RgnHandle rgn)
     return rgn && *rgn ? (*rgn)->rgnNative : nullptr;
 }
 
+// A region for the time of a call, null when memory is short.
+class ScratchRegion {
+public:
+    ScratchRegion() : region_(NewRgn()) {}
+    ~ScratchRegion()
+    {
+        if (region_)
+            DisposeRgn(region_);
+    }
+    ScratchRegion(const ScratchRegion &) = delete;
+    ScratchRegion &operator=(const ScratchRegion &) = delete;
+
+    operator RgnHandle() const { return region_; }
+
+private:
+    RgnHandle region_;
+};
+
 // A native region for the time of a call.
 class ScratchNativeRegion {
 public:
