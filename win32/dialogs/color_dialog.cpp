@@ -4,6 +4,7 @@
 #include "dialog_error.h"
 #include "kernel/kernel_internal.h"
 #include "user/control_text.h"
+#include "user/modal_loop.h"
 
 #include <commdlg.h>
 
@@ -411,23 +412,6 @@ bool takeKey(HWND window, Chooser &chooser, const MSG &message)
     }
 }
 
-void runLoop(HWND window, Chooser &chooser)
-{
-    MSG message;
-    while (!chooser.isOver && IsWindow(window)) {
-        if (GetMessageA(&message, nullptr, 0, 0) <= 0) {
-            // The order to quit is for the program's own loop.
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return;
-        }
-        bool isOurs = message.hwnd == window || IsChild(window, message.hwnd);
-        if (isOurs && takeKey(window, chooser, message))
-            continue;
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
-}
-
 void run(HWND window, Chooser &chooser)
 {
     HWND owner = chooser.request.hwndOwner, before = GetActiveWindow();
@@ -436,7 +420,7 @@ void run(HWND window, Chooser &chooser)
               reinterpret_cast<LPARAM>(&chooser.request));
     ShowWindow(window, SW_SHOW);
     SetFocus(chooser.buttons.front());
-    runLoop(window, chooser);
+    user::runModalLoop(window, chooser.isOver, [&](const MSG &message) { return takeKey(window, chooser, message); });
     if (wasEnabled)
         EnableWindow(owner, TRUE);
     if (IsWindow(window)) {

@@ -3,6 +3,7 @@
 #include "kernel/control_state.h"
 #include "kernel/kernel_internal.h"
 #include "message_queue.h"
+#include "modal_loop.h"
 #include "placement.h"
 #include "system_signs.h"
 
@@ -220,23 +221,6 @@ bool takeKey(HWND window, Box &box, const MSG &message)
     }
 }
 
-void runLoop(HWND window, Box &box)
-{
-    MSG message;
-    while (!box.isOver && IsWindow(window)) {
-        if (GetMessageA(&message, nullptr, 0, 0) <= 0) {
-            // The order to quit is for the program's own loop.
-            PostQuitMessage(static_cast<int>(message.wParam));
-            break;
-        }
-        bool isOurs = message.hwnd == window || IsChild(window, message.hwnd);
-        if (isOurs && takeKey(window, box, message))
-            continue;
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
-}
-
 int runBox(HWND owner, LPCSTR text, LPCSTR caption, UINT type)
 {
     Box box;
@@ -249,7 +233,7 @@ int runBox(HWND owner, LPCSTR text, LPCSTR caption, UINT type)
         return 0;
     bool wasEnabled = owner && !EnableWindow(owner, FALSE);
     ShowWindow(window, SW_SHOW);
-    runLoop(window, box);
+    runModalLoop(window, box.isOver, [&](const MSG &message) { return takeKey(window, box, message); });
     if (wasEnabled)
         EnableWindow(owner, TRUE);
     if (IsWindow(window)) {
