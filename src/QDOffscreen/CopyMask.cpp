@@ -1,8 +1,8 @@
 // CopyMask: a copy whose mask is a bitmap.
 #include "CopyClip_internal.h"
 
-#include "Quickdraw/Regions_internal.h"
 #include "Quickdraw/Quickdraw_internal.h"
+#include "Quickdraw/Regions_internal.h"
 
 #include <mtbx/MacErrors.h>
 
