@@ -1,11 +1,15 @@
 // Nothing records what is injected here.
 #include "screen/injection.h"
 
+#include "held_buttons.h"
+
 #include "program_thread.h"
 #include "program_windows.h"
 
 namespace win32::screen {
 namespace {
+
+bool isHeld[3];
 
 RECT allMonitors()
 {
@@ -23,6 +27,7 @@ void injectMove(POINT point)
 void injectButton(MouseButton button, Press press)
 {
     sendButton(button, press);
+    isHeld[static_cast<int>(button)] = press == Press::Down;
 }
 
 void injectWheel(int notches)
@@ -48,3 +53,8 @@ void injectClose()
 }
 
 } // namespace win32::screen
+
+bool replay::holdsButton()
+{
+    return win32::screen::isHeld[0] || win32::screen::isHeld[1] || win32::screen::isHeld[2];
+}

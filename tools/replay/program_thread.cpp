@@ -5,8 +5,8 @@
 namespace replay {
 namespace {
 
-enum Question : UINT { HasNothingToDo = WM_APP, IsLockOn, Quit };
-constexpr LRESULT yes = 1, no = 2; // 0 is what nobody answered
+enum Question : UINT { HasWork = WM_APP, IsLockOn, Quit };
+constexpr LRESULT none = 0, yes = 1, no = 2; // 0 is what Windows answers for a thread that does not
 constexpr UINT longestQuestion = 1000;
 
 HWND listener;
@@ -21,17 +21,18 @@ bool isQueueEmpty()
 LRESULT CALLBACK answer(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case HasNothingToDo: return isQueueEmpty() ? yes : no;
+    case HasWork: return isQueueEmpty() ? no : yes;
     case IsLockOn: return GetKeyState(static_cast<int>(wParam)) & 1 ? yes : no;
     case Quit: PostQuitMessage(0); return yes;
     default: return DefWindowProcA(window, message, wParam, lParam);
     }
 }
 
-bool ask(Question question, WPARAM argument, UINT longest)
+LRESULT ask(Question question, WPARAM argument, UINT longest)
 {
-    DWORD_PTR result = 0;
-    return SendMessageTimeoutA(listener, question, argument, 0, SMTO_NORMAL, longest, &result) && result == yes;
+    DWORD_PTR result = none;
+    bool isAnswered = SendMessageTimeoutA(listener, question, argument, 0, SMTO_NORMAL, longest, &result) != 0;
+    return isAnswered ? static_cast<LRESULT>(result) : none;
 }
 
 } // namespace
@@ -53,14 +54,15 @@ DWORD programThread()
     return thread;
 }
 
-bool hasNothingToDo(std::chrono::milliseconds longest)
+Found workOfProgram(std::chrono::milliseconds longest)
 {
-    return ask(HasNothingToDo, 0, static_cast<UINT>(std::max<long long>(longest.count(), 1)));
+    LRESULT answer = ask(HasWork, 0, static_cast<UINT>(std::max<long long>(longest.count(), 1)));
+    return answer == none ? Found::NoAnswer : answer == yes ? Found::Work : Found::Nothing;
 }
 
 bool isLockOnInProgram(BYTE virtualKey)
 {
-    return ask(IsLockOn, virtualKey, longestQuestion);
+    return ask(IsLockOn, virtualKey, longestQuestion) == yes;
 }
 
 void postQuitToProgram()

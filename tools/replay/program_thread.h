@@ -12,10 +12,10 @@ namespace replay {
 void takeProgramThread();
 DWORD programThread();
 
-// These are answered when the thread asks for messages; false when it does not within the time.
-
-// Whether it finds nothing to do then: no input, message or painting waits.
-bool hasNothingToDo(std::chrono::milliseconds longest);
+// What the thread finds when it asks for messages within the time: whether input, messages or painting wait.
+enum class Found { NoAnswer, Work, Nothing };
+Found workOfProgram(std::chrono::milliseconds longest);
+// False too when it does not answer.
 bool isLockOnInProgram(BYTE virtualKey);
 void postQuitToProgram();
 

@@ -1,5 +1,7 @@
 #include "screen/replayed_program.h"
 
+#include "button_looks.h"
+#include "held_buttons.h"
 #include "png_writer.h"
 #include "program_thread.h"
 #include "program_windows.h"
@@ -14,6 +16,7 @@ namespace win32::screen {
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
 
 // What the replay takes for the screen, at the corner of the first monitor. The player may begin before this file's
 // variables do.
@@ -53,6 +56,25 @@ void placeNewWindows()
     placedWindows = std::move(windows);
 }
 
+bool isIdle(milliseconds longest)
+{
+    return workOfProgram(longest) == Found::Nothing && !windowsOnDesktop().empty();
+}
+
+// A program that follows the mouse without reading its messages answers nothing; it is done when it has looked a few
+// times at the buttons. looks: their number when it last read messages.
+bool isTrackingOrIdle(unsigned &looks, milliseconds longest)
+{
+    constexpr unsigned looksOfLoop = 3;
+    constexpr milliseconds longestAtOnce{2};
+    if (buttonLooks() - looks >= looksOfLoop)
+        return true;
+    Found found = workOfProgram(std::min(longest, longestAtOnce));
+    if (found == Found::Work)
+        looks = buttonLooks();
+    return found == Found::Nothing;
+}
+
 } // namespace
 
 void startPlayerThread(void (*play)())
@@ -72,14 +94,15 @@ void quitProgram()
     postQuitToProgram();
 }
 
-bool waitForIdle(std::chrono::milliseconds longest)
+bool waitForIdle(milliseconds longest)
 {
     placeNewWindows();
     Clock::time_point end = Clock::now() + longest;
+    unsigned looks = buttonLooks();
     return waitFor(
         [&] {
-            auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
-            return hasNothingToDo(left) && !windowsOnDesktop().empty();
+            auto left = std::chrono::duration_cast<milliseconds>(end - Clock::now());
+            return holdsButton() ? isTrackingOrIdle(looks, left) : isIdle(left);
         },
         longest);
 }
