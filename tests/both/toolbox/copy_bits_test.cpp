@@ -155,6 +155,11 @@ TEST_F(WhiteToBlack, WhatHasNoContextGetsNothing)
     closed.portVersion = 0xC000;
     copied(source.asPort(), GetPortBitMapForCopyBits(&closed));
     EXPECT_EQ(copied(GetPortBitMapForCopyBits(&closed), destination.asPort()), 0);
+    // So far inside out that 16 bits would call it a few pixels wide.
+    plain.bitmap.bounds = ltrb(32767, 0, -32760, 4);
+    EXPECT_EQ(copied(plain.bits(), destination.asPort()), 0);
+    plain.bitmap.bounds = ltrb(0, 32767, 8, -32760);
+    EXPECT_EQ(copied(plain.bits(), destination.asPort()), 0);
     plain.bitmap.baseAddr = nullptr;
     EXPECT_EQ(copied(plain.bits(), destination.asPort()), 0);
     PortWindow window(ltrb(300, 200, 308, 204));
