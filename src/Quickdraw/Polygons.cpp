@@ -61,11 +61,14 @@ HRGN newRegion(PolyHandle poly)
     Ptr many = count > usualCount ? NewPtr(count * static_cast<Size>(sizeof(POINT))) : nullptr;
     if (!many && count > usualCount)
         return nullptr;
+    // The host may have purged the polygon when it was asked for memory.
+    count = std::min(count, countPoints(poly));
     POINT *corners = many ? reinterpret_cast<POINT *>(many) : few;
-    const Point *points = (*poly)->polyPoints;
-    for (SInt32 i = 0; i < count; ++i)
-        corners[i] = {points[i].h, points[i].v};
-    HRGN region = MTBX_CreatePolygonRgn(corners, count, ALTERNATE);
+    for (SInt32 i = 0; i < count; ++i) {
+        Point vertex = (*poly)->polyPoints[i];
+        corners[i] = {vertex.h, vertex.v};
+    }
+    HRGN region = count < fewestPoints ? nullptr : MTBX_CreatePolygonRgn(corners, count, ALTERNATE);
     if (many)
         DisposePtr(many);
     return region;
