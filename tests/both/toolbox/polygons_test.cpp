@@ -179,7 +179,6 @@ TEST_F(Polygons, ThePathKeepsOutlinesApart)
     PolyHandle token = OpenPoly2();
     ClosePoly2();
     FramePoly(token), PaintPoly(token), OffsetPoly(token, 1, 1), KillPoly(token);
-    KillPoly2(nullptr), OffsetPoly2(nullptr, 1, 1), ErasePoly2(nullptr);
 }
 
 TEST_F(Polygons, RegionRecordingComesBeforePolygonRecording)

@@ -118,34 +118,6 @@ TEST(BuiltinFont, UnderlineAndStrikeoutRunThroughTheCell)
     EXPECT_EQ(canvas.rows(), expected);
 }
 
-// All pixels of a glyph's rows change at every depth and position within a byte, and no other.
-TEST(BuiltinFont, SitsAtAnyPixel)
-{
-    for (int depth : {1, 4, 8, 16, 24, 32}) {
-        for (int x = -7; x <= 9; ++x) {
-            std::vector<RGBQUAD> colors(2);
-            colors[1] = {255, 255, 255, 0};
-            CanvasFormat format{.depth = depth, .colors = depth <= 8 ? colors : std::vector<RGBQUAD>{}};
-            Canvas canvas(17, 13, format);
-            LOGFONTA wanted{};
-            strcpy(wanted.lfFaceName, "builtin fixed");
-            HFONT font = CreateFontIndirectA(&wanted);
-            HGDIOBJ before = SelectObject(canvas.dc, font);
-            SetBkMode(canvas.dc, TRANSPARENT);
-            SetTextColor(canvas.dc, RGB(255, 255, 255));
-            TextOutA(canvas.dc, x, 0, "Z", 1);
-            std::string top(17, '.');
-            for (int column = x + 1; column < x + 7; ++column) {
-                if (column >= 0 && column < 17)
-                    top[static_cast<size_t>(column)] = '#';
-            }
-            EXPECT_EQ(canvas.rows()[2], top) << depth << ' ' << x;
-            SelectObject(canvas.dc, before);
-            DeleteObject(font);
-        }
-    }
-}
-
 TEST(BuiltinFont, WrapsWithoutTheBlanksAtTheBreak)
 {
     BuiltinCanvas canvas(90, 40);
