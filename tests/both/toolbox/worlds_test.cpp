@@ -75,19 +75,27 @@ TEST_F(Worlds, ColourTablesBeginWithTheSystemsColours)
     }
 }
 
-TEST_F(Worlds, WhatCannotBeLeavesNothingBehind)
+SInt32 failOnCall(UInt64)
 {
+    ADD_FAILURE() << "purging would not help";
+    return 0;
+}
+
+TEST_F(Worlds, WhatCannotBeLeavesNothingBehindAndPurgesNothing)
+{
+    SetGrowZoneEx(failOnCall);
     struct {
         SInt16 depth;
         Rect bounds;
-    } const impossible[] = {{7, ltrb(0, 0, 10, 10)},        {64, ltrb(0, 0, 10, 10)},      {-1, ltrb(0, 0, 10, 10)},
-                            {32, ltrb(10, 0, 0, 10)},       {32, ltrb(0, 10, 10, 0)},      {32, ltrb(0, 0, 0, 5)},
-                            {8, ltrb(-20000, 0, 20000, 9)}, {32, ltrb(0, 0, 32767, 32767)}};
+    } const impossible[] = {{2, ltrb(0, 0, 10, 10)},  {7, ltrb(0, 0, 10, 10)},        {64, ltrb(0, 0, 10, 10)},
+                            {-1, ltrb(0, 0, 10, 10)}, {32, ltrb(10, 0, 0, 10)},       {32, ltrb(0, 10, 10, 0)},
+                            {32, ltrb(0, 0, 0, 5)},   {8, ltrb(-20000, 0, 20000, 9)}, {32, ltrb(0, 0, 32767, 32767)}};
     for (const auto &each : impossible) {
         auto world = reinterpret_cast<GWorldPtr>(this);
         EXPECT_EQ(NewGWorld(&world, each.depth, &each.bounds, nullptr, nullptr, 0), -108);
         EXPECT_FALSE(world);
     }
+    SetGrowZoneEx(nullptr);
     EXPECT_EQ(MEM_GetMemUsage(), usage);
 }
 
