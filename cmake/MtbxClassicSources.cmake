@@ -1,12 +1,14 @@
-# mtbx_classic_sources(target [MACROMAN | UTF8] [LONG32] [BASE folder] SOURCES file ...)
+# mtbx_classic_sources(target [MACROMAN | UTF8] [LONG32] [PREFIX header] [BASE folder] SOURCES file ...)
 #
 # Sources and headers written for the Macintosh are converted at build time into a folder of the build tree that
 # mirrors the one they are in (BASE, otherwise the current one), and the target compiles what is there. Name the headers
-# as well. Includes find a converted header before the original, and Memory.h, Windows.h and their like mean the
-# Toolbox's headers in these sources; the target's other sources see nothing of that.
+# as well, and sources that lie beside them and include them: the target finds a converted header before the original,
+# but a quoted include looks beside the source first. Memory.h, Windows.h and their like are the Toolbox's headers in
+# this target.
 #
 # MACROMAN, UTF8: how the files are encoded; text in literals is converted to the code page 1252.
 # LONG32: long is 32 bits wide, as it was.
+# PREFIX: a header that each of the sources begins with, such as hostkit/classic.h.
 #
 # The tool that converts is built for this machine when the target is for another; MTBX_CLASSIC_SOURCE_TOOL names one
 # that is there already.
@@ -14,7 +16,7 @@
 set(MTBX_CLASSIC_SOURCE_TOOL "" CACHE FILEPATH "mtbx-classic-source for this machine, if it is not to be built")
 
 function(mtbx_classic_sources target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "MACROMAN;UTF8;LONG32" "BASE" "SOURCES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "MACROMAN;UTF8;LONG32" "BASE;PREFIX" "SOURCES")
     if(arg_UNPARSED_ARGUMENTS OR NOT arg_SOURCES)
         message(FATAL_ERROR "mtbx_classic_sources(${target} ...): SOURCES are missing, or unknown: ${arg_UNPARSED_ARGUMENTS}")
     endif()
@@ -29,6 +31,9 @@ function(mtbx_classic_sources target)
             list(APPEND options "${CMAKE_MATCH_2}")
         endif()
     endforeach()
+    if(NOT arg_BASE)
+        set(arg_BASE "${CMAKE_CURRENT_SOURCE_DIR}")
+    endif()
     cmake_path(ABSOLUTE_PATH arg_BASE NORMALIZE OUTPUT_VARIABLE base)
     set(mirror "${CMAKE_CURRENT_BINARY_DIR}/classic/${target}")
     _mtbx_classic_tool(tool tool_dependency)
@@ -57,6 +62,9 @@ function(mtbx_classic_sources target)
     set_source_files_properties(${named_cp} PROPERTIES LANGUAGE CXX)
 
     set(compile_options -Wno-multichar $<$<COMPILE_LANGUAGE:C>:-Wno-pointer-sign>)
+    if(arg_PREFIX)
+        list(APPEND compile_options -include "${arg_PREFIX}")
+    endif()
     if(arg_LONG32)
         # What passes an int where a long is read or written must not compile.
         list(APPEND compile_options -Werror=format $<$<COMPILE_LANGUAGE:C>:-Werror=incompatible-pointer-types>)
@@ -64,10 +72,10 @@ function(mtbx_classic_sources target)
     list(REMOVE_DUPLICATES folders)
     foreach(folder IN LISTS folders)
         # For headers that lie beside the originals and are not converted.
-        list(APPEND compile_options "SHELL:-iquote \"${folder}\"")
+        list(APPEND compile_options -iquote "${folder}")
     endforeach()
     set_property(SOURCE ${results} APPEND PROPERTY COMPILE_OPTIONS ${compile_options})
-    set_property(SOURCE ${results} APPEND PROPERTY INCLUDE_DIRECTORIES
+    target_include_directories(${target} BEFORE PRIVATE
         $<TARGET_PROPERTY:MTBX::classic_headers,INTERFACE_INCLUDE_DIRECTORIES>)
 
     # The target's include folders are known in the end.
@@ -85,12 +93,15 @@ function(_mtbx_mirror_includes target base mirror)
         foreach(folder IN LISTS folders)
             string(REGEX REPLACE "^\\$<BUILD_INTERFACE:(.*)>$" "\\1" folder "${folder}")
             cmake_path(IS_PREFIX base "${folder}" NORMALIZE is_inside)
-            cmake_path(RELATIVE_PATH folder BASE_DIRECTORY "${base}" OUTPUT_VARIABLE relative)
-            if(is_inside)
-                list(APPEND mirrored "$<BUILD_INTERFACE:${mirror}/${relative}>")
+            cmake_path(IS_PREFIX mirror "${folder}" NORMALIZE is_mirrored)
+            if(is_inside AND NOT is_mirrored)
+                cmake_path(RELATIVE_PATH folder BASE_DIRECTORY "${base}")
+                list(APPEND mirrored "$<BUILD_INTERFACE:${mirror}/${folder}>")
             endif()
         endforeach()
-        set_property(TARGET ${target} PROPERTY ${property} ${mirrored} ${folders})
+        list(PREPEND folders ${mirrored})
+        list(REMOVE_DUPLICATES folders)
+        set_property(TARGET ${target} PROPERTY ${property} "${folders}")
     endforeach()
 endfunction()
 

@@ -63,7 +63,7 @@ public:
     }
 
 private:
-    static const size_t none = static_cast<size_t>(-1);
+    static constexpr size_t none = static_cast<size_t>(-1);
 
     const Token &token(size_t i) const { return source_.tokens[places_[i]]; }
     std::string_view text(size_t i) const { return token(i).text(source_.text); }
