@@ -278,6 +278,8 @@ protected:
 TEST_F(ClassicSourceTool, WritesTheResultIntoAFolderThatItMakes)
 {
     write("old.c", "long a;\rchar *b = \"\\pb\";\r");
+    EXPECT_EQ(run({"--name=old.c", path("old.c"), path("new/folder/old.c")}), exitDone);
+    EXPECT_EQ(body({read("new/folder/old.c"), {}}), "long a;\nchar *b = MTBX_PASCAL_(3, \"\\001b\");\n");
     EXPECT_EQ(run({"--long=32", "--name=old.c", path("old.c"), path("new/folder/old.c")}), exitDone);
     EXPECT_EQ(body({read("new/folder/old.c"), {}}), "int a;\nchar *b = MTBX_PASCAL_(3, \"\\001b\");\n");
     EXPECT_EQ(output_.str(), "");
