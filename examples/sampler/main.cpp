@@ -13,6 +13,7 @@ namespace {
 struct Arguments {
     std::vector<std::string> documents;
     UInt64 memory = 0; // bytes, 0 for the library's own limit
+    int redraws = 0;
     bool isReporting = false;
 };
 
@@ -30,6 +31,8 @@ Arguments readArguments(int count, char **values)
     for (int i = 1; i < count; ++i) {
         if (strncmp(values[i], "--memory=", 9) == 0)
             arguments.memory = strtoull(values[i] + 9, nullptr, 10) * megabyte;
+        else if (strncmp(values[i], "--redraws=", 10) == 0)
+            arguments.redraws = atoi(values[i] + 10);
         else if (strcmp(values[i], "--report") == 0)
             arguments.isReporting = true;
         else
@@ -172,12 +175,6 @@ void update(WindowPtr window)
     EndUpdate(window);
 }
 
-void report()
-{
-    printf("handled: mouse %u, keys %u, updates %u, activations %u, other %u\n", handled[mouseDown],
-           handled[keyDown] + handled[autoKey], handled[updateEvt], handled[activateEvt], handled[osEvt]);
-}
-
 void run()
 {
     constexpr UInt32 sleep = 60;
@@ -230,13 +227,17 @@ int main(int count, char **values)
     HostKitAddPurgeProc(purgeDocuments);
     HostKitSetEventProc([](const EventRecord *event) { handleEvent(*event); });
     openPalette();
+    noteMemory();
     for (const std::string &path : arguments.documents)
         openDocument(path);
-    run();
+    if (arguments.redraws > 0)
+        measureRedraws(arguments.redraws);
+    else
+        run();
     closeAllDocuments();
-    closePalette();
-    HostKitStop();
     if (arguments.isReporting)
         report();
+    closePalette();
+    HostKitStop();
     return 0;
 }
