@@ -13,12 +13,12 @@ BOOL CALLBACK add(HWND window, LPARAM list)
     return TRUE;
 }
 
+} // namespace
+
 bool hasCaption(HWND window)
 {
     return (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
 }
-
-} // namespace
 
 // EnumWindows goes by what lies on top; EnumThreadWindows need not.
 Windows windowsOnDesktop()
