@@ -14,18 +14,27 @@ Point lastMove;
 
 constexpr int mostMessagesAtOnce = 500; // a flood must not keep the program from its own events
 
+// Input stays where it is while there is no room for it, and while the system follows the mouse.
+bool isInputLeft()
+{
+    return isInputFull() || (isTracking() && Button());
+}
+
 bool takeMessage(MSG &message)
 {
     UINT flags = PM_REMOVE;
-    if (isInputFull())
+    if (isInputLeft())
         flags |= PM_QS_PAINT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
     return PeekMessageA(&message, nullptr, 0, 0, flags);
 }
 
-void deliverMessages()
+void deliverMessages(EventMask mask)
 {
     MSG message;
-    for (int i = 0; i < mostMessagesAtOnce && takeMessage(message); ++i) {
+    for (int i = 0; i < mostMessagesAtOnce; ++i) {
+        makeRoomFor(mask);
+        if (!takeMessage(message))
+            return;
         if (message.message == WM_QUIT) {
             askToQuit();
             continue;
@@ -46,7 +55,7 @@ void letGoOfMouse()
 
 bool takeMouseMove(EventMask mask, RgnHandle mouseRgn, EventRecord &event)
 {
-    if (!(mask & osMask) || !mouseRgn || EmptyRgn(mouseRgn))
+    if (!(mask & osMask) || !isProgramActive() || !mouseRgn || EmptyRgn(mouseRgn))
         return false;
     Point mouse;
     GetGlobalMouse(&mouse);
@@ -59,11 +68,15 @@ bool takeMouseMove(EventMask mask, RgnHandle mouseRgn, EventRecord &event)
     return true;
 }
 
-// The event passes through the slot, as the library's own calls expect.
-bool handOver(EventRecord &found, EventRecord *event)
+// The event passes through the slot, as the library's own calls expect. What waits there for another mask stays.
+bool handOver(const EventRecord &found, EventRecord *event)
 {
+    EventRecord kept = gTheEvent;
     gTheEvent = found;
-    return GetNextEvent(everyEvent, event) != 0;
+    bool isEvent = GetNextEvent(everyEvent, event) != 0;
+    if (kept.what != nullEvent)
+        gTheEvent = kept;
+    return isEvent;
 }
 
 bool giveNull(EventRecord *event)
@@ -99,14 +112,11 @@ private:
 
 void sleepUpTo(DWORD milliseconds)
 {
-    // Input that there is no room for must not end the sleep at once.
-    DWORD flags = MWMO_ALERTABLE | (isInputFull() ? 0u : unsigned{MWMO_INPUTAVAILABLE});
-    MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT, flags);
-}
-
-bool isButtonHeld()
-{
-    return StillDown() && !isReleasePending();
+    // The names of some headers have bits that older systems refuse.
+    constexpr DWORD mouseAndKeys = 0x0007, all = 0x04FF;
+    // Input that is left where it is must not end the sleep.
+    DWORD wakers = isInputLeft() ? all & ~mouseAndKeys : all;
+    MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, wakers, MWMO_ALERTABLE | MWMO_INPUTAVAILABLE);
 }
 
 // While the mouse rests the processor may, too.
@@ -132,6 +142,15 @@ void leaveSystemLoop()
     systemLoopDepth = std::max(systemLoopDepth - 1, 0);
 }
 
+SystemLoop::SystemLoop() : depthBefore_(systemLoopDepth++)
+{
+}
+
+SystemLoop::~SystemLoop()
+{
+    systemLoopDepth = depthBefore_;
+}
+
 bool isInSystemLoop()
 {
     return systemLoopDepth > 0;
@@ -143,9 +162,23 @@ void handleInSystemLoop(EventRecord &event)
         return;
     GrafPtr port;
     GetPort(&port);
+    HWND native = nativeOf(port);
     eventProc(&event);
-    if (port != nullptr)
+    bool isGone = native && !isStill(port, native);
+    if (port && !isGone)
         MacSetPort(port);
+}
+
+void forgetLoops()
+{
+    systemLoopDepth = 0;
+    eventProc = nullptr;
+    lastMove = {};
+}
+
+bool isButtonHeld()
+{
+    return StillDown() && !hasInput(mUpMask);
 }
 
 } // namespace hostkit
@@ -157,7 +190,7 @@ Boolean HostKitWaitNextEvent(EventMask mask, EventRecord *event, UInt32 sleep, R
     Deadline deadline(sleep);
     EventRecord found = {};
     for (;;) {
-        deliverMessages();
+        deliverMessages(mask);
         letGoOfMouse();
         if (nextEvent(mask, found, true) || takeMouseMove(mask, mouseRgn, found))
             return handOver(found, event);
@@ -175,7 +208,7 @@ Boolean HostKitGetNextEvent(EventMask mask, EventRecord *event)
 
 Boolean HostKitEventAvail(EventMask mask, EventRecord *event)
 {
-    deliverMessages();
+    deliverMessages(mask);
     if (nextEvent(mask, *event, false))
         return true;
     return giveNull(event);
@@ -183,8 +216,10 @@ Boolean HostKitEventAvail(EventMask mask, EventRecord *event)
 
 void HostKitFlushEvents(EventMask which, EventMask stop)
 {
-    deliverMessages();
-    flushInput(which, stop);
+    // Input beyond what there was room for comes behind what goes.
+    do
+        deliverMessages(0);
+    while (flushInput(which, stop));
 }
 
 Boolean HostKitStillDown()
@@ -199,10 +234,12 @@ Boolean HostKitWaitMouseUp()
 {
     if (HostKitStillDown())
         return true;
+    EventRecord release;
     MSG message;
-    PeekMessageA(&message, nullptr, WM_LBUTTONUP, WM_LBUTTONUP, PM_REMOVE);
-    PeekMessageA(&message, nullptr, WM_RBUTTONUP, WM_RBUTTONUP, PM_REMOVE);
-    flushInput(mUpMask, 0);
+    if (!takeInputEvent(mUpMask, release, true)) {
+        PeekMessageA(&message, nullptr, WM_LBUTTONUP, WM_LBUTTONUP, PM_REMOVE)
+            || PeekMessageA(&message, nullptr, WM_NCLBUTTONUP, WM_NCLBUTTONUP, PM_REMOVE);
+    }
     letGoOfMouse();
     return false;
 }
