@@ -8,6 +8,8 @@ namespace {
 
 HostKitEventProcPtr eventProc;
 int systemLoopDepth;
+// The program has taken all its events, or only looks where the mouse is.
+bool isWaiting;
 
 // Where the mouse was when a movement was last an event.
 Point lastMove;
@@ -189,16 +191,24 @@ Boolean HostKitWaitNextEvent(EventMask mask, EventRecord *event, UInt32 sleep, R
 {
     Deadline deadline(sleep);
     EventRecord found = {};
-    for (;;) {
+    for (isWaiting = false;;) {
         deliverMessages(mask);
         letGoOfMouse();
-        if (nextEvent(mask, found, true) || takeMouseMove(mask, mouseRgn, found))
+        if (nextEvent(mask, found, true) || takeMouseMove(mask, mouseRgn, found)) {
+            isWaiting = false;
             return handOver(found, event);
+        }
         DWORD left = deadline.left();
         if (left == 0)
             return giveNull(event);
+        isWaiting = true;
         sleepUpTo(left);
     }
+}
+
+Boolean HostKitIsWaiting()
+{
+    return isWaiting || isInSystemLoop();
 }
 
 Boolean HostKitGetNextEvent(EventMask mask, EventRecord *event)
@@ -224,6 +234,7 @@ void HostKitFlushEvents(EventMask which, EventMask stop)
 
 Boolean HostKitStillDown()
 {
+    isWaiting = true;
     if (!isButtonHeld())
         return false;
     yieldWhileAtRest();

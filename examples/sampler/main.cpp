@@ -5,6 +5,10 @@
 #include <cstdlib>
 #include <cstring>
 
+#ifdef SAMPLER_PLAYS_REPLAYS
+#include <replay.h>
+#endif
+
 bool isOver;
 UInt32 handled[16];
 
@@ -224,6 +228,9 @@ int main(int count, char **values)
         fputs("sampler: the main window cannot be made\n", stderr);
         return 1;
     }
+#ifdef SAMPLER_PLAYS_REPLAYS
+    Replay_SetIdleTest([] { return HostKitIsWaiting() != 0; });
+#endif
     HostKitAddPurgeProc(purgeDocuments);
     HostKitSetEventProc([](const EventRecord *event) { handleEvent(*event); });
     openPalette();
