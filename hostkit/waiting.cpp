@@ -22,12 +22,20 @@ bool isInputLeft()
     return isInputFull() || (isTracking() && Button());
 }
 
+// A queue that may be empty is not looked into: whoever watches a program, as replays do, takes a look in vain for a
+// sign that it has nothing left to do.
 bool takeMessage(MSG &message)
 {
     UINT flags = PM_REMOVE;
     if (isInputLeft())
         flags |= PM_QS_PAINT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
-    return PeekMessageA(&message, nullptr, 0, 0, flags);
+    return HIWORD(GetQueueStatus(QS_ALLINPUT)) && PeekMessageA(&message, nullptr, 0, 0, flags);
+}
+
+void lookInVain()
+{
+    MSG message;
+    PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
 }
 
 void deliverMessages(EventMask mask)
@@ -199,8 +207,10 @@ Boolean HostKitWaitNextEvent(EventMask mask, EventRecord *event, UInt32 sleep, R
             return handOver(found, event);
         }
         DWORD left = deadline.left();
-        if (left == 0)
+        if (left == 0) {
+            lookInVain();
             return giveNull(event);
+        }
         isWaiting = true;
         sleepUpTo(left);
     }

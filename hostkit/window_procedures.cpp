@@ -97,6 +97,10 @@ LRESULT CALLBACK windowProcedure(HWND native, UINT message, WPARAM wParam, LPARA
         if (window)
             noteGeometry(window);
         return 0;
+    case WM_GETMINMAXINFO:
+        // The system's least width has room for its menu's signs.
+        reinterpret_cast<MINMAXINFO *>(lParam)->ptMinTrackSize = {};
+        return 0;
     case WM_SETCURSOR:
         return setCursor(native, wParam, lParam);
     case WM_SYSCOMMAND:
