@@ -74,10 +74,12 @@ HWND frontOnDesktop()
     return nullptr;
 }
 
+// Palettes of tools float above the window that counts.
 HWND topmostWithTitle(HWND parent)
 {
     HWND window = GetWindow(parent, GW_CHILD);
-    while (window && !(IsWindowVisible(window) && hasCaption(window)))
+    auto isPalette = [](HWND each) { return (GetWindowLongA(each, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0; };
+    while (window && !(IsWindowVisible(window) && hasCaption(window) && !isPalette(window)))
         window = GetWindow(window, GW_HWNDNEXT);
     return window;
 }

@@ -173,7 +173,7 @@ void inject(const KEYBDINPUT &input)
     bool isUp = (input.dwFlags & KEYEVENTF_KEYUP) != 0;
     BYTE key = static_cast<BYTE>(input.wVk);
     if (input.dwFlags & KEYEVENTF_UNICODE)
-        key = 0xe7; // VK_PACKET: the scan code is the character
+        key = VK_PACKET; // the scan code is the character
     else if (input.dwFlags & KEYEVENTF_SCANCODE)
         key = static_cast<BYTE>(MapVirtualKeyA(input.wScan, 1));
     InputEvent event = newEvent(InputEvent::Kind::Key, input.time, input.dwExtraInfo);

@@ -42,11 +42,11 @@ bool hasTitle(const Window &window)
     return window.isTopLevel() || (window.style & WS_CAPTION) == WS_CAPTION;
 }
 
-// To be called with the lock held.
+// To be called with the lock held. Palettes of tools float above the window that counts.
 Window *topmostWithTitle(const Window &parent)
 {
     Window *window = parent.firstChild;
-    while (window && !(window->isVisible() && hasTitle(*window)))
+    while (window && !(window->isVisible() && hasTitle(*window) && !(window->extendedStyle & WS_EX_TOOLWINDOW)))
         window = window->next;
     return window;
 }
