@@ -65,6 +65,14 @@ void layOutMenuBar(HWND handle, int width)
         window->menuBarHeight = height;
 }
 
+HMENU usableMenuBar(HWND handle)
+{
+    UserLock lock;
+    const Window *window = findWindowQuietly(handle);
+    bool isUsable = window && hasMenuBar(*window) && window->menuBarHeight > 0 && !(window->style & WS_MINIMIZE);
+    return isUsable ? window->menu : nullptr;
+}
+
 void paintMenuBar(HWND window, HDC context, const RECT &bar)
 {
     HMENU menu = barOf(window);

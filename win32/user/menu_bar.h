@@ -8,6 +8,9 @@ namespace win32::user {
 // Lays out the bar of a window that is to be so wide, and notes the height. Asks the program, so it wants no lock.
 void layOutMenuBar(HWND window, int width);
 
+// The bar's menu while the user can work it; null for none.
+HMENU usableMenuBar(HWND window);
+
 // Paints the bar at a place of the window's context.
 void paintMenuBar(HWND window, HDC context, const RECT &bar);
 // Paints one item anew; the menu is the window's or nothing happens.

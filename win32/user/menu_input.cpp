@@ -268,25 +268,71 @@ void MenuLoop::selectEnd(int step)
     }
 }
 
-// The bar's next item, opened when the one before it was.
+// The bar and the system menu stand in one row, and what comes next opens when the one before was open.
 void MenuLoop::moveToNeighbour(int step)
 {
-    int count = itemCount(0);
-    if (!isBar(0) || count == 0)
+    if (kind_ == Kind::Popup)
         return;
     bool wasOpen = levels_.size() > 1;
-    int item = std::max(levels_[0].selected, 0);
+    int count = itemCount(0), item = std::max(levels_[0].selected, 0) + step;
     closeDown(0);
-    if (!isAlive())
+    bool isAtEnd = kind_ == Kind::System || item < 0 || item >= count;
+    if (!isAlive() || (isAtEnd && !changeRow()))
         return;
-    select(0, (item + step + count) % count, false);
+    count = itemCount(0);
+    select(0, isAtEnd ? (step > 0 ? 0 : count - 1) : item, false);
     if (wasOpen && isAlive())
         openSubMenu(0, Selection::First);
+}
+
+// From the bar to the system menu and back; to itself where there is no other. False when nothing can go on.
+bool MenuLoop::changeRow()
+{
+    bool isToSystem = kind_ == Kind::Bar;
+    HMENU next = isToSystem ? preparedSystemMenu(owner_) : usableMenuBar(owner_);
+    if (next) {
+        select(0, -1, false);
+        kind_ = isToSystem ? Kind::System : Kind::Bar;
+        root_ = next;
+        levels_[0].menu = next;
+        levels_[0].isOfSystem = isToSystem;
+    }
+    return isAlive() && itemCount(0) > 0;
+}
+
+// The item beside the selected one in the next column; false where there is none.
+bool MenuLoop::moveToColumn(int step)
+{
+    size_t level = levels_.size() - 1;
+    if (!levels_[level].popup)
+        return false;
+    int found = -1;
+    {
+        UserLock lock;
+        const Menu *menu = findMenuQuietly(levels_[level].menu);
+        int selected = levels_[level].selected;
+        if (!menu || selected < 0 || static_cast<size_t>(selected) >= menu->items.size())
+            return false;
+        const RECT &from = menu->items[static_cast<size_t>(selected)].rect;
+        for (int item = selected; item >= 0 && static_cast<size_t>(item) < menu->items.size(); item += step) {
+            const RECT &rect = menu->items[static_cast<size_t>(item)].rect;
+            bool isBeside = rect.left != from.left && rect.top < from.bottom && rect.bottom > from.top;
+            if (isBeside && !menu->items[static_cast<size_t>(item)].isSeparator()) {
+                found = item;
+                break;
+            }
+        }
+    }
+    if (found >= 0)
+        select(level, found, false);
+    return found >= 0;
 }
 
 void MenuLoop::goLeft()
 {
     bool isInSubMenu = levels_.size() > (kind_ == Kind::Popup ? 1u : 2u);
+    if (moveToColumn(-1))
+        return;
     if (isInSubMenu)
         closeDeepest();
     else
@@ -299,7 +345,7 @@ void MenuLoop::goRight()
     bool hasSubMenu = levels_[level].popup && subMenuOf(level, levels_[level].selected);
     if (hasSubMenu)
         openSubMenu(level, Selection::First);
-    else
+    else if (!moveToColumn(1))
         moveToNeighbour(1);
 }
 
@@ -366,6 +412,11 @@ void MenuLoop::execute(size_t level, int item)
 void MenuLoop::takeCharacter(WORD character)
 {
     size_t level = levels_.size() - 1;
+    if (character == ' ' && isBar(level)) {
+        if (changeRow())
+            execute(0, 0);
+        return;
+    }
     bool isOnly = false;
     int item = findCharacter(level, character, isOnly);
     if (item < 0)

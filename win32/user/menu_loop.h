@@ -108,6 +108,8 @@ private:
     void moveSelection(int step);
     void selectEnd(int step);
     void moveToNeighbour(int step);
+    bool moveToColumn(int step);
+    bool changeRow();
     void goLeft();
     void goRight();
     void enter();

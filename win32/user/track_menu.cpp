@@ -1,6 +1,6 @@
 // What opens menus: TrackPopupMenu, and the default answers to presses and keys in frames.
-#include "frame.h"
 #include "kernel/kernel_internal.h"
+#include "menu_bar.h"
 #include "menu_loop.h"
 #include "message_queue.h"
 #include "system_menu.h"
@@ -59,14 +59,6 @@ HWND menuWindowOf(HWND handle)
     return window ? window->hwnd() : nullptr;
 }
 
-HMENU usableBarOf(HWND handle)
-{
-    UserLock lock;
-    const Window *window = findWindowQuietly(handle);
-    bool isUsable = window && hasMenuBar(*window) && window->menuBarHeight > 0 && !(window->style & WS_MINIMIZE);
-    return isUsable ? window->menu : nullptr;
-}
-
 bool canBegin(HWND window)
 {
     return !MenuLoop::current() && isOfThread(window);
@@ -78,7 +70,7 @@ void trackMenuByMouse(HWND handle, int hit, POINT point)
 {
     HWND window = menuWindowOf(handle);
     bool isSystem = hit == HTSYSMENU;
-    HMENU root = guarded(HMENU{}, [&] { return isSystem ? preparedSystemMenu(window) : usableBarOf(window); });
+    HMENU root = guarded(HMENU{}, [&] { return isSystem ? preparedSystemMenu(window) : usableMenuBar(window); });
     if (!root || !canBegin(window))
         return;
     MenuLoop loop(window, root, isSystem ? MenuLoop::Kind::System : MenuLoop::Kind::Bar, 0);
@@ -88,7 +80,7 @@ void trackMenuByMouse(HWND handle, int hit, POINT point)
 void trackMenuByKey(HWND handle, WORD character)
 {
     HWND window = menuWindowOf(handle);
-    HMENU bar = character == ' ' ? nullptr : usableBarOf(window);
+    HMENU bar = character == ' ' ? nullptr : usableMenuBar(window);
     bool isForSystem = !bar && (character == 0 || character == ' ');
     HMENU root = bar ? bar : guarded(HMENU{}, [&] { return isForSystem ? preparedSystemMenu(window) : nullptr; });
     if (!root) {

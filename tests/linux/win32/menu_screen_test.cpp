@@ -194,6 +194,27 @@ TEST_F(MenusOnTheScreen, AnAnswerToACharacterMaySelectAnItem)
     EXPECT_EQ(track(edit, TPM_RETURNCMD), 21);
 }
 
+TEST_F(MenusOnTheScreen, LeftAndRightGoThroughColumnsTheBarAndTheSystemMenu)
+{
+    HMENU columns = CreatePopupMenu();
+    for (UINT i = 1; i <= 6; ++i)
+        AppendMenuA(columns, i == 4 ? UINT{MF_MENUBARBREAK} : 0u, i, "Item");
+    thenType({VK_DOWN, VK_DOWN, VK_RIGHT, VK_RETURN});
+    EXPECT_EQ(track(columns, TPM_RETURNCMD), 5);
+    thenType({VK_UP, VK_LEFT, VK_RETURN});
+    EXPECT_EQ(track(columns, TPM_RETURNCMD), 3);
+    DestroyMenu(columns);
+    told.clear();
+    names[GetSystemMenu(window, FALSE)] = "system";
+    type({VK_F10, VK_LEFT, VK_DOWN, VK_RIGHT, VK_RIGHT, VK_RIGHT, VK_RIGHT, VK_ESCAPE});
+    serve();
+    EXPECT_EQ(told, (Told{"enter 0", "init bar", "select 0 in bar", "select 0 in another", "open system 0",
+                          "select 61728 in system", "close system", "select 0 in bar", "open file 0", "select 1 in file",
+                          "close file", "select 1 in bar", "open edit 1", "select 2 in edit", "close edit", "select 5 in bar",
+                          "select 0 in another", "select nothing", "exit 0"}));
+    GetSystemMenu(window, TRUE);
+}
+
 TEST_F(MenusOnTheScreen, AGrayedCloseItemTakesTheButtonAway)
 {
     HMENU system = GetSystemMenu(window, FALSE);
