@@ -208,6 +208,9 @@ void MenuLoop::release(POINT point, bool isRight)
     select(place.level, place.item, true);
     if (isAlive())
         choose(place.level, place.item);
+    bool hasNothingOpen = !isOver_ && isBar(place.level) && levels_.size() == 1;
+    if (hasNothingOpen)
+        end();
 }
 
 void MenuLoop::wheel(int delta)

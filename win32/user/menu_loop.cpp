@@ -158,11 +158,15 @@ void MenuLoop::serve(const MSG &message)
     }
 }
 
-// The capture goes first, so that the program knows at the messages below that the menu is over.
+// The capture goes first, so that the program knows at the messages below that the menu is over. A menu that this
+// one was opened over goes on.
 void MenuLoop::finish()
 {
     isOver_ = true;
-    if (GetCapture() == owner_)
+    HWND next = outer_ && !outer_->isOver_ ? outer_->owner_ : nullptr;
+    if (GetCapture() == owner_ && next)
+        SetCapture(next);
+    else if (GetCapture() == owner_)
         ReleaseCapture();
     closeDown(0);
     if (!levels_.empty())

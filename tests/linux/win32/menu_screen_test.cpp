@@ -215,6 +215,27 @@ TEST_F(MenusOnTheScreen, LeftAndRightGoThroughColumnsTheBarAndTheSystemMenu)
     GetSystemMenu(window, TRUE);
 }
 
+TEST_F(MenusOnTheScreen, APopupOverAnotherNeedsAFlagAndLeavesTheOtherOpen)
+{
+    then([&] {
+        SetLastError(0);
+        EXPECT_FALSE(track(edit, TPM_RETURNCMD));
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_POPUP_ALREADY_ACTIVE));
+        thenType({VK_DOWN, VK_DOWN, VK_RETURN});
+        EXPECT_EQ(track(edit, TPM_RETURNCMD | TPM_RECURSE), 21);
+        thenType({VK_DOWN, VK_RETURN});
+    });
+    EXPECT_EQ(track(file, TPM_RETURNCMD), 1);
+}
+
+TEST_F(MenusOnTheScreen, AGrayedItemOfTheBarOpensNothing)
+{
+    EnableMenuItem(bar, 0, MF_BYPOSITION | MF_GRAYED);
+    clickAt(barItem(0));
+    serve();
+    EXPECT_EQ(told, (Told{"enter 0", "init bar", "select 0 in bar", "select nothing", "exit 0"}));
+}
+
 TEST_F(MenusOnTheScreen, AGrayedCloseItemTakesTheButtonAway)
 {
     HMENU system = GetSystemMenu(window, FALSE);
