@@ -267,11 +267,20 @@ void paintItem(HDC context, HWND owner, HMENU menu, const ItemPicture &picture, 
         drawArrow(context, picture);
 }
 
-size_t itemCount(HMENU handle)
+// The first item from an index on that an area of the context shows; false for none.
+bool nextShown(HMENU handle, MenuLook look, const RECT &area, size_t &index)
 {
     UserLock lock;
     const Menu *menu = findMenuQuietly(handle);
-    return menu ? menu->items.size() : 0;
+    int shift = menu && look == MenuLook::Popup ? menu->popupShift : 0;
+    for (; menu && index < menu->items.size(); ++index) {
+        const MenuItem &item = menu->items[index];
+        bool isShown = item.rect.top + shift < area.bottom && item.rect.bottom + shift > area.top;
+        isShown |= look == MenuLook::Popup && (item.type & MFT_MENUBARBREAK); // its line may go on into the area
+        if (isShown)
+            return true;
+    }
+    return false;
 }
 
 HBRUSH groundOf(HMENU handle)
@@ -306,8 +315,10 @@ void paintMenuItem(HDC context, HWND owner, HMENU menu, size_t index, MenuLook l
 void paintMenuItems(HDC context, HWND owner, HMENU menu, MenuLook look, const RECT &ground)
 {
     FillRect(context, &ground, groundOf(menu));
+    RECT area;
+    GetClipBox(context, &area);
     // The owner may change the menu meanwhile.
-    for (size_t index = 0; index < itemCount(menu); ++index) {
+    for (size_t index = 0; nextShown(menu, look, area, index); ++index) {
         paintMenuItem(context, owner, menu, index, look, ODA_DRAWENTIRE);
         if (look == MenuLook::Popup)
             guarded(false, [&] {
