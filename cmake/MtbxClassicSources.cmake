@@ -35,7 +35,7 @@ function(mtbx_classic_sources target)
         set(arg_BASE "${CMAKE_CURRENT_SOURCE_DIR}")
     endif()
     cmake_path(ABSOLUTE_PATH arg_BASE NORMALIZE OUTPUT_VARIABLE base)
-    set(mirror "${CMAKE_CURRENT_BINARY_DIR}/classic/${target}")
+    set(mirror "${CMAKE_CURRENT_BINARY_DIR}/classic-sources/${target}")
     _mtbx_classic_tool(tool tool_dependency)
 
     set(results "")
