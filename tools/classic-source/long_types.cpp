@@ -50,8 +50,8 @@ void narrowNumber(Source &source, const Token &token)
     std::string_view text = token.text(source.text);
     bool isHexadecimal = text.starts_with("0x") || text.starts_with("0X");
     size_t digits = isHexadecimal ? 2 : 0;
-    size_t suffix = std::min(text.find_first_not_of(isHexadecimal ? "0123456789abcdefABCDEF" : "0123456789", digits),
-                             text.size());
+    size_t suffix =
+        std::min(text.find_first_not_of(isHexadecimal ? "0123456789abcdefABCDEF" : "0123456789", digits), text.size());
     std::string letters(text.substr(suffix));
     std::transform(letters.begin(), letters.end(), letters.begin(), [](char c) { return c == 'l' ? 'L' : c; });
     if (letters != "L" && letters != "uL" && letters != "UL" && letters != "Lu" && letters != "LU")
