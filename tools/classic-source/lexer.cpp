@@ -248,9 +248,8 @@ private:
         size_t position = position_;
         for (;;) {
             char c = at(position), following = at(position + 1);
-            if ((c == 'e' || c == 'E' || c == 'p' || c == 'P') && (following == '+' || following == '-'))
-                position += 2;
-            else if (c == '\'' && isWordPart(following))
+            bool isExponent = c == 'e' || c == 'E' || c == 'p' || c == 'P';
+            if ((isExponent && (following == '+' || following == '-')) || (c == '\'' && isWordPart(following)))
                 position += 2;
             else if (isWordPart(c) || c == '.')
                 ++position;
