@@ -57,6 +57,8 @@ function(mtbx_classic_sources target)
         list(APPEND results "${result}")
     endforeach()
     target_sources(${target} PRIVATE ${results})
+    # Their names are not to meet what the target precompiles.
+    set_source_files_properties(${results} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
 
     # CodeWarrior's extension is not among those that CMake knows.
     set(named_cp "${results}")

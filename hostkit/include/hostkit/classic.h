@@ -17,9 +17,9 @@
 
 #include <string.h>
 
-#ifndef pascal
+/* The system's headers make it a calling convention, which procedures for the Toolbox do not have here. */
+#undef pascal
 #define pascal
-#endif
 #ifndef nil
 #define nil NULL
 #endif
@@ -34,7 +34,9 @@
 /* The host kit's part. */
 #define WaitNextEvent HostKitWaitNextEvent
 #define GetNextEvent HostKitGetNextEvent
+#define GetOSEvent HostKitGetNextEvent
 #define EventAvail HostKitEventAvail
+#define OSEventAvail HostKitEventAvail
 #define FlushEvents HostKitFlushEvents
 #define StillDown HostKitStillDown
 #define WaitMouseUp HostKitWaitMouseUp
@@ -49,6 +51,7 @@
 #define FrontWindow HostKitFrontWindow
 #define DragWindow HostKitDragWindow
 #define GrowWindow HostKitGrowWindow
+#define ZoomWindow HostKitZoomWindow
 #define TrackGoAway HostKitTrackGoAway
 #define TrackBox HostKitTrackBox
 #define DragGrayRgn HostKitDragGrayRgn
@@ -63,6 +66,10 @@ inline void ShowWindow(WindowPtr window)
 inline void MoveWindow(WindowPtr window, SInt16 h, SInt16 v, Boolean front)
 {
     HostKitMoveWindow(window, h, v, front);
+}
+inline void CloseWindow(WindowPtr window)
+{
+    HostKitCloseWindow(window);
 }
 inline SInt16 FindWindow(Point where, WindowPtr *window)
 {
@@ -181,6 +188,7 @@ inline void LoadResource(Handle resource)
 #undef DrawText
 #define ShowWindow HostKitShowWindow
 #define MoveWindow HostKitMoveWindow
+#define CloseWindow HostKitCloseWindow
 #define FindWindow HostKitFindWindow
 #define SetPort MacSetPort
 #define SetRect MacSetRect
@@ -232,19 +240,23 @@ static inline void SysBeep(SInt16 duration)
 /* What is to be drawn of the current port's window. */
 static inline void InvalRect(const Rect *rect)
 {
-    InvalWindowRect((WindowPtr)qd.thePort, rect);
+    if (qd.thePort)
+        InvalWindowRect((WindowPtr)qd.thePort, rect);
 }
 static inline void ValidRect(const Rect *rect)
 {
-    ValidWindowRect((WindowPtr)qd.thePort, rect);
+    if (qd.thePort)
+        ValidWindowRect((WindowPtr)qd.thePort, rect);
 }
 static inline void InvalRgn(RgnHandle rgn)
 {
-    InvalWindowRgn((WindowPtr)qd.thePort, rgn);
+    if (qd.thePort)
+        InvalWindowRgn((WindowPtr)qd.thePort, rgn);
 }
 static inline void ValidRgn(RgnHandle rgn)
 {
-    ValidWindowRgn((WindowPtr)qd.thePort, rgn);
+    if (qd.thePort)
+        ValidWindowRgn((WindowPtr)qd.thePort, rgn);
 }
 
 /* Windows, dialogs and ports are one record here. */

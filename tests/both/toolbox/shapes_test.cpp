@@ -42,6 +42,9 @@ TEST_F(Shapes, StraightLinesAreThePenDrawnOutToTheirEnd)
             MacLineTo(h, v);
         });
         EXPECT_EQ(port()->pnLoc, (Point{v, h}));
+        POINT native;
+        GetCurrentPositionEx(context(), &native);
+        EXPECT_TRUE(native.x == h && native.y == v) << "the context's position follows";
         EXPECT_EQ(line, rectangles({painted})) << h << ", " << v;
         std::string relative = drawn([&] {
             MoveTo(10, 10);
@@ -69,17 +72,6 @@ TEST_F(Shapes, LinesThatLeaveTheRangeAreCutAndThePenIsNot)
     MacLineTo(32760, 32700);
     EXPECT_TRUE(isBlack(6, 6));
     EXPECT_EQ(port()->pnLoc, (Point{32700, 32760}));
-}
-
-TEST_F(Shapes, TheContextsPositionFollowsThePen)
-{
-    POINT native;
-    for (auto [h, v] : {std::pair(20, 10), std::pair(30, 40), std::pair(30, 40)}) {
-        MacLineTo(static_cast<SInt16>(h), static_cast<SInt16>(v));
-        GetCurrentPositionEx(context(), &native);
-        EXPECT_EQ(native.x, h);
-        EXPECT_EQ(native.y, v);
-    }
 }
 
 TEST_F(Shapes, DiagonalLinesAreThoseOfAPatternPenOfGdi)
@@ -253,21 +245,11 @@ TEST_F(Shapes, ThreeModesOfPaintRectLookAtThePixelsBelow)
     EXPECT_EQ(memory.pixel(13, 11), 0x123456u);
     EXPECT_EQ(GetTextColor(context()), RGB(255, 0, 0));
     EXPECT_EQ(GetBkColor(context()), RGB(0, 0, 255));
-    Rect empty = ltrb(20, 20, 20, 30);
-    PaintRect(&empty);
-}
-
-TEST_F(Shapes, MergedRectanglesKeepTheirPhaseAtAnyOrigin)
-{
-    Pattern pattern = {{0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}};
-    PenPat(&pattern);
-    PenMode(patOr);
     SetOrigin(-3, -5);
-    Rect rect = ltrb(0, 1, 20, 5);
-    PaintRect(&rect);
-    for (int h = 0; h < 20; ++h)
-        EXPECT_EQ(isBlack(h + 3, 6), h % 8 == 7) << h;
-    EXPECT_EQ(countBlack(), 2);
+    rect = ltrb(10, 5, 26, 8);
+    paint(patOr);
+    for (int x = 13; x < 29; ++x)
+        EXPECT_EQ(memory.pixel(x, 10), (x - 3) % 8 >= 5 ? 0x123456u : 0u) << "at another origin: " << x;
 }
 
 TEST_F(Shapes, MergedRectanglesKnowTheOrderOfPixelsAndTheBitsHook)
@@ -371,17 +353,10 @@ TEST_F(Shapes, FramedOvalsAreDotsOfThePen)
     Rect farthest = ltrb(-32768, -32768, 32767, 32767);
     FrameOval(&farthest);
     EXPECT_EQ(port()->pnLoc, (Point{-1, -32768}));
-}
-
-TEST_F(Shapes, DotsOfAFramedOvalGoToTheLineHook)
-{
     static std::vector<Point> seen;
-    seen.clear();
     setHook([](CQDProcs &hooks) { hooks.lineProc = [](Point point) { seen.push_back(point); }; });
-    Rect rect = ltrb(3, 5, 40, 20);
-    FrameOval(&rect);
-    EXPECT_EQ(seen, dotsOf(rect, {1, 1}));
-    EXPECT_EQ(countBlack(), 0);
+    FrameOval(&rects[1]);
+    EXPECT_EQ(seen, dotsOf(rects[1], {1, 1}));
 }
 
 TEST_F(Shapes, OvalsAreThoseOfGdi)
@@ -480,19 +455,6 @@ TEST_F(Shapes, RegionsAreFramedPaintedErasedInvertedAndFilled)
     DisposeRgn(hole);
 }
 
-TEST_F(Shapes, DrawingKeepsToClipAndOrigin)
-{
-    SetOrigin(10, 20);
-    Rect clip = ltrb(15, 25, 30, 40), rect = ltrb(10, 20, 74, 84);
-    ClipRect(&clip);
-    // The clip was set under the present origin.
-    std::string expected = rectangles({ltrb(15, 25, 30, 40)});
-    EXPECT_EQ(drawn([&] { PaintRect(&rect); }), expected);
-    EXPECT_TRUE(isBlack(5, 5));
-    EXPECT_FALSE(isBlack(4, 5));
-    EXPECT_FALSE(isBlack(20, 5));
-}
-
 TEST_F(Shapes, HooksDrawInTheLibrarysPlace)
 {
     setHook([](CQDProcs &hooks) {
@@ -556,42 +518,37 @@ TEST_F(Shapes, ScrollingMovesPixelsAndErasesWhatItUncovers)
     }
 }
 
+// Every call.
+void drawAll()
+{
+    Rect rect = ltrb(1, 1, 9, 9);
+    Point points[2] = {};
+    RGBColor color;
+    MoveTo(1, 1), MacLineTo(5, 5), MacLineTo(5, 9), Line(1, 1), MTBX_PolyLine(2, points);
+    MacFrameRect(&rect), EraseRect(&rect), MacInvertRect(&rect), MacFillRect(&rect, &stripes);
+    for (SInt16 mode : {srcBic, patOr, blend, patCopy})
+        PenMode(mode), PaintRect(&rect);
+    FrameOval(&rect), PaintOval(&rect), EraseOval(&rect), InvertOval(&rect), FillOval(&rect, &stripes);
+    FrameRoundRect(&rect, 2, 2), InvertRoundRect(&rect, 2, 2), ScrollRect(&rect, 1, 1, nullptr);
+    MacFrameRgn(nullptr), MacPaintRgn(nullptr), EraseRgn(nullptr), MacInvertRgn(nullptr);
+    MacFillRgn(nullptr, &stripes);
+    FramePoly(nullptr), PaintPoly(nullptr), KillPoly(nullptr), OffsetPoly(nullptr, 1, 1), ClosePoly();
+    OpenPoly2(), ClosePoly2(), FramePoly2(nullptr), PaintPoly2(nullptr), InvertPoly2(nullptr);
+    GetCPixel(0, 0, &color), GetCPixel(0, 0, nullptr), SetCPixel(0, 0, &color), MacGetPixel(-32768, 0);
+}
+
 TEST_F(Shapes, APortWithoutContextDrawsNothing)
 {
     CGrafPtr bare = CreateNewPort();
     MacSetPort(bare);
-    Rect rect = ltrb(1, 1, 9, 9);
-    RgnHandle rgn = NewRgn();
-    RGBColor color;
-    MoveTo(1, 1);
-    MacLineTo(5, 5), MacLineTo(5, 9), MacFrameRect(&rect), PaintRect(&rect), EraseRect(&rect), MacInvertRect(&rect);
-    MacFillRect(&rect, &stripes), FrameOval(&rect), PaintOval(&rect), EraseOval(&rect), InvertOval(&rect);
-    FrameRoundRect(&rect, 2, 2), InvertRoundRect(&rect, 2, 2);
-    MacFrameRgn(rgn), MacPaintRgn(rgn), EraseRgn(rgn), MacInvertRgn(rgn), MacFillRgn(rgn, &stripes);
-    ScrollRect(&rect, 1, 1, rgn);
-    for (SInt16 mode : {srcBic, patOr, blend}) {
-        PenMode(mode);
-        PaintRect(&rect);
-    }
-    OpenPoly2(), ClosePoly2(), FramePoly2(nullptr), PaintPoly2(nullptr), InvertPoly2(nullptr);
-    GetCPixel(0, 0, &color), GetCPixel(0, 0, nullptr), SetCPixel(0, 0, &color), MacGetPixel(-32768, 0);
+    drawAll();
     EXPECT_EQ(QDError(), noErr);
-    DisposeRgn(rgn);
     DisposePort(bare);
-}
-
-TEST(ShapesWithoutPort, NothingHappens)
-{
+    MTBX_ShutdownGraf();
     ASSERT_FALSE(+qd.thePort);
-    Rect rect = ltrb(1, 1, 9, 9);
-    Point points[2] = {};
-    MacLineTo(5, 5), Line(1, 1), MTBX_PolyLine(2, points), MacFrameRect(&rect), PaintRect(&rect), EraseRect(&rect);
-    MacInvertRect(&rect), MacFillRect(&rect, &stripes), FrameOval(&rect), PaintOval(&rect), EraseOval(&rect);
-    InvertOval(&rect), FillOval(&rect, &stripes), FrameRoundRect(&rect, 2, 2), InvertRoundRect(&rect, 2, 2);
+    drawAll(); // nor is there one at all now
     EXPECT_FALSE(OpenPoly());
-    ClosePoly(), FramePoly(nullptr), PaintPoly(nullptr), KillPoly(nullptr), OffsetPoly(nullptr, 1, 1);
-    MacFrameRgn(nullptr), MacPaintRgn(nullptr), EraseRgn(nullptr), MacInvertRgn(nullptr);
-    MacFillRgn(nullptr, &stripes), ScrollRect(&rect, 1, 1, nullptr);
+    InitGraf(nullptr);
 }
 
 } // namespace

@@ -1,0 +1,1 @@
+#include "HostKitTest.h"

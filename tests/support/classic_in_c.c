@@ -1,0 +1,1 @@
+#include <hostkit/classic.h>
