@@ -14,7 +14,8 @@ set_target_properties(${libraries} PROPERTIES INSTALL_RPATH "$ORIGIN")
 file(RELATIVE_PATH libraries_from_tools "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
 set_target_properties(${tools} PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_tools}")
 
-install(TARGETS ${libraries} hostkit classic_headers ${tools} EXPORT MTBXTargets INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(TARGETS ${libraries} hostkit classic_headers ${tools} EXPORT MTBXTargets
+    INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 install(DIRECTORY include/mtbx DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 if(NOT WIN32)
     target_include_directories(win32 INTERFACE "$<INSTALL_INTERFACE:${win32_headers}>")

@@ -43,8 +43,10 @@ expect_relocatable("${prefix}")
 
 run(unused "${CMAKE_COMMAND}" -S "${SOURCES}" -B "${WORK}/host" "-DCMAKE_PREFIX_PATH=${prefix}" ${OPTIONS})
 run(unused "${CMAKE_COMMAND}" --build "${WORK}/host" --config "${CONFIGURATION}")
-file(GLOB host "${WORK}/host/host" "${WORK}/host/host.exe")
-expect_greeting("Hello" ${EMULATOR} "${host}")
+foreach(name IN ITEMS host classic)
+    file(GLOB program "${WORK}/host/${name}" "${WORK}/host/${name}.exe")
+    expect_greeting("Hello" ${EMULATOR} "${program}")
+endforeach()
 
 if(PKG_CONFIG)
     set(ENV{PKG_CONFIG_PATH} "${prefix}/lib/pkgconfig")
