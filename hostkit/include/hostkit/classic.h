@@ -59,6 +59,7 @@
 #define TrackBox HostKitTrackBox
 #define DragGrayRgn HostKitDragGrayRgn
 #define SetGrowZone HostKitSetGrowZone
+#define HiliteMenu HostKitHiliteMenu
 
 /* Names that Win32 has, too. */
 #ifdef __cplusplus
