@@ -189,6 +189,7 @@ inline void LoadResource(Handle resource)
 #else
 #undef FindWindow
 #undef DrawText
+#undef SetPort
 #define ShowWindow HostKitShowWindow
 #define MoveWindow HostKitMoveWindow
 #define CloseWindow HostKitCloseWindow

@@ -149,6 +149,12 @@ TEST_F(HostKitTracking, LetsTheProgramDrawMeanwhile)
     EXPECT_TRUE(std::find(seen.begin(), seen.end(), "update 1") != seen.end());
     EXPECT_EQ(qd.thePort, above);
     EXPECT_EQ(drain(), Names{}) << "what was drawn is not asked for again";
+    seen.clear();
+    EnableWindow(hWndMain, FALSE);
+    InvalWindowRect(above, &above->portRect);
+    UpdateWindow(nativeOf(above));
+    EnableWindow(hWndMain, TRUE);
+    EXPECT_EQ(seen, Names{"update 2"}) << "a dialog of the system's is such a loop, too";
     HostKitSetEventProc(nullptr);
     drag(above, -60, -50);
     EXPECT_EQ(drain(), Names{"update 1"}) << "without a procedure it waits";
