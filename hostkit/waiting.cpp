@@ -8,6 +8,8 @@ namespace {
 
 HostKitEventProcPtr eventProc;
 int systemLoopDepth;
+// The program has taken all its events.
+bool isWaiting;
 
 // Where the mouse was when a movement was last an event.
 Point lastMove;
@@ -20,12 +22,20 @@ bool isInputLeft()
     return isInputFull() || (isTracking() && Button());
 }
 
+// A queue that may be empty is not looked into: whoever watches a program, as replays do, takes a look in vain for a
+// sign that it has nothing left to do.
 bool takeMessage(MSG &message)
 {
     UINT flags = PM_REMOVE;
     if (isInputLeft())
         flags |= PM_QS_PAINT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
-    return PeekMessageA(&message, nullptr, 0, 0, flags);
+    return HIWORD(GetQueueStatus(QS_ALLINPUT)) && PeekMessageA(&message, nullptr, 0, 0, flags);
+}
+
+void lookInVain()
+{
+    MSG message;
+    PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
 }
 
 void deliverMessages(EventMask mask)
@@ -119,15 +129,32 @@ void sleepUpTo(DWORD milliseconds)
     MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, wakers, MWMO_ALERTABLE | MWMO_INPUTAVAILABLE);
 }
 
+// A program that follows the mouse has seen this place, and found the mouse there again.
+POINT restPlace;
+bool isAtRest;
+
+POINT cursorPlace()
+{
+    POINT mouse = {};
+    GetCursorPos(&mouse);
+    return mouse;
+}
+
+bool isMouseAtRest()
+{
+    POINT mouse = cursorPlace();
+    return isAtRest && mouse.x == restPlace.x && mouse.y == restPlace.y;
+}
+
 // While the mouse rests the processor may, too.
 void yieldWhileAtRest()
 {
-    static POINT last;
-    POINT mouse = {};
-    GetCursorPos(&mouse);
-    if (mouse.x == last.x && mouse.y == last.y)
-        MsgWaitForMultipleObjectsEx(0, nullptr, 2, QS_MOUSE, 0);
-    last = mouse;
+    constexpr DWORD moment = 2;
+    POINT mouse = cursorPlace();
+    isAtRest = mouse.x == restPlace.x && mouse.y == restPlace.y;
+    restPlace = mouse;
+    if (isAtRest)
+        MsgWaitForMultipleObjectsEx(0, nullptr, moment, QS_MOUSE, 0);
 }
 
 } // namespace
@@ -189,16 +216,27 @@ Boolean HostKitWaitNextEvent(EventMask mask, EventRecord *event, UInt32 sleep, R
 {
     Deadline deadline(sleep);
     EventRecord found = {};
+    isWaiting = isAtRest = false;
     for (;;) {
         deliverMessages(mask);
         letGoOfMouse();
-        if (nextEvent(mask, found, true) || takeMouseMove(mask, mouseRgn, found))
+        if (nextEvent(mask, found, true) || takeMouseMove(mask, mouseRgn, found)) {
+            isWaiting = false;
             return handOver(found, event);
+        }
         DWORD left = deadline.left();
-        if (left == 0)
+        if (left == 0) {
+            lookInVain();
             return giveNull(event);
+        }
+        isWaiting = true;
         sleepUpTo(left);
     }
+}
+
+Boolean HostKitIsWaiting()
+{
+    return isWaiting || isInSystemLoop() || isMouseAtRest();
 }
 
 Boolean HostKitGetNextEvent(EventMask mask, EventRecord *event)
@@ -224,10 +262,13 @@ void HostKitFlushEvents(EventMask which, EventMask stop)
 
 Boolean HostKitStillDown()
 {
-    if (!isButtonHeld())
-        return false;
-    yieldWhileAtRest();
-    return isButtonHeld();
+    bool isHeld = isButtonHeld();
+    if (isHeld) {
+        yieldWhileAtRest();
+        isHeld = isButtonHeld();
+    }
+    isAtRest = isAtRest && isHeld;
+    return isHeld;
 }
 
 Boolean HostKitWaitMouseUp()

@@ -91,6 +91,14 @@ void note(BYTE key, bool isUp)
         pressedSinceAsked[key] = true;
 }
 
+// For those who want to know whether a program follows the mouse without reading its messages.
+void noteLook(int key)
+{
+    bool isButton = key == VK_LBUTTON || key == VK_RBUTTON || key == VK_MBUTTON;
+    if (MessageQueue *queue = isButton ? MessageQueue::ofThread(GetCurrentThreadId()) : nullptr)
+        queue->buttonLooks.fetch_add(1, std::memory_order_relaxed);
+}
+
 BYTE logicalButton(BYTE physical)
 {
     if (!screen::areButtonsSwapped() || physical == VK_MBUTTON)
@@ -204,6 +212,12 @@ POINT cursorPosition()
     return mouse.position;
 }
 
+bool isMouseButtonDown()
+{
+    UserLock lock;
+    return keysNow.isDown(VK_LBUTTON) || keysNow.isDown(VK_RBUTTON) || keysNow.isDown(VK_MBUTTON);
+}
+
 bool isToggled(BYTE key)
 {
     UserLock lock;
@@ -269,6 +283,7 @@ SHORT GetAsyncKeyState(int key)
     if (key < 0 || key > 255)
         return 0;
     UserLock lock;
+    noteLook(key);
     bool wasPressed = std::exchange(pressedSinceAsked[key], false);
     return static_cast<SHORT>((keysNow.isDown(key) ? 0x8000 : 0) | (wasPressed ? 1 : 0));
 }

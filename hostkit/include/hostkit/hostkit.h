@@ -132,6 +132,8 @@ Boolean HostKitGetNextEvent(EventMask mask, EventRecord *event);
 /* The same, and the event stays. */
 Boolean HostKitEventAvail(EventMask mask, EventRecord *event);
 void HostKitFlushEvents(EventMask which, EventMask stop);
+/* Whether the program has no event left and waits for the next: for what drives it from a message or another thread. */
+Boolean HostKitIsWaiting(void);
 /* Whether the button is still down from the press that was taken last; WaitMouseUp also removes the release when it
    is not. Both yield the processor for a moment while the mouse rests. */
 Boolean HostKitStillDown(void);
