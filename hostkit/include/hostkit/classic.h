@@ -190,6 +190,7 @@ inline void LoadResource(Handle resource)
 #else
 #undef FindWindow
 #undef DrawText
+#undef SetPort
 #define ShowWindow HostKitShowWindow
 #define MoveWindow HostKitMoveWindow
 #define CloseWindow HostKitCloseWindow
