@@ -14,6 +14,7 @@
 #define HOSTKIT_CLASSIC_H
 
 #include <hostkit/hostkit.h>
+#include <hostkit/pascal_literals.h>
 
 #ifndef __cplusplus
 #include <stdbool.h>
