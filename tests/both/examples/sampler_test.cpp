@@ -23,16 +23,16 @@ protected:
     Sampler()
     {
         for (const char *name : {"welcome.txt", "gallery.ini", "rose.bmp", "harbour.bmp", "hills.bmp"})
-            copy(name, name);
+            replays_.folder.write(name, sample(name));
     }
 
-    void copy(const std::string &sample, const std::string &name) const
+    static std::string sample(const std::string &name)
     {
-        CopyFileA((sampleFolder() + "samples\\" + sample).c_str(), replays_.folder.path(name).c_str(), FALSE);
+        return TemporaryFolder::readFile(sampleFolder() + "samples\\" + name);
     }
-    void copyHalf(const std::string &sample, const std::string &name) const
+    void writeHalf(const std::string &whole, const std::string &name) const
     {
-        std::string content = TemporaryFolder::readFile(sampleFolder() + "samples\\" + sample);
+        std::string content = sample(whole);
         replays_.folder.write(name, content.substr(0, content.size() / 2));
     }
     static std::string replay(const std::string &name) { return TemporaryFolder::readFile(sampleFolder() + name); }
@@ -73,8 +73,8 @@ TEST_F(Sampler, TheTourShowsWhatItShould)
 
 TEST_F(Sampler, SurvivesTrouble)
 {
-    copyHalf("gallery.ini", "cut.ini");
-    copyHalf("rose.bmp", "cut.bmp");
+    writeHalf("gallery.ini", "cut.ini");
+    writeHalf("rose.bmp", "cut.bmp");
     replays_.folder.write("cut.dll", "MZ, and nothing that a module has");
     replays_.folder.write("empty.txt", "");
     expectPlayed(replays_.play("sampler", replay("trouble.replay"), "", "rose.bmp cut.ini empty.txt hills.bmp"));
