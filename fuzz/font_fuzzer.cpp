@@ -20,7 +20,8 @@ void drawFrom(const FaceLocation &location, int height, int width, BYTE quality)
     strcpy(description.lfFaceName, "Fuzzed");
     auto source = faceSource(face, description, {height > 0, height > 0});
     for (char32_t character : {U'\1', U'A', U'g', U'\xe9', U'\x3042'})
-        glyphOf(source->load(character));
+        for (Posture posture : {Posture::WithLine, Posture::OnItsBack})
+            glyphOf(source->load(character, posture));
 }
 
 } // namespace

@@ -12,10 +12,10 @@
 extern "C" {
 #endif
 
-/* Justifications of TextBox. */
 /* The bits of a style. outline and those behind it show no difference. */
 enum { normal = 0, bold = 1, italic = 2, underline = 4, outline = 8, shadow = 0x10, condense = 0x20, extend = 0x40 };
 
+/* Justifications of TextBox. */
 enum { teJustLeft = 0, teJustCenter = 1, teJustRight = -1 };
 
 /* The text state of the current port. Of the style, bold (1), italic (2) and underline (4) count; the size is

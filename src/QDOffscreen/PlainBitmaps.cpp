@@ -26,6 +26,12 @@ Rows rowsOf(const BitMap &image)
             image.bounds.bottom - image.bounds.top};
 }
 
+// Coordinates may lie further apart than a size can tell, in the wrong order too.
+bool isSize(SInt32 distance)
+{
+    return distance > 0 && distance <= 32767;
+}
+
 void copyRows(const Rows &rows, char *to, SInt32 rowBytes)
 {
     auto length = static_cast<size_t>(std::min(rows.rowBytes, rowBytes));
@@ -66,9 +72,9 @@ PlainBitmap::~PlainBitmap()
 
 bool PlainBitmap::open(const BitMap &image, HDC compatibleContext)
 {
-    if (!image.baseAddr)
-        return false;
     Rows rows = rowsOf(image);
+    if (!rows.base || !isSize(rows.width) || !isSize(rows.height))
+        return false;
     map_.pixelSize = map_.cmpCount = map_.cmpSize = 1;
     map_.pmBitmap =
         createWorldBitmap(nullptr, static_cast<SInt16>(rows.width), static_cast<SInt16>(rows.height), 1, map_);

@@ -143,7 +143,7 @@ void MTBX_ForceBitmapCreationBitfields(Boolean force)
 
 bool isWorldDepth(SInt16 depth)
 {
-    return depth > 0 && depth <= 32 && (depth % 8 == 0 || depth == 1 || depth == 2 || depth == 4);
+    return depth > 0 && depth <= 32 && (depth % 8 == 0 || depth == 1 || depth == 4);
 }
 
 HBITMAP createWorldBitmap(HDC context, SInt16 width, SInt16 height, SInt16 depth, PixMap &map)

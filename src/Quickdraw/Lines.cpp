@@ -60,7 +60,7 @@ void MacLineTo(SInt16 h, SInt16 v)
         addToPath(port, context, h, v);
         return;
     }
-    if (port.polySave)
+    if (MTBX_RecordsPoly(port))
         MTBX_AppendPolyPoint(port, h, v);
     else if (context)
         drawLine(port, context, h, v);

@@ -6,12 +6,28 @@
 #include <mtbx/MacMemory.h>
 
 #include <cstddef>
+#include <iterator>
 
 namespace {
 
 constexpr SInt32 headerSize = offsetof(MacPolygon, polyPoints);
 constexpr SInt32 highestPolySize = 32767;
 constexpr Size growthStep = 40;
+
+// The polygons that ports record. One that is killed leaves it, whatever port is current, so that no recording
+// goes on into freed memory. The oldest of too many is dropped: its port may be gone.
+Handle recorded[16];
+
+void beginRecording(Handle poly)
+{
+    std::move_backward(std::begin(recorded), std::end(recorded) - 1, std::end(recorded));
+    recorded[0] = poly;
+}
+
+void endRecording(Handle poly)
+{
+    std::replace(std::begin(recorded), std::end(recorded), poly, Handle{});
+}
 
 Handle handleOf(PolyHandle poly)
 {
@@ -61,11 +77,14 @@ HRGN newRegion(PolyHandle poly)
     Ptr many = count > usualCount ? NewPtr(count * static_cast<Size>(sizeof(POINT))) : nullptr;
     if (!many && count > usualCount)
         return nullptr;
+    // The host may have purged the polygon when it was asked for memory.
+    count = std::min(count, countPoints(poly));
     POINT *corners = many ? reinterpret_cast<POINT *>(many) : few;
-    const Point *points = (*poly)->polyPoints;
-    for (SInt32 i = 0; i < count; ++i)
-        corners[i] = {points[i].h, points[i].v};
-    HRGN region = MTBX_CreatePolygonRgn(corners, count, ALTERNATE);
+    for (SInt32 i = 0; i < count; ++i) {
+        Point vertex = (*poly)->polyPoints[i];
+        corners[i] = {vertex.h, vertex.v};
+    }
+    HRGN region = count < fewestPoints ? nullptr : MTBX_CreatePolygonRgn(corners, count, ALTERNATE);
     if (many)
         DisposePtr(many);
     return region;
@@ -81,7 +100,26 @@ template <class Draw> void drawThroughRegion(PolyHandle poly, Draw draw)
         draw(context, region);
 }
 
+void stopRecording(GrafPort &port)
+{
+    endRecording(port.polySave);
+    port.polySave = nullptr;
+    if (port.pnVis > 0)
+        --port.pnVis;
+}
+
 } // namespace
+
+bool MTBX_RecordsPoly(GrafPort &port)
+{
+    if (!port.polySave) [[likely]]
+        return false;
+    Handle poly = port.polySave;
+    if (std::count(std::begin(recorded), std::end(recorded), poly))
+        return true;
+    stopRecording(port);
+    return false;
+}
 
 void MTBX_AppendPolyPoint(GrafPort &port, SInt16 h, SInt16 v)
 {
@@ -101,7 +139,7 @@ void MTBX_AppendPolyPoint(GrafPort &port, SInt16 h, SInt16 v)
 PolyHandle OpenPoly()
 {
     GrafPtr port = qd.thePort;
-    if (!port || port->polySave)
+    if (!port || MTBX_RecordsPoly(*port))
         return nullptr;
     Handle handle = NewHandle(sizeof(MacPolygon));
     if (!handle)
@@ -109,25 +147,24 @@ PolyHandle OpenPoly()
     auto poly = reinterpret_cast<PolyHandle>(handle);
     **poly = {static_cast<SInt16>(headerSize), {32767, 32767, -32768, -32768}, {}};
     port->polySave = handle;
+    beginRecording(handle);
     HidePen();
     return poly;
 }
 
 void ClosePoly()
 {
-    if (!qd.thePort || !qd.thePort->polySave)
-        return;
-    qd.thePort->polySave = nullptr;
-    ShowPen();
+    if (qd.thePort && qd.thePort->polySave)
+        stopRecording(*qd.thePort);
 }
 
 void KillPoly(PolyHandle poly)
 {
     if (!poly || poly == pathToken())
         return;
-    // A recording must not go on into freed memory.
     if (qd.thePort && qd.thePort->polySave == handleOf(poly))
         ClosePoly();
+    endRecording(handleOf(poly));
     DisposeHandle(handleOf(poly));
 }
 

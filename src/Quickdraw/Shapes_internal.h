@@ -97,7 +97,9 @@ inline PolyHandle pathToken()
     return reinterpret_cast<PolyHandle>(intptr_t{-1});
 }
 
-// Adds a vertex to the polygon that the port records.
+// Whether the port records a polygon; not any more when that was killed meanwhile.
+bool MTBX_RecordsPoly(GrafPort &port);
+// Adds a vertex to it.
 void MTBX_AppendPolyPoint(GrafPort &port, SInt16 h, SInt16 v);
 
 // Paints a rectangle of the current port, which has a context, in the modes that look at the pixels below.

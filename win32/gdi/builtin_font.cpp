@@ -49,7 +49,7 @@ void draw(char32_t character, Cell &cell)
 class BuiltinSource final : public GlyphSource {
 public:
     explicit BuiltinSource(const LOGFONTA &description);
-    GlyphImage load(char32_t character) override;
+    GlyphImage load(char32_t character, Posture posture) override;
 
 private:
     int scaleX_;
@@ -85,7 +85,7 @@ BuiltinSource::BuiltinSource(const LOGFONTA &description)
     metrics_.unitsPerEm = Measures::height - Measures::internalLeading;
 }
 
-GlyphImage BuiltinSource::load(char32_t character)
+GlyphImage BuiltinSource::load(char32_t character, Posture)
 {
     Cell cell{};
     draw(character, cell);

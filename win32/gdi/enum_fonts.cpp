@@ -135,6 +135,14 @@ bool hasFamily(const CatalogFace &face, std::string_view family)
                        [&](const std::string &name) { return equalsIgnoringCase(name, family); });
 }
 
+// Outlines of double-byte text come as a vertical face too.
+void addFamilyOf(FaceList &list, const CatalogFace &face)
+{
+    list.add(face.families.front(), face, true);
+    if (face.isScalable && !face.charSets.empty())
+        list.add("@" + face.families.front(), face, true);
+}
+
 // Adds the faces of a family under a name; false when there are none.
 bool addFamily(FaceList &list, const std::string &shown, std::string_view family, bool isFamilyOnly)
 {
@@ -164,7 +172,7 @@ std::vector<Report> reports(const char *family, int charSet)
     FaceList list(charSet);
     if (!family || !*family) {
         for (const CatalogFace &face : catalogFaces())
-            list.add(face.families.front(), face, true);
+            addFamilyOf(list, face);
         for (const FamilyName &entry : familyNames()) {
             if (entry.isListed)
                 addByTable(list, entry, true);
@@ -174,7 +182,7 @@ std::vector<Report> reports(const char *family, int charSet)
         std::string name = utf8FromUtf16(utf16FromAnsi(family));
         if (equalsIgnoringCase(name, builtinFaceName))
             list.addBuiltin(builtinFaceName);
-        else if (!addFamily(list, name, name, false)) {
+        else if (!addFamily(list, name, name.substr(name.starts_with('@')), false)) {
             if (const FamilyName *entry = findFamilyName(name))
                 addByTable(list, *entry, false);
         }

@@ -37,17 +37,19 @@ bool wantsSmooth(BYTE quality)
 class FaceSource final : public GlyphSource {
 public:
     FaceSource(std::shared_ptr<FontFace> face, const LOGFONTA &description, MadeStyles made);
-    GlyphImage load(char32_t character) override;
-    bool loadOutline(char32_t character, GlyphOutline &outline) override;
+    GlyphImage load(char32_t character, Posture posture) override;
+    bool loadOutline(char32_t character, Posture posture, GlyphOutline &outline) override;
 
 private:
     void setScalableMetrics();
     void setStrikeMetrics();
     int strikeFor(int height) const;
     FontFace &faceWith(char32_t character, unsigned &index);
-    GlyphImage render(FontFace &face, unsigned index);
+    GlyphImage render(FontFace &face, unsigned index, Posture posture);
     bool isTurned() const { return metrics_.isScalable && !direction_.isLevel(); }
-    void shapeOutline(FT_Outline_ &outline) const;
+    FT_Int32 loadFlags(Posture posture) const;
+    void shapeOutline(FT_GlyphSlotRec_ &glyph, Posture posture) const;
+    void layOnItsBack(FT_GlyphSlotRec_ &glyph) const;
     int boldPixels() const { return 1 + height_ / 48; }
     void copyBitmap(const FT_Bitmap_ &bitmap, GlyphImage &image) const;
 
@@ -193,26 +195,33 @@ FontFace &FaceSource::faceWith(char32_t character, unsigned &index)
     return *substitutes_.back();
 }
 
-GlyphImage FaceSource::load(char32_t character)
+GlyphImage FaceSource::load(char32_t character, Posture posture)
 {
     unsigned index = 0;
     FontFace &face = faceWith(character, index);
-    return render(face, index);
+    return render(face, index, posture);
 }
 
-GlyphImage FaceSource::render(FontFace &face, unsigned index)
+// Only outlines can be turned.
+FT_Int32 FaceSource::loadFlags(Posture posture) const
+{
+    FT_Int32 target = isSmooth_ ? FT_LOAD_TARGET_NORMAL : FT_LOAD_TARGET_MONO;
+    bool isLevel = direction_.isLevel() && posture == Posture::WithLine;
+    return isLevel || !metrics_.isScalable ? target : target | FT_LOAD_NO_BITMAP;
+}
+
+GlyphImage FaceSource::render(FontFace &face, unsigned index, Posture posture)
 {
     GlyphImage image;
     image.isSmooth = isSmooth_;
     image.advance = metrics_.averageWidth;
     face.setSize(width_, height_); // a substitute is scalable as the face itself is
     FT_Face handle = face.handle();
-    FT_Int32 flags = isSmooth_ ? FT_LOAD_TARGET_NORMAL : FT_LOAD_TARGET_MONO;
-    if (FT_Load_Glyph(handle, index, flags) != 0)
+    if (FT_Load_Glyph(handle, index, loadFlags(posture)) != 0)
         return image;
     FT_GlyphSlot slot = handle->glyph;
     if (slot->format == FT_GLYPH_FORMAT_OUTLINE) {
-        shapeOutline(slot->outline);
+        shapeOutline(*slot, posture);
         FT_BBox box;
         FT_Outline_Get_CBox(&slot->outline, &box);
         constexpr FT_Pos most = FT_Pos{largestPicture} * 64;
@@ -236,12 +245,15 @@ GlyphImage FaceSource::render(FontFace &face, unsigned index)
 
 // Gives an outline the styles that its family lacks and the direction of its text. Level characters are made bold
 // as pictures.
-void FaceSource::shapeOutline(FT_Outline_ &outline) const
+void FaceSource::shapeOutline(FT_GlyphSlotRec_ &glyph, Posture posture) const
 {
+    FT_Outline &outline = glyph.outline;
     if (made_.isItalic) {
         FT_Matrix slant{0x10000, 0x3700, 0, 0x10000};
         FT_Outline_Transform(&outline, &slant);
     }
+    if (posture == Posture::OnItsBack)
+        layOnItsBack(glyph);
     if (!isTurned())
         return;
     if (made_.isBold)
@@ -249,6 +261,19 @@ void FaceSource::shapeOutline(FT_Outline_ &outline) const
     auto fixed = [](double value) { return static_cast<FT_Fixed>(value * 0x10000); };
     FT_Matrix turn{fixed(direction_.cosine), fixed(-direction_.sine), fixed(direction_.sine), fixed(direction_.cosine)};
     FT_Outline_Transform(&outline, &turn);
+}
+
+// Turns a glyph about the middle of its cell, which is as long then as the characters are high.
+void FaceSource::layOnItsBack(FT_GlyphSlotRec_ &glyph) const
+{
+    constexpr FT_Pos pixel = 64;
+    FT_Pos width = glyph.advance.x, length = std::max(width, height_ * pixel);
+    FT_Pos middle = (metrics_.ascent - metrics_.descent) * pixel / 2;
+    auto toPixel = [](FT_Pos distance) { return (distance + pixel / 2) & -pixel; };
+    FT_Matrix quarter{0, -0x10000, 0x10000, 0};
+    FT_Outline_Transform(&glyph.outline, &quarter);
+    FT_Outline_Translate(&glyph.outline, toPixel(length / 2 + middle), toPixel(middle - width / 2));
+    glyph.advance.x = length;
 }
 
 // FreeType counts in sixty-fourths of a pixel, upwards.
@@ -288,7 +313,7 @@ bool decompose(FT_Outline_ &source, GlyphOutline &outline)
     return FT_Outline_Decompose(&source, &calls, &outline) == 0;
 }
 
-bool FaceSource::loadOutline(char32_t character, GlyphOutline &outline)
+bool FaceSource::loadOutline(char32_t character, Posture posture, GlyphOutline &outline)
 {
     if (!metrics_.isScalable)
         return false;
@@ -296,10 +321,10 @@ bool FaceSource::loadOutline(char32_t character, GlyphOutline &outline)
     FontFace &face = faceWith(character, index);
     face.setSize(width_, height_);
     FT_GlyphSlot slot = face.handle()->glyph;
-    FT_Int32 flags = FT_LOAD_NO_BITMAP | (isSmooth_ ? FT_LOAD_TARGET_NORMAL : FT_LOAD_TARGET_MONO);
+    FT_Int32 flags = FT_LOAD_NO_BITMAP | loadFlags(posture);
     if (FT_Load_Glyph(face.handle(), index, flags) != 0 || slot->format != FT_GLYPH_FORMAT_OUTLINE)
         return false;
-    shapeOutline(slot->outline);
+    shapeOutline(*slot, posture);
     if (made_.isBold && !isTurned())
         FT_Outline_EmboldenXY(&slot->outline, FT_Pos{boldPixels()} * 64, 0);
     if (!decompose(slot->outline, outline))

@@ -1,6 +1,7 @@
 #include "font_catalog.h"
 
 #include "builtin_font.h"
+#include "vertical_text.h"
 #include "kernel/code_pages.h"
 #include "kernel/code_page_table.h"
 
@@ -238,7 +239,7 @@ std::optional<CatalogFace> matchedFace(const std::string &family, const LOGFONTA
 std::string utf8Name(const LOGFONTA &description)
 {
     std::string_view name(description.lfFaceName, strnlen(description.lfFaceName, LF_FACESIZE));
-    if (name.starts_with('@')) // a face for vertical text is that for horizontal text
+    if (isVerticalFace(description))
         name.remove_prefix(1);
     return utf8FromUtf16(utf16FromAnsi(name));
 }

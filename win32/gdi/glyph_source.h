@@ -25,15 +25,18 @@ struct FontMetrics {
     uint8_t family = 0; // FF_
 };
 
+// How a character stands: with its line, or on its back, in the text of a vertical face.
+enum class Posture { WithLine, OnItsBack };
+
 class GlyphSource {
 public:
     virtual ~GlyphSource() = default;
 
     const FontMetrics &metrics() const { return metrics_; }
     // The picture of a character, or of the box for characters that nothing has. Throws bad_alloc.
-    virtual GlyphImage load(char32_t character) = 0;
+    virtual GlyphImage load(char32_t character, Posture posture) = 0;
     // The same as an outline; false for a font that has pictures only. Throws bad_alloc.
-    virtual bool loadOutline(char32_t, GlyphOutline &) { return false; }
+    virtual bool loadOutline(char32_t, Posture, GlyphOutline &) { return false; }
 
 protected:
     FontMetrics metrics_;

@@ -2,6 +2,7 @@
 
 #include "builtin_font.h"
 #include "font_catalog.h"
+#include "vertical_text.h"
 
 #include "kernel/code_pages.h"
 
@@ -72,6 +73,8 @@ std::shared_ptr<RealizedFont> newFont(const LOGFONTA &description)
     std::u16string name;
     if (!utf16FromUtf8(chosen.name, name))
         name.clear();
+    if (chosen.face && isVerticalFace(description))
+        name.insert(name.begin(), '@');
     return std::make_shared<RealizedFont>(description, std::move(source), ansiFromUtf16(name), weight);
 }
 
@@ -124,7 +127,7 @@ RealizedFont::RealizedFont(const LOGFONTA &description, std::unique_ptr<GlyphSou
                            int weight)
     : description_(description), source_(std::move(source)),
       direction_(source_->metrics().isScalable ? directionOf(description) : TextDirection{}),
-      faceName_(std::move(faceName)), weight_(weight),
+      faceName_(std::move(faceName)), weight_(weight), isVertical_(isVerticalFace(description)),
       charSet_(description.lfCharSet == DEFAULT_CHARSET ? charSetOf(activeCodePage().number) : description.lfCharSet),
       codePage_(codePageOf(description.lfCharSet)),
       isSingleByte_(!codePage_ || (codePage_->iconvName && !codePage_->isDoubleByte()))
@@ -157,7 +160,7 @@ const Glyph &RealizedFont::load(uint16_t code)
     std::atomic<const Glyph *> &place = page->glyphs[code & 0xff];
     const Glyph *known = place.load(std::memory_order_relaxed);
     if (!known) {
-        known = new Glyph(glyphOf(source_->load(characterOf(code))));
+        known = new Glyph(glyphOf(source_->load(characterOf(code), postureOf(code))));
         place.store(known, std::memory_order_release);
         if (code < 0x100)
             advances_[code].store(known->advance, std::memory_order_relaxed);
@@ -168,7 +171,7 @@ const Glyph &RealizedFont::load(uint16_t code)
 bool RealizedFont::outline(uint16_t code, GlyphOutline &outline)
 {
     std::lock_guard lock(fontMutex());
-    return source_->loadOutline(characterOf(code), outline);
+    return source_->loadOutline(characterOf(code), postureOf(code), outline);
 }
 
 char32_t RealizedFont::characterOf(uint16_t code) const
@@ -176,6 +179,16 @@ char32_t RealizedFont::characterOf(uint16_t code) const
     if (!codePage_ || !codePage_->iconvName)
         return code;
     return codePageTable(*codePage_).fromCode[code];
+}
+
+// Of two bytes are the characters of full width.
+Posture RealizedFont::postureOf(uint16_t code) const
+{
+    if (!isVertical_ || isSingleByte_)
+        return Posture::WithLine;
+    char32_t character = characterOf(code);
+    bool isFull = codePage_->iconvName ? code > 0xff : isFullWidth(character);
+    return isFull && !followsItsLine(character) ? Posture::OnItsBack : Posture::WithLine;
 }
 
 uint16_t RealizedFont::takeLong(const uint8_t *&text, const uint8_t *end) const

@@ -81,12 +81,14 @@ private:
     const Glyph &load(uint16_t code);
     uint16_t takeLong(const uint8_t *&text, const uint8_t *end) const;
     char32_t characterOf(uint16_t code) const;
+    Posture postureOf(uint16_t code) const;
 
     LOGFONTA description_;
     std::unique_ptr<GlyphSource> source_;
     TextDirection direction_;
     std::string faceName_;
     int weight_;
+    bool isVertical_;
     BYTE charSet_;
     const CodePage *codePage_; // null for symbols, whose codes are their characters
     bool isSingleByte_;

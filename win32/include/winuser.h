@@ -168,6 +168,15 @@ WINUSERAPI BOOL WINAPI ScrollDC(HDC context, int x, int y, const RECT *area, con
 #define WM_ENTERMENULOOP 0x0211
 #define WM_EXITMENULOOP 0x0212
 #define WM_SIZING 0x0214
+/* The edge that WM_SIZING and SC_SIZE tell of. */
+#define WMSZ_LEFT 1
+#define WMSZ_RIGHT 2
+#define WMSZ_TOP 3
+#define WMSZ_TOPLEFT 4
+#define WMSZ_TOPRIGHT 5
+#define WMSZ_BOTTOM 6
+#define WMSZ_BOTTOMLEFT 7
+#define WMSZ_BOTTOMRIGHT 8
 #define WM_CAPTURECHANGED 0x0215
 #define WM_MOVING 0x0216
 #define WM_ENTERSIZEMOVE 0x0231
@@ -868,6 +877,9 @@ typedef struct tagINPUT {
 #define VK_F10 0x79
 #define VK_F11 0x7A
 #define VK_F12 0x7B
+#define VK_F13 0x7C
+#define VK_F14 0x7D
+#define VK_F15 0x7E
 #define VK_NUMLOCK 0x90
 #define VK_SCROLL 0x91
 #define VK_LSHIFT 0xA0
@@ -888,6 +900,9 @@ typedef struct tagINPUT {
 #define VK_OEM_6 0xDD
 #define VK_OEM_7 0xDE
 #define VK_OEM_102 0xE2
+#define VK_PROCESSKEY 0xE5
+/* A character without a key (KEYEVENTF_UNICODE). */
+#define VK_PACKET 0xE7
 
 WINUSERAPI UINT WINAPI SendInput(UINT count, LPINPUT events, int size);
 WINUSERAPI void WINAPI mouse_event(DWORD flags, DWORD x, DWORD y, DWORD data, ULONG_PTR extraInfo);

@@ -105,7 +105,7 @@ WPARAM publishedKey(const InputEvent &event)
     case VK_LMENU:
     case VK_RMENU:
         return VK_MENU;
-    case 0xe7: // the character travels with the key
+    case VK_PACKET: // the character travels with the key
         return MAKEWPARAM(event.key, event.scanCode);
     default:
         return event.key;

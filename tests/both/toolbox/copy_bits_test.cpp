@@ -134,12 +134,9 @@ TEST_F(WhiteToBlack, TheHookOfTheCurrentPortDrawsInstead)
     EXPECT_EQ(hookedSources, std::vector<const BitMap *>{source.asPixMap()});
     EXPECT_EQ(copied(source.asPixMap(), destination.asPixMap()), 32) << "to its PixMap the hook is not asked";
     EXPECT_EQ(hookedSources.size(), 1u);
-}
-
-TEST_F(WhiteToBlack, HooksWithoutABitsProcAreNoHooks)
-{
-    SetPortGrafProcs(destination.port(), newHooks(nullptr));
-    EXPECT_EQ(copied(source.asPixMap(), destination.asPort()), 32);
+    PatBlt(destination.context(), 0, 0, 8, 4, BLACKNESS);
+    GetPortGrafProcs(destination.port())->bitsProc = nullptr;
+    EXPECT_EQ(copied(source.asPixMap(), destination.asPort()), 32) << "hooks without this one are none";
 }
 
 TEST_F(WhiteToBlack, WhatHasNoContextGetsNothing)
@@ -155,6 +152,11 @@ TEST_F(WhiteToBlack, WhatHasNoContextGetsNothing)
     closed.portVersion = 0xC000;
     copied(source.asPort(), GetPortBitMapForCopyBits(&closed));
     EXPECT_EQ(copied(GetPortBitMapForCopyBits(&closed), destination.asPort()), 0);
+    // So far inside out that 16 bits would call it a few pixels wide.
+    plain.bitmap.bounds = ltrb(32767, 0, -32760, 4);
+    EXPECT_EQ(copied(plain.bits(), destination.asPort()), 0);
+    plain.bitmap.bounds = ltrb(0, 32767, 8, -32760);
+    EXPECT_EQ(copied(plain.bits(), destination.asPort()), 0);
     plain.bitmap.baseAddr = nullptr;
     EXPECT_EQ(copied(plain.bits(), destination.asPort()), 0);
     PortWindow window(ltrb(300, 200, 308, 204));
@@ -166,12 +168,6 @@ TEST_F(WhiteToBlack, WhatHasNoContextGetsNothing)
     EXPECT_EQ(copied(windowsPixMap, destination.asPort()), 0) << "not even that of a window";
 }
 
-TEST_F(WhiteToBlack, Mode27PaintsWhiteWhateverTheSource)
-{
-    PatBlt(source.context(), 0, 0, 8, 4, BLACKNESS);
-    EXPECT_EQ(copied(source.asPort(), destination.asPort(), 27), 32);
-}
-
 TEST_F(WhiteToBlack, RectanglesWithoutHeightCopyNothing)
 {
     Rect flat = ltrb(0, 2, 8, 2), inverted = ltrb(0, 4, 8, 0);
@@ -180,6 +176,8 @@ TEST_F(WhiteToBlack, RectanglesWithoutHeightCopyNothing)
         CopyBits(source.asPort(), destination.asPort(), &all, rect, srcCopy, nullptr);
     }
     EXPECT_EQ(whites(), 0);
+    PatBlt(source.context(), 0, 0, 8, 4, BLACKNESS);
+    EXPECT_EQ(copied(source.asPort(), destination.asPort(), 27), 32) << "white whatever the source";
 }
 
 TEST_F(WhiteToBlack, AMaskThatIsNoRegionAnyMoreLetsNothingThrough)
@@ -314,6 +312,7 @@ TEST_F(CopyBitsTest, RecordsThatLieDoNoHarm)
             if (random() % 2)
                 to = from;
             CopyBits(source->bits(), destination->bits(), &from, &to, someOf({0, 1, 2, 34}), nullptr);
+            CopyMask(source->bits(), source->bits(), destination->bits(), &from, &from, &to);
         }
         PixMap &map = static_cast<WorldImage &>(*source).world.map();
         const UInt32 masks[4] = {0xFF, 0xFF00, 0xFF0000, 0};
@@ -322,12 +321,6 @@ TEST_F(CopyBitsTest, RecordsThatLieDoNoHarm)
         MTBX_SetGWorld32PixmapFormat(world.port(), someOf({0, 1}));
         UpdateGWorld(world.address(), 32, world.rect(ltrb(0, 0, 50, 50)), nullptr, nullptr, 0);
     }
-}
-
-TEST_F(CopyBitsTest, TheDirectDrawFlagIsKept)
-{
-    EXPECT_TRUE(MTBX_EnableCopyBitsDirectDraw(false));
-    EXPECT_FALSE(MTBX_EnableCopyBitsDirectDraw(true));
 }
 
 class CopyMaskTest : public WhiteToBlack {

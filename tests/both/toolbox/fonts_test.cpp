@@ -1,8 +1,5 @@
 // The table of fonts: numbers, instances and their locks.
-#include "GdiObjects.h"
 #include "TextCanvas.h"
-
-#include <set>
 
 namespace {
 
@@ -141,23 +138,6 @@ TEST_F(Fonts, LocksCountAndHoldAtTheEnd)
     EXPECT_EQ(MTBX_UnlockHFnt(&instance), kFontNoError);
     EXPECT_EQ(MTBX_ShutdownFonts(), kFontNoError);
     EXPECT_EQ(GetObjectType(font), 0u) << "deleted once it is free";
-}
-
-TEST_F(Fonts, EndingDeletesAllNativeFonts)
-{
-    for (int round = 0; round < 2; ++round) {
-        DWORD before = gdiObjectCount();
-        std::set<HFONT> made;
-        for (SInt16 size = 8; size < 20; ++size) {
-            FontInstance *instance = nullptr;
-            MTBX_GetHFntFromFNum(numberOf("Arial"), size, 0, &instance);
-            made.insert(instance->hFont);
-        }
-        EXPECT_EQ(made.size(), 12u);
-        EXPECT_EQ(MTBX_ShutdownFonts(), kFontNoError);
-        EXPECT_EQ(gdiObjectCount(), before);
-        InitFonts();
-    }
 }
 
 TEST_F(Fonts, TheSmallFontIsFetchedOnce)

@@ -70,6 +70,14 @@ TEST_F(Polygons, ARecordingEndsWithItsHandleAndAtItsLimit)
     MacLineTo(5, 0);
     EXPECT_EQ(countBlack(), 6);
     poly = OpenPoly();
+    MacSetPort(nullptr);
+    KillPoly(poly);
+    MacSetPort(port());
+    clear();
+    MacLineTo(10, 0);
+    EXPECT_EQ(countBlack(), 6) << "killed while another port was current";
+    EXPECT_EQ(port()->pnVis, 0);
+    poly = OpenPoly();
     for (int i = 0; i < 9000; ++i)
         MacLineTo(static_cast<SInt16>(i % 60), static_cast<SInt16>(i % 50));
     ClosePoly();
@@ -171,7 +179,6 @@ TEST_F(Polygons, ThePathKeepsOutlinesApart)
     PolyHandle token = OpenPoly2();
     ClosePoly2();
     FramePoly(token), PaintPoly(token), OffsetPoly(token, 1, 1), KillPoly(token);
-    KillPoly2(nullptr), OffsetPoly2(nullptr, 1, 1), ErasePoly2(nullptr);
 }
 
 TEST_F(Polygons, RegionRecordingComesBeforePolygonRecording)

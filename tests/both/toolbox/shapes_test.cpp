@@ -42,6 +42,9 @@ TEST_F(Shapes, StraightLinesAreThePenDrawnOutToTheirEnd)
             MacLineTo(h, v);
         });
         EXPECT_EQ(port()->pnLoc, (Point{v, h}));
+        POINT native;
+        GetCurrentPositionEx(context(), &native);
+        EXPECT_TRUE(native.x == h && native.y == v) << "the context's position follows";
         EXPECT_EQ(line, rectangles({painted})) << h << ", " << v;
         std::string relative = drawn([&] {
             MoveTo(10, 10);
@@ -69,17 +72,6 @@ TEST_F(Shapes, LinesThatLeaveTheRangeAreCutAndThePenIsNot)
     MacLineTo(32760, 32700);
     EXPECT_TRUE(isBlack(6, 6));
     EXPECT_EQ(port()->pnLoc, (Point{32700, 32760}));
-}
-
-TEST_F(Shapes, TheContextsPositionFollowsThePen)
-{
-    POINT native;
-    for (auto [h, v] : {std::pair(20, 10), std::pair(30, 40), std::pair(30, 40)}) {
-        MacLineTo(static_cast<SInt16>(h), static_cast<SInt16>(v));
-        GetCurrentPositionEx(context(), &native);
-        EXPECT_EQ(native.x, h);
-        EXPECT_EQ(native.y, v);
-    }
 }
 
 TEST_F(Shapes, DiagonalLinesAreThoseOfAPatternPenOfGdi)
@@ -253,21 +245,11 @@ TEST_F(Shapes, ThreeModesOfPaintRectLookAtThePixelsBelow)
     EXPECT_EQ(memory.pixel(13, 11), 0x123456u);
     EXPECT_EQ(GetTextColor(context()), RGB(255, 0, 0));
     EXPECT_EQ(GetBkColor(context()), RGB(0, 0, 255));
-    Rect empty = ltrb(20, 20, 20, 30);
-    PaintRect(&empty);
-}
-
-TEST_F(Shapes, MergedRectanglesKeepTheirPhaseAtAnyOrigin)
-{
-    Pattern pattern = {{0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}};
-    PenPat(&pattern);
-    PenMode(patOr);
     SetOrigin(-3, -5);
-    Rect rect = ltrb(0, 1, 20, 5);
-    PaintRect(&rect);
-    for (int h = 0; h < 20; ++h)
-        EXPECT_EQ(isBlack(h + 3, 6), h % 8 == 7) << h;
-    EXPECT_EQ(countBlack(), 2);
+    rect = ltrb(10, 5, 26, 8);
+    paint(patOr);
+    for (int x = 13; x < 29; ++x)
+        EXPECT_EQ(memory.pixel(x, 10), (x - 3) % 8 >= 5 ? 0x123456u : 0u) << "at another origin: " << x;
 }
 
 TEST_F(Shapes, MergedRectanglesKnowTheOrderOfPixelsAndTheBitsHook)
@@ -371,38 +353,66 @@ TEST_F(Shapes, FramedOvalsAreDotsOfThePen)
     Rect farthest = ltrb(-32768, -32768, 32767, 32767);
     FrameOval(&farthest);
     EXPECT_EQ(port()->pnLoc, (Point{-1, -32768}));
-}
-
-TEST_F(Shapes, DotsOfAFramedOvalGoToTheLineHook)
-{
     static std::vector<Point> seen;
-    seen.clear();
     setHook([](CQDProcs &hooks) { hooks.lineProc = [](Point point) { seen.push_back(point); }; });
-    Rect rect = ltrb(3, 5, 40, 20);
-    FrameOval(&rect);
-    EXPECT_EQ(seen, dotsOf(rect, {1, 1}));
-    EXPECT_EQ(countBlack(), 0);
+    FrameOval(&rects[1]);
+    EXPECT_EQ(seen, dotsOf(rects[1], {1, 1}));
 }
 
-TEST_F(Shapes, OvalsAreThoseOfGdi)
+TEST_F(Shapes, OvalsRoundRectanglesAndRegionsAreThoseOfGdi)
 {
+    RgnHandle rgn = NewRgn(), hole = NewRgn();
+    MacSetRectRgn(rgn, 5, 5, 45, 40);
+    MacSetRectRgn(hole, 20, 15, 30, 25);
+    DiffRgn(rgn, hole, rgn);
+    HRGN native = (*rgn)->rgnNative, round = CreateRoundRectRgn(5, 6, 41, 31, 12, 8);
     Rect rect = ltrb(5, 6, 40, 30);
-    auto ellipse = [&](int stockPen, int outset = 0) {
-        HGDIOBJ former = SelectObject(context(), GetStockObject(stockPen));
-        Ellipse(context(), rect.left - outset, rect.top - outset, rect.right + outset, rect.bottom + outset);
-        SelectObject(context(), former);
+    auto with = [&](HGDIOBJ pen, HGDIOBJ brush, auto draw) {
+        return drawn([&] {
+            HGDIOBJ formerPen = SelectObject(context(), pen), formerBrush = SelectObject(context(), brush);
+            draw();
+            SelectObject(context(), formerPen);
+            SelectObject(context(), formerBrush);
+        });
     };
     PenPat(&stripes);
-    std::string painted = drawn([&] { ellipse(BLACK_PEN); });
-    std::string erased = drawn([&] { ellipse(NULL_PEN); });
-    EXPECT_EQ(drawn([&] { PaintOval(&rect); }), painted);
-    PenNormal();
-    EXPECT_EQ(drawn([&] { FillOval(&rect, &stripes); }), painted);
+    PenSize(3, 2);
+    HGDIOBJ striped = GetCurrentObject(context(), OBJ_BRUSH), noPen = GetStockObject(NULL_PEN);
+    auto brush = static_cast<HBRUSH>(striped);
+    HPEN wide = CreatePen(PS_SOLID, 3, 0);
+    auto ellipse = [&] { Ellipse(context(), 5, 6, 40, 30); };
+    std::string oval = with(GetStockObject(BLACK_PEN), striped, ellipse), erased = with(noPen, striped, ellipse);
+    std::string frame = with(wide, GetStockObject(NULL_BRUSH), [&] { RoundRect(context(), 5, 6, 40, 30, 12, 8); });
+    std::string inverted = drawn([&] { InvertRgn(context(), round); });
+    std::string region = drawn([&] { FillRgn(context(), native, brush); });
+    std::string regionsFrame = drawn([&] { FrameRgn(context(), native, brush, 3, 2); });
+    std::string shape = drawn([&] { InvertRgn(context(), native); });
+    EXPECT_EQ(drawn([&] { PaintOval(&rect); }), oval);
+    EXPECT_EQ(drawn([&] { MacPaintRgn(rgn); }), region);
+    EXPECT_EQ(drawn([&] { MacFrameRgn(rgn); }), regionsFrame);
+    EXPECT_EQ(drawn([&] { MacInvertRgn(rgn); }), shape);
+    EXPECT_EQ(drawn([&] {
+                  PatBlt(context(), 0, 0, side, side, BLACKNESS);
+                  EraseRgn(rgn);
+                  PatBlt(context(), 0, 0, side, side, DSTINVERT);
+              }),
+              shape);
+    EXPECT_EQ(drawn([&] { InvertRoundRect(&rect, 12, 8); }), inverted);
+    EXPECT_EQ(drawn([&] { PaintRoundRect(&rect, 12, 8), EraseRoundRect(&rect, 12, 8); }), rectangles({}));
+    PenPat(&qd.black);
     port()->bkPat = stripes;
     EXPECT_EQ(drawn([&] { EraseOval(&rect); }), erased) << "with bkPat and no outline";
+    EXPECT_EQ(GetCurrentObject(context(), OBJ_PEN), GetStockObject(BLACK_PEN));
+    EXPECT_EQ(drawn([&] { FillOval(&rect, &stripes); }), oval);
+    EXPECT_EQ(drawn([&] { MacFillRgn(rgn, &stripes); }), region);
     EXPECT_EQ(port()->pnPat, qd.black);
-    HGDIOBJ pen = GetCurrentObject(context(), OBJ_PEN);
-    EXPECT_EQ(pen, GetStockObject(BLACK_PEN));
+    RGBColor red = {65535, 0, 0};
+    RGBForeColor(&red);
+    EXPECT_EQ(drawn([&] { FrameRoundRect(&rect, 12, 8); }), frame) << "black, without a filling";
+    DeleteObject(wide);
+    DeleteObject(round);
+    DisposeRgn(rgn);
+    DisposeRgn(hole);
 }
 
 TEST_F(Shapes, InvertingAnOvalTwiceLeavesNothing)
@@ -423,74 +433,6 @@ TEST_F(Shapes, InvertingAnOvalTwiceLeavesNothing)
     EXPECT_EQ(state.pnLoc, (Point{8, 9}));
     InvertOval(&rect);
     EXPECT_EQ(countBlack(), 0);
-}
-
-TEST_F(Shapes, RoundRectangles)
-{
-    Rect rect = ltrb(5, 6, 40, 30);
-    RGBColor red = {65535, 0, 0};
-    RGBForeColor(&red);
-    PenPat(&stripes);
-    PenSize(3, 9);
-    HGDIOBJ formerPen = SelectObject(context(), CreatePen(PS_SOLID, 3, 0));
-    HGDIOBJ formerBrush = SelectObject(context(), GetStockObject(NULL_BRUSH));
-    std::string framed = drawn([&] { RoundRect(context(), 5, 6, 40, 30, 12, 8); });
-    SelectObject(context(), formerBrush);
-    DeleteObject(SelectObject(context(), formerPen));
-    EXPECT_EQ(drawn([&] { FrameRoundRect(&rect, 12, 8); }), framed) << "black, without a filling";
-    HRGN shape = CreateRoundRectRgn(5, 6, 41, 31, 12, 8);
-    std::string inverted = drawn([&] { InvertRgn(context(), shape); });
-    DeleteObject(shape);
-    EXPECT_EQ(drawn([&] { InvertRoundRect(&rect, 12, 8); }), inverted);
-    EXPECT_EQ(drawn([&] {
-                  PaintRoundRect(&rect, 12, 8);
-                  EraseRoundRect(&rect, 12, 8);
-                  FillRoundRect(&rect, 12, 8, &stripes);
-              }),
-              rectangles({}));
-}
-
-TEST_F(Shapes, RegionsAreFramedPaintedErasedInvertedAndFilled)
-{
-    RgnHandle rgn = NewRgn(), hole = NewRgn();
-    MacSetRectRgn(rgn, 5, 5, 45, 40);
-    MacSetRectRgn(hole, 20, 15, 30, 25);
-    DiffRgn(rgn, hole, rgn);
-    HRGN native = (*rgn)->rgnNative;
-    std::string shape = drawn([&] { FillRgn(context(), native, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))); });
-    EXPECT_EQ(countBlack(), 40 * 35 - 100);
-    EXPECT_EQ(drawn([&] { MacPaintRgn(rgn); }), shape);
-    EXPECT_EQ(drawn([&] { MacInvertRgn(rgn); }), shape);
-    EXPECT_EQ(drawn([&] {
-                  PatBlt(context(), 0, 0, side, side, BLACKNESS);
-                  EraseRgn(rgn);
-                  PatBlt(context(), 0, 0, side, side, DSTINVERT);
-              }),
-              shape);
-    PenSize(3, 2);
-    EXPECT_EQ(drawn([&] { FrameRgn(context(), native, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)), 3, 2); }),
-              drawn([&] { MacFrameRgn(rgn); }));
-    HBRUSH brush = port()->portBrush;
-    std::string filled = drawn([&] { MacFillRgn(rgn, &stripes); });
-    EXPECT_EQ(+port()->portBrush, brush);
-    EXPECT_EQ(port()->pnPat, qd.black);
-    PenPat(&stripes);
-    EXPECT_EQ(drawn([&] { MacPaintRgn(rgn); }), filled);
-    DisposeRgn(rgn);
-    DisposeRgn(hole);
-}
-
-TEST_F(Shapes, DrawingKeepsToClipAndOrigin)
-{
-    SetOrigin(10, 20);
-    Rect clip = ltrb(15, 25, 30, 40), rect = ltrb(10, 20, 74, 84);
-    ClipRect(&clip);
-    // The clip was set under the present origin.
-    std::string expected = rectangles({ltrb(15, 25, 30, 40)});
-    EXPECT_EQ(drawn([&] { PaintRect(&rect); }), expected);
-    EXPECT_TRUE(isBlack(5, 5));
-    EXPECT_FALSE(isBlack(4, 5));
-    EXPECT_FALSE(isBlack(20, 5));
 }
 
 TEST_F(Shapes, HooksDrawInTheLibrarysPlace)
@@ -556,42 +498,37 @@ TEST_F(Shapes, ScrollingMovesPixelsAndErasesWhatItUncovers)
     }
 }
 
+// Every call.
+void drawAll()
+{
+    Rect rect = ltrb(1, 1, 9, 9);
+    Point points[2] = {};
+    RGBColor color;
+    MoveTo(1, 1), MacLineTo(5, 5), MacLineTo(5, 9), Line(1, 1), MTBX_PolyLine(2, points);
+    MacFrameRect(&rect), EraseRect(&rect), MacInvertRect(&rect), MacFillRect(&rect, &stripes);
+    for (SInt16 mode : {srcBic, patOr, blend, patCopy})
+        PenMode(mode), PaintRect(&rect);
+    FrameOval(&rect), PaintOval(&rect), EraseOval(&rect), InvertOval(&rect), FillOval(&rect, &stripes);
+    FrameRoundRect(&rect, 2, 2), InvertRoundRect(&rect, 2, 2), ScrollRect(&rect, 1, 1, nullptr);
+    MacFrameRgn(nullptr), MacPaintRgn(nullptr), EraseRgn(nullptr), MacInvertRgn(nullptr);
+    MacFillRgn(nullptr, &stripes);
+    FramePoly(nullptr), PaintPoly(nullptr), KillPoly(nullptr), OffsetPoly(nullptr, 1, 1), ClosePoly();
+    OpenPoly2(), ClosePoly2(), FramePoly2(nullptr), PaintPoly2(nullptr), InvertPoly2(nullptr);
+    GetCPixel(0, 0, &color), GetCPixel(0, 0, nullptr), SetCPixel(0, 0, &color), MacGetPixel(-32768, 0);
+}
+
 TEST_F(Shapes, APortWithoutContextDrawsNothing)
 {
     CGrafPtr bare = CreateNewPort();
     MacSetPort(bare);
-    Rect rect = ltrb(1, 1, 9, 9);
-    RgnHandle rgn = NewRgn();
-    RGBColor color;
-    MoveTo(1, 1);
-    MacLineTo(5, 5), MacLineTo(5, 9), MacFrameRect(&rect), PaintRect(&rect), EraseRect(&rect), MacInvertRect(&rect);
-    MacFillRect(&rect, &stripes), FrameOval(&rect), PaintOval(&rect), EraseOval(&rect), InvertOval(&rect);
-    FrameRoundRect(&rect, 2, 2), InvertRoundRect(&rect, 2, 2);
-    MacFrameRgn(rgn), MacPaintRgn(rgn), EraseRgn(rgn), MacInvertRgn(rgn), MacFillRgn(rgn, &stripes);
-    ScrollRect(&rect, 1, 1, rgn);
-    for (SInt16 mode : {srcBic, patOr, blend}) {
-        PenMode(mode);
-        PaintRect(&rect);
-    }
-    OpenPoly2(), ClosePoly2(), FramePoly2(nullptr), PaintPoly2(nullptr), InvertPoly2(nullptr);
-    GetCPixel(0, 0, &color), GetCPixel(0, 0, nullptr), SetCPixel(0, 0, &color), MacGetPixel(-32768, 0);
+    drawAll();
     EXPECT_EQ(QDError(), noErr);
-    DisposeRgn(rgn);
     DisposePort(bare);
-}
-
-TEST(ShapesWithoutPort, NothingHappens)
-{
+    MTBX_ShutdownGraf();
     ASSERT_FALSE(+qd.thePort);
-    Rect rect = ltrb(1, 1, 9, 9);
-    Point points[2] = {};
-    MacLineTo(5, 5), Line(1, 1), MTBX_PolyLine(2, points), MacFrameRect(&rect), PaintRect(&rect), EraseRect(&rect);
-    MacInvertRect(&rect), MacFillRect(&rect, &stripes), FrameOval(&rect), PaintOval(&rect), EraseOval(&rect);
-    InvertOval(&rect), FillOval(&rect, &stripes), FrameRoundRect(&rect, 2, 2), InvertRoundRect(&rect, 2, 2);
+    drawAll(); // nor is there one at all now
     EXPECT_FALSE(OpenPoly());
-    ClosePoly(), FramePoly(nullptr), PaintPoly(nullptr), KillPoly(nullptr), OffsetPoly(nullptr, 1, 1);
-    MacFrameRgn(nullptr), MacPaintRgn(nullptr), EraseRgn(nullptr), MacInvertRgn(nullptr);
-    MacFillRgn(nullptr, &stripes), ScrollRect(&rect, 1, 1, nullptr);
+    InitGraf(nullptr);
 }
 
 } // namespace

@@ -363,16 +363,6 @@ TEST_F(Text, DrawTextBWritesIntoItsRectangle)
     S_drawTextR = {};
 }
 
-TEST_F(Text, EndingTheFontsTakesThemOutOfTheCurrentPort)
-{
-    CharWidth('a');
-    EXPECT_EQ(MTBX_ShutdownFonts(), kFontNoError);
-    EXPECT_FALSE(+port()->portFontInstance);
-    MoveTo(4, 20);
-    DrawString(Pascal("Still"));
-    EXPECT_GT(port()->pnLoc.h, 4) << "in what the context holds";
-}
-
 // Run in a process whose code page is Japanese.
 class DoubleByteText : public TextCanvas {
 protected:

@@ -37,26 +37,6 @@ TEST_F(Worlds, AWorldIsAHiddenPortWhoseCoordinatesBeginAtZero)
     EXPECT_FALSE(+reinterpret_cast<WindowPeek>(world.port())->nextWindow);
     EXPECT_EQ(GetPixelsState(GetGWorldPixMap(world.port())), 192u);
     EXPECT_EQ(GetGWorldDevice(world.port()), GetMainDevice());
-}
-
-TEST_F(Worlds, NativeDrawingShowsInTheMemoryOfEachDepth)
-{
-    for (SInt16 depth : {1, 4, 8, 16, 24, 32}) {
-        World world(depth, ltrb(0, 0, 37, 5));
-        GrafPtr former = qd.thePort;
-        SetGWorld(world.port(), nullptr);
-        CGrafPtr port;
-        GDHandle device;
-        GetGWorld(&port, &device);
-        EXPECT_EQ(port, world.port());
-        RECT all = {0, 0, 37, 5};
-        FillRect(world.context(), &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-        SetPixel(world.context(), 36, 4, RGB(0, 0, 0));
-        SetGWorld(former, nullptr);
-        EXPECT_EQ(world.color(36, 4), 0u) << depth;
-        EXPECT_EQ(world.color(35, 4), 0xFFFFFFu) << depth;
-        EXPECT_EQ(world.color(36, 3), 0xFFFFFFu) << depth;
-    }
     World ofTheScreen(0, ltrb(0, 0, 3, 3));
     EXPECT_EQ(ofTheScreen.map().pixelSize, gbits_per_pixel);
 }
@@ -75,19 +55,27 @@ TEST_F(Worlds, ColourTablesBeginWithTheSystemsColours)
     }
 }
 
-TEST_F(Worlds, WhatCannotBeLeavesNothingBehind)
+SInt32 failOnCall(UInt64)
 {
+    ADD_FAILURE() << "purging would not help";
+    return 0;
+}
+
+TEST_F(Worlds, WhatCannotBeLeavesNothingBehindAndPurgesNothing)
+{
+    SetGrowZoneEx(failOnCall);
     struct {
         SInt16 depth;
         Rect bounds;
-    } const impossible[] = {{7, ltrb(0, 0, 10, 10)},        {64, ltrb(0, 0, 10, 10)},      {-1, ltrb(0, 0, 10, 10)},
-                            {32, ltrb(10, 0, 0, 10)},       {32, ltrb(0, 10, 10, 0)},      {32, ltrb(0, 0, 0, 5)},
-                            {8, ltrb(-20000, 0, 20000, 9)}, {32, ltrb(0, 0, 32767, 32767)}};
+    } const impossible[] = {{2, ltrb(0, 0, 10, 10)},  {7, ltrb(0, 0, 10, 10)},        {64, ltrb(0, 0, 10, 10)},
+                            {-1, ltrb(0, 0, 10, 10)}, {32, ltrb(10, 0, 0, 10)},       {32, ltrb(0, 10, 10, 0)},
+                            {32, ltrb(0, 0, 0, 5)},   {8, ltrb(-20000, 0, 20000, 9)}, {32, ltrb(0, 0, 32767, 32767)}};
     for (const auto &each : impossible) {
         auto world = reinterpret_cast<GWorldPtr>(this);
         EXPECT_EQ(NewGWorld(&world, each.depth, &each.bounds, nullptr, nullptr, 0), -108);
         EXPECT_FALSE(world);
     }
+    SetGrowZoneEx(nullptr);
     EXPECT_EQ(MEM_GetMemUsage(), usage);
 }
 
@@ -139,36 +127,29 @@ TEST_F(Worlds, UpdateCarriesRowsOverAndMovesTheOrigin)
     EXPECT_EQ(world.color(12, 5), 0xFFFFFFu) << "the clip is open";
 }
 
-TEST_F(Worlds, AWorldThatIsCurrentMayBeUpdatedAndDisposed)
+TEST_F(Worlds, AWorldThatIsCurrentMayBeUpdatedInVainToo)
 {
     GrafPtr former = qd.thePort;
     {
         World world(8, ltrb(0, 0, 4, 4));
         SetGWorld(world.port(), nullptr);
-        world.update(32, ltrb(0, 0, 30, 30));
-        EXPECT_EQ(GetQDGlobalsThePort(), world.port());
-        PatBlt(world.context(), 0, 0, 30, 30, WHITENESS);
-        EXPECT_EQ(world.color(29, 29), 0xFFFFFFu);
+        for (bool inVain : {false, true}) {
+            if (inVain) {
+                EXPECT_EQ(UpdateGWorld(world.address(), 32, world.rect(ltrb(0, 0, 32767, 32767)), nullptr, nullptr, 0),
+                          GWorldFlags(-108));
+                EXPECT_FALSE(+world.map().pmBitmap || world.map().pmDC);
+            }
+            world.update(32, ltrb(0, 0, 30, 30));
+            EXPECT_EQ(GetQDGlobalsThePort(), world.port());
+            PenPat(&qd.black);
+            PatBlt(world.context(), 0, 0, 30, 30, WHITENESS);
+            PatBlt(world.context(), 2, 2, 1, 1, PATCOPY);
+            EXPECT_EQ(world.color(29, 29), 0xFFFFFFu);
+            EXPECT_EQ(world.color(2, 2), 0u) << "the port's pen is in the context";
+        }
     }
     EXPECT_EQ(+qd.thePort, former);
     EXPECT_EQ(MEM_GetMemUsage(), usage);
-}
-
-TEST_F(Worlds, AFailedUpdateLeavesAWorldWithoutPixelsThatCanBeSizedAgain)
-{
-    World world(32, ltrb(0, 0, 10, 10));
-    SetGWorld(world.port(), nullptr);
-    EXPECT_EQ(UpdateGWorld(world.address(), 32, world.rect(ltrb(0, 0, 32767, 32767)), nullptr, nullptr, 0),
-              GWorldFlags(-108));
-    EXPECT_FALSE(+world.map().pmBitmap);
-    EXPECT_FALSE(+world.map().pmDC);
-    world.update(32, ltrb(0, 0, 10, 10));
-    ASSERT_TRUE(+world.map().baseAddr);
-    PenPat(&qd.black);
-    PatBlt(world.context(), 0, 0, 10, 10, WHITENESS);
-    PatBlt(world.context(), 2, 2, 1, 1, PATCOPY);
-    EXPECT_EQ(world.color(1, 1), 0xFFFFFFu);
-    EXPECT_EQ(world.color(2, 2), 0u) << "the port's pen is in the new context";
 }
 
 TEST_F(Worlds, BitmapsCountForTheBudget)
@@ -256,23 +237,16 @@ TEST_F(Worlds, TheOrderIsSaidAndChanged)
     EXPECT_EQ(MTBX_AssumeGWorld32PixmapFormat(world.port(), 5), 0);
     EXPECT_EQ(+world.map().pmFormat, kPixelFormatMasks);
     EXPECT_EQ(world.pixels(), before);
-}
-
-TEST_F(Worlds, OnlyWorldsOf32BitsHaveAnOrderToChange)
-{
-    SInt32 format = 9;
     EXPECT_EQ(MTBX_GetGWorld32PixmapFormat(nullptr, &format), -50);
     EXPECT_EQ(format, -1);
-    EXPECT_EQ(MTBX_SetGWorld32PixmapFormat(nullptr, 0), -50);
     EXPECT_EQ(MTBX_AssumeGWorld32PixmapFormat(nullptr, 0), -50);
-    World shallow(8, ltrb(0, 0, 4, 4));
-    EXPECT_EQ(MTBX_GetGWorld32PixmapFormat(shallow.port(), &format), 0);
-    EXPECT_EQ(format, -1);
     for (SInt16 depth : {8, 16}) {
-        World world(depth, ltrb(0, 0, 4, 4));
-        std::vector<UInt32> before = world.pixels();
-        EXPECT_EQ(MTBX_SetGWorld32PixmapFormat(world.port(), kGWorld32AlphaFirst), -50);
-        EXPECT_EQ(world.pixels(), before);
+        World other(depth, ltrb(0, 0, 4, 4));
+        before = other.pixels();
+        EXPECT_EQ(MTBX_GetGWorld32PixmapFormat(other.port(), &format), 0);
+        EXPECT_EQ(format, depth == 8 ? -1 : kGWorld32BlueFirst);
+        EXPECT_EQ(MTBX_SetGWorld32PixmapFormat(other.port(), kGWorld32AlphaFirst), -50);
+        EXPECT_EQ(other.pixels(), before);
     }
 }
 

@@ -189,6 +189,12 @@ TEST(Text, ThePositionMovesWithTheText)
     canvas.out(0, 0, "one");
     GetCurrentPositionEx(canvas.dc, &position);
     EXPECT_EQ(position.x, 10 + canvas.width("two"));
+    SetTextAlign(canvas.dc, TA_UPDATECP);
+    BeginPath(canvas.dc);
+    canvas.out(0, 0, "one");
+    AbortPath(canvas.dc);
+    GetCurrentPositionEx(canvas.dc, &position);
+    EXPECT_EQ(position.x, 10 + canvas.width("onetwo")) << "within a path too";
 }
 
 TEST(Text, OpaqueTextFillsItsCell)
@@ -205,6 +211,19 @@ TEST(Text, OpaqueTextFillsItsCell)
     EXPECT_EQ(canvas.pixel(20 + canvas.width("HNH") - 1, 10 + canvas.metrics.tmHeight - 1), bluePixel);
 }
 
+using Picture = std::vector<uint32_t>;
+
+// The picture is the whole one within, and black around.
+void expectCut(const TextCanvas &canvas, const Picture &cut, const Picture &whole,
+               const std::function<bool(int, int)> &isWithin)
+{
+    for (int y = 0; y < canvas.height(); ++y)
+        for (int x = 0; x < canvas.width(); ++x) {
+            size_t place = static_cast<size_t>(y * canvas.width() + x);
+            ASSERT_EQ(cut[place], isWithin(x, y) ? whole[place] : 0) << x << ' ' << y;
+        }
+}
+
 TEST(Text, ClipCutsGlyphsExactly)
 {
     TextCanvas canvas;
@@ -212,13 +231,8 @@ TEST(Text, ClipCutsGlyphsExactly)
     HRGN clip = CreateRectRgn(15, 12, 40, 20), second = CreateRectRgn(50, 0, 55, 60);
     CombineRgn(clip, clip, second, RGN_OR);
     SelectClipRgn(canvas.dc, clip);
-    auto cut = canvas.pictureOf(10, 10, "Clipping");
-    for (int y = 0; y < canvas.height(); ++y) {
-        for (int x = 0; x < canvas.width(); ++x) {
-            size_t place = static_cast<size_t>(y * canvas.width() + x);
-            ASSERT_EQ(cut[place], PtInRegion(clip, x, y) ? whole[place] : 0) << x << ' ' << y;
-        }
-    }
+    expectCut(canvas, canvas.pictureOf(10, 10, "Clipping"), whole,
+              [=](int x, int y) { return PtInRegion(clip, x, y); });
     DeleteObject(clip);
     DeleteObject(second);
 }
@@ -275,16 +289,16 @@ TEST(Text, ExtraSpaceWidensText)
     EXPECT_EQ(canvas.width(text), plain);
 }
 
-TEST(Text, ShapesAreTheSameAtAllDepths)
+TEST(Text, ShapesAreTheSameAtAllDepthsAndPlaces)
 {
-    auto rowsAt = [](const CanvasFormat &format) {
+    auto rowsAt = [](const CanvasFormat &format, int x) {
         LOGFONTA wanted = description("Arial");
-        Canvas canvas(120, 24, format);
+        Canvas canvas(70, 24, format);
         HFONT font = CreateFontIndirectA(&wanted);
         HGDIOBJ before = SelectObject(canvas.dc, font);
         SetBkMode(canvas.dc, TRANSPARENT);
         SetTextColor(canvas.dc, RGB(255, 255, 255));
-        TextOutA(canvas.dc, 3, 2, "Depths gjx", 10);
+        TextOutA(canvas.dc, x, 2, "Depths gjx", 10);
         auto rows = canvas.rows();
         SelectObject(canvas.dc, before);
         DeleteObject(font);
@@ -292,12 +306,14 @@ TEST(Text, ShapesAreTheSameAtAllDepths)
     };
     std::vector<RGBQUAD> blackAndWhite(2);
     blackAndWhite[1] = {255, 255, 255, 0};
-    auto expected = rowsAt({.depth = 32});
-    EXPECT_EQ(rowsAt({.depth = 24}), expected);
-    EXPECT_EQ(rowsAt({.depth = 16}), expected);
-    for (int depth : {1, 4, 8})
-        EXPECT_EQ(rowsAt({.depth = depth, .colors = blackAndWhite}), expected) << depth;
-    EXPECT_EQ(rowsAt(CanvasFormat::monochrome()), expected);
+    for (int x = -7; x <= 9; ++x) {
+        auto expected = rowsAt({.depth = 32}, x);
+        for (int depth : {16, 24})
+            EXPECT_EQ(rowsAt({.depth = depth}, x), expected) << depth << ' ' << x;
+        for (int depth : {1, 4, 8})
+            EXPECT_EQ(rowsAt({.depth = depth, .colors = blackAndWhite}, x), expected) << depth << ' ' << x;
+        EXPECT_EQ(rowsAt(CanvasFormat::monochrome(), x), expected) << x;
+    }
 }
 
 TEST(Text, StylesChangeThePicture)
@@ -479,12 +495,7 @@ TEST(TextInRectangle, ClipsUnlessToldNotTo)
     auto cut = canvas.pictureOf("Clipped text", rect, DT_SINGLELINE);
     auto whole = canvas.pictureOf("Clipped text", rect, DT_SINGLELINE | DT_NOCLIP);
     EXPECT_EQ(whole, canvas.pictureOf(10, 8, "Clipped text"));
-    for (int y = 0; y < canvas.height(); ++y) {
-        for (int x = 0; x < canvas.width(); ++x) {
-            size_t place = static_cast<size_t>(y * canvas.width() + x);
-            ASSERT_EQ(cut[place], PtInRect(&rect, {x, y}) ? whole[place] : 0);
-        }
-    }
+    expectCut(canvas, cut, whole, [&](int x, int y) { return PtInRect(&rect, {x, y}); });
 }
 
 TEST(TextInRectangle, UnderlinesTheMarkedLetter)
@@ -619,19 +630,6 @@ TEST(Text, SlantingTextKeepsItsLengthAndCharacters)
     double length = plain.right - plain.left, height = plain.bottom - plain.top;
     EXPECT_NEAR(slant.right - slant.left, length * 0.866 + height * 0.5, 6);
     EXPECT_NEAR(slant.bottom - slant.top, length * 0.5 + height * 0.866, 6);
-}
-
-TEST(Text, MovesThePositionWithinAPathToo)
-{
-    TextCanvas canvas(description("Arial", -20));
-    SetTextAlign(canvas.dc, TA_UPDATECP);
-    MoveToEx(canvas.dc, 10, 20, nullptr);
-    BeginPath(canvas.dc);
-    canvas.out(0, 0, "Path");
-    POINT position;
-    GetCurrentPositionEx(canvas.dc, &position);
-    AbortPath(canvas.dc);
-    EXPECT_EQ(position.x, 10 + canvas.width("Path"));
 }
 
 TEST(TextInRectangle, TabbedTextStandsAtItsStops)

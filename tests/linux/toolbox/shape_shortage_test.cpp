@@ -163,6 +163,28 @@ TEST_F(ShapeShortage, APolygonKeepsTheVerticesForWhichThereIsMemory)
     EXPECT_EQ(port()->pnVis, 0);
 }
 
+PolyHandle purgedPolygon;
+
+SInt32 purgePolygon(UInt64)
+{
+    EmptyHandle(reinterpret_cast<Handle>(purgedPolygon));
+    return 1;
+}
+
+TEST_F(ShapeShortage, APolygonMayBePurgedWhileItIsToBeDrawn)
+{
+    purgedPolygon = OpenPoly();
+    for (int i = 0; i < 100; ++i)
+        MacLineTo(static_cast<SInt16>(i * 7 % 60), static_cast<SInt16>(i * 11 % 60));
+    ClosePoly();
+    SetGrowZoneEx(purgePolygon);
+    Win32Control_RefuseAllocations(WIN32_ALLOCATION_C_HEAP, 1, 2, 0);
+    PaintPoly(purgedPolygon);
+    SetGrowZoneEx(nullptr);
+    EXPECT_EQ(countBlack(), 0);
+    KillPoly(purgedPolygon);
+}
+
 TEST_F(ShapeShortage, Windows95FillsTheOutlineOfALineWhenItRefusesThePen)
 {
     PenSize(5, 5);

@@ -118,34 +118,6 @@ TEST(BuiltinFont, UnderlineAndStrikeoutRunThroughTheCell)
     EXPECT_EQ(canvas.rows(), expected);
 }
 
-// All pixels of a glyph's rows change at every depth and position within a byte, and no other.
-TEST(BuiltinFont, SitsAtAnyPixel)
-{
-    for (int depth : {1, 4, 8, 16, 24, 32}) {
-        for (int x = -7; x <= 9; ++x) {
-            std::vector<RGBQUAD> colors(2);
-            colors[1] = {255, 255, 255, 0};
-            CanvasFormat format{.depth = depth, .colors = depth <= 8 ? colors : std::vector<RGBQUAD>{}};
-            Canvas canvas(17, 13, format);
-            LOGFONTA wanted{};
-            strcpy(wanted.lfFaceName, "builtin fixed");
-            HFONT font = CreateFontIndirectA(&wanted);
-            HGDIOBJ before = SelectObject(canvas.dc, font);
-            SetBkMode(canvas.dc, TRANSPARENT);
-            SetTextColor(canvas.dc, RGB(255, 255, 255));
-            TextOutA(canvas.dc, x, 0, "Z", 1);
-            std::string top(17, '.');
-            for (int column = x + 1; column < x + 7; ++column) {
-                if (column >= 0 && column < 17)
-                    top[static_cast<size_t>(column)] = '#';
-            }
-            EXPECT_EQ(canvas.rows()[2], top) << depth << ' ' << x;
-            SelectObject(canvas.dc, before);
-            DeleteObject(font);
-        }
-    }
-}
-
 TEST(BuiltinFont, WrapsWithoutTheBlanksAtTheBreak)
 {
     BuiltinCanvas canvas(90, 40);
@@ -271,6 +243,78 @@ TEST(Fonts, DoubleByteTextIsReadInTheCharacterSetsPage)
     EXPECT_EQ(GetTextCharset(canvas.dc), SHIFTJIS_CHARSET);
     // A lead byte at the end stands alone.
     EXPECT_TRUE(TextOutA(canvas.dc, 0, 0, "a\x82", 2));
+}
+
+// Of two bytes in this page; common fonts have it.
+constexpr char twoIotas[] = "\x83\xc7\x83\xc7";
+
+struct VerticalCanvas : Canvas {
+    explicit VerticalCanvas(const char *face, LONG turn = 0) : Canvas(200, 200, 32)
+    {
+        LOGFONTA wanted{};
+        wanted.lfHeight = -30;
+        wanted.lfEscapement = wanted.lfOrientation = turn;
+        wanted.lfCharSet = SHIFTJIS_CHARSET;
+        wanted.lfQuality = NONANTIALIASED_QUALITY;
+        strcpy(wanted.lfFaceName, face);
+        initialFont = SelectObject(dc, CreateFontIndirectA(&wanted));
+        SetTextColor(dc, RGB(255, 255, 255));
+        SetBkMode(dc, TRANSPARENT);
+        SetTextAlign(dc, TA_BASELINE);
+    }
+    ~VerticalCanvas() { DeleteObject(SelectObject(dc, initialFont)); }
+
+    // The box of what one text leaves.
+    RECT inkOf(const char *text)
+    {
+        clear();
+        TextOutA(dc, 100, 100, text, static_cast<int>(strlen(text)));
+        Rows rows = this->rows();
+        RECT box{200, 200, 0, 0};
+        for (LONG y = 0; y < 200; ++y)
+            for (LONG x = 0; x < 200; ++x)
+                if (rows[static_cast<size_t>(y)][static_cast<size_t>(x)] != '.')
+                    box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1), y + 1};
+        return box;
+    }
+
+    HGDIOBJ initialFont;
+};
+
+TEST(VerticalFaces, FullWidthCharactersLieOnTheirBacksAndOthersStand)
+{
+    TEXTMETRICA metrics;
+    VerticalCanvas level("Arial"), vertical("@Arial"), column("@Arial", -900);
+    GetTextMetricsA(level.dc, &metrics);
+    if (!(metrics.tmPitchAndFamily & TMPF_VECTOR))
+        GTEST_SKIP() << "no scalable font";
+    char face[LF_FACESIZE];
+    GetTextFaceA(vertical.dc, LF_FACESIZE, face);
+    EXPECT_STREQ(face, "@Arial");
+    auto widthOf = [](const RECT &box) { return box.right - box.left; };
+    auto heightOf = [](const RECT &box) { return box.bottom - box.top; };
+    std::string iota(twoIotas, 2);
+    RECT plain = level.inkOf(iota.c_str()), lying = vertical.inkOf(iota.c_str());
+    ASSERT_LT(widthOf(plain), heightOf(plain) - 2);
+    EXPECT_NEAR(widthOf(lying), heightOf(plain), 1);
+    EXPECT_NEAR(heightOf(lying), widthOf(plain), 1);
+    // Down the page it stands, in the middle of the line.
+    RECT upright = column.inkOf(iota.c_str());
+    EXPECT_NEAR(widthOf(upright), widthOf(plain), 1);
+    EXPECT_NEAR(heightOf(upright), heightOf(plain), 1);
+    EXPECT_GE(upright.top, 100);
+    EXPECT_NEAR((upright.left + upright.right) / 2, 100 + (metrics.tmAscent - metrics.tmDescent) / 2, 2);
+    RECT two = column.inkOf(twoIotas);
+    EXPECT_EQ(widthOf(two), widthOf(upright));
+    EXPECT_NEAR(heightOf(two), heightOf(upright) + 30, 1) << "a character below the other";
+    SIZE extent;
+    GetTextExtentPoint32A(vertical.dc, twoIotas, 4, &extent);
+    EXPECT_EQ(extent.cx, 60);
+    // A letter, and a dash of two bytes.
+    for (const char *text : {"P", "\x81\x5c"}) {
+        RECT expected = level.inkOf(text), found = vertical.inkOf(text);
+        EXPECT_TRUE(EqualRect(&expected, &found)) << text;
+    }
 }
 
 // A bitmap font with one letter, an A that is a triangle, 5 by 4 pixels.

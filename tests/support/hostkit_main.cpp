@@ -1,0 +1,34 @@
+// Starts the host kit once for a whole test program: a main window takes seconds under Wine.
+#include "HostKitTest.h"
+#include "TemporaryFile.h"
+
+namespace {
+
+const TemporaryFile &settings()
+{
+    static TemporaryFile file("hostkit-tests");
+    return file;
+}
+
+} // namespace
+
+HostKitOptions testOptions()
+{
+    HostKitOptions options = {};
+    options.title = "Tests";
+    options.settingsFile = settings().path();
+    options.width = 640;
+    options.height = 520;
+    return options;
+}
+
+int main(int argc, char **argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    HostKitOptions options = testOptions();
+    if (HostKitStart(&options) != noErr)
+        return 1;
+    int result = RUN_ALL_TESTS();
+    HostKitStop();
+    return result;
+}
