@@ -30,9 +30,10 @@ void openDocument()
     UpdateWindow(window);
 }
 
+// Windows may lose a place when much goes on.
 void tellSeen(size_t count)
 {
-    SetWindowTextA(mainWindow, ("Seen " + std::to_string(count)).c_str());
+    SetWindowTextA(mainWindow, ("Seen about " + std::to_string((count + 5) / 10 * 10)).c_str());
 }
 
 // Where the mouse was, each place once: Windows may tell an earlier one again.

@@ -85,7 +85,7 @@ bool isIdle(milliseconds longest)
 // times at the buttons. looks: their number when it last read messages.
 bool isTrackingOrIdle(unsigned &looks, milliseconds longest)
 {
-    constexpr unsigned looksOfLoop = 3;
+    constexpr unsigned looksOfLoop = 6; // some programs look twice before they see where the mouse is
     constexpr milliseconds longestAtOnce{2};
     if (buttonLooks() - looks >= looksOfLoop)
         return true;

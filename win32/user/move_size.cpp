@@ -151,6 +151,17 @@ private:
     RECT current_{};
 };
 
+// Without the mouse on the frame, it is put where it will hold the window.
+POINT startByKey(HWND window, bool isSize)
+{
+    RECT rect;
+    GetWindowRect(window, &rect);
+    POINT point = isSize ? POINT{rect.right - 1, rect.bottom - 1}
+                         : POINT{(rect.left + rect.right) / 2, rect.top + GetSystemMetrics(SM_CYFRAME) + GetSystemMetrics(SM_CYCAPTION) / 2};
+    SetCursorPos(point.x, point.y);
+    return cursorPosition();
+}
+
 } // namespace
 
 void moveOrSize(HWND window, UINT command, POINT point)
@@ -159,7 +170,7 @@ void moveOrSize(HWND window, UINT command, POINT point)
     bool isSize = (command & 0xfff0) == SC_SIZE;
     if ((style & (WS_MAXIMIZE)) || (isSize && !(style & WS_THICKFRAME)) || (isSize && (style & WS_MINIMIZE)))
         return;
-    Tracking(window, command, point).run();
+    Tracking(window, command, command & 0xf ? point : startByKey(window, isSize)).run();
 }
 
 MINMAXINFO askLimits(HWND window)

@@ -94,7 +94,7 @@ IdleWatch::Seen IdleWatch::stateOf(const MessageQueue &queue)
 
 bool IdleWatch::isIdle(const MessageQueue &queue)
 {
-    constexpr unsigned looksOfLoop = 3;
+    constexpr unsigned looksOfLoop = 6; // some programs look twice before they see where the mouse is
     auto seen = std::find_if(seen_.begin(), seen_.end(), [&](const Seen &each) { return each.queue == &queue; });
     if (seen == seen_.end())
         return hasNothingToDo(queue);
