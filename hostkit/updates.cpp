@@ -7,38 +7,53 @@ namespace {
 // Whether a window may have something to be drawn, so that most questions need no search.
 bool isUpdateNoted;
 
-void addWhole(HWND native, RgnHandle part)
+// The native update region, in coordinates of the native client area as updateRgn is; null when memory is short.
+RgnHandle nativeUpdateOf(HWND native)
+{
+    RgnHandle part = NewRgn();
+    if (!part)
+        return nullptr;
+    if (GetUpdateRgn(native, (**part).rgnNative, FALSE) == ERROR) {
+        DisposeRgn(part);
+        return nullptr;
+    }
+    CalcRgnBox(part);
+    return part;
+}
+
+// Paints the frame and the background, as far as they are asked for. Gives the box around what can be seen of the update;
+// false when that cannot be told.
+bool validate(HWND native, Rect &seen)
+{
+    PAINTSTRUCT paint;
+    if (!BeginPaint(native, &paint)) {
+        ValidateRect(native, nullptr); // the system would ask again and again
+        return false;
+    }
+    EndPaint(native, &paint);
+    const RECT &box = paint.rcPaint;
+    seen = {static_cast<SInt16>(box.top), static_cast<SInt16>(box.left), static_cast<SInt16>(box.bottom),
+            static_cast<SInt16>(box.right)};
+    return true;
+}
+
+void addWhole(HWND native, RgnHandle update)
 {
     RECT client = {};
     GetClientRect(native, &client);
-    MacSetRectRgn(part, 0, 0, static_cast<SInt16>(client.right), static_cast<SInt16>(client.bottom));
+    MacSetRectRgn(update, 0, 0, static_cast<SInt16>(client.right), static_cast<SInt16>(client.bottom));
 }
 
-// The native update region, in coordinates of the native client area as updateRgn is.
-void addNativeUpdate(HWND native, WindowPtr window)
+// The system asks windows that lie below others to paint what they show nothing of.
+void addSeen(RgnHandle part, const Rect &seen, RgnHandle update)
 {
-    RgnHandle part = NewRgn();
-    if (!part) {
-        // What was there is enlarged to the whole, for which no region is needed.
-        addWhole(native, recordOf(window)->updateRgn);
-        return;
+    RgnHandle box = NewRgn();
+    if (box) {
+        RectRgn(box, &seen);
+        SectRgn(part, box, part);
+        DisposeRgn(box);
     }
-    if (GetUpdateRgn(native, (**part).rgnNative, FALSE) == ERROR)
-        addWhole(native, part);
-    else
-        CalcRgnBox(part);
-    MacUnionRgn(recordOf(window)->updateRgn, part, recordOf(window)->updateRgn);
-    DisposeRgn(part);
-}
-
-// Paints the frame and the background, as far as they are asked for.
-void validate(HWND native)
-{
-    PAINTSTRUCT paint;
-    if (BeginPaint(native, &paint))
-        EndPaint(native, &paint);
-    else
-        ValidateRect(native, nullptr); // the system would ask again and again
+    MacUnionRgn(update, part, update);
 }
 
 bool isToBeDrawn(WindowPtr window)
@@ -53,21 +68,30 @@ EventRecord updateEventOf(WindowPtr window)
     return event;
 }
 
-} // namespace
-
-void takeUpdate(HWND native, WindowPtr window)
+void noteUpdate(WindowPtr window)
 {
-    if (window)
-        addNativeUpdate(native, window);
-    validate(native);
-    // Erasing may have run the program's code.
-    if (!window || GetHwndMacWindowPtr(native) != window)
-        return;
     isUpdateNoted = true;
     if (isInSystemLoop() && isToBeDrawn(window)) {
         EventRecord event = updateEventOf(window);
         handleInSystemLoop(event);
     }
+}
+
+} // namespace
+
+void takeUpdate(HWND native, WindowPtr window)
+{
+    RgnHandle part = window ? nativeUpdateOf(native) : nullptr;
+    Rect seen = {};
+    bool isKnown = validate(native, seen) && part;
+    // Erasing may have run the program's code.
+    if (window && GetHwndMacWindowPtr(native) == window) {
+        RgnHandle update = recordOf(window)->updateRgn;
+        isKnown ? addSeen(part, seen, update) : addWhole(native, update);
+        noteUpdate(window);
+    }
+    if (part)
+        DisposeRgn(part);
 }
 
 bool takeUpdateEvent(EventRecord &event)
