@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <malloc.h>
 
 namespace {
 
@@ -11,6 +12,7 @@ UInt64 bytesAfterFirst;
 UInt64 bytesInUse()
 {
     UInt64 bytes = 0;
+    _heapmin(); // what the C heap only keeps for later does not count
     MTBX_SyncMemUsageWithOS();
     MTBX_TotalMemoryUsed(&bytes);
     return bytes;
