@@ -79,6 +79,15 @@ TEST_F(MenusOnTheScreen, ShowWhatIsSelectedAndLeaveNothingBehind)
     EXPECT_TRUE(wholeScreen() == before);
 }
 
+TEST_F(MenusOnTheScreen, ShowWhatIsHighlightedByHandUntilItIsNoMore)
+{
+    HiliteMenuItem(window, bar, 5, MF_BYCOMMAND | MF_HILITE);
+    EXPECT_GT(countOf(barItem(2), COLOR_HIGHLIGHT), areaOf(barItem(2)) / 2);
+    HiliteMenuItem(window, bar, 5, MF_BYCOMMAND | MF_UNHILITE);
+    EXPECT_EQ(countOf(barItem(2), COLOR_HIGHLIGHT), 0);
+    EXPECT_FALSE(GetMenuState(bar, 5, MF_BYCOMMAND) & MF_HILITE);
+}
+
 TEST_F(MenusOnTheScreen, AreAsWideAsTheirTexts)
 {
     HDC context = GetDC(nullptr);
