@@ -50,7 +50,14 @@ public:
     // Boxes as scan.h makes them, cut to the clip here.
     void fill(std::span<const Box> boxes, const Paint &paint, int rop2)
     {
-        if (!boxes.empty() && touch(boundsOf(boxes)))
+        if (boxes.empty())
+            return;
+        Box bounds = boundsOf(boxes);
+        if (!touch(bounds))
+            return;
+        if (clip().count == 1 && contains(clip().extents, bounds))
+            fillBoxes(surface(), boxes.data(), boxes.size(), paint, rop2);
+        else
             fillManyClipped(surface(), clip(), boxes, paint, rop2);
     }
 

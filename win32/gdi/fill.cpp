@@ -71,14 +71,49 @@ template <class Pixel> void fillNarrowBox(const Surface &surface, const Box &box
     }
 }
 
+template <class Pixel> void fillOneSolid(const Surface &surface, const Box &box, const SolidFill &fill)
+{
+    if (isSmall(box))
+        fillNarrowBox<Pixel>(surface, box, fill);
+    else
+        fillSolidBox(surface, box, fill);
+}
+
 template <class Pixel, class EachBox> void fillEachSolid(const Surface &surface, const SolidFill &fill, EachBox eachBox)
 {
-    eachBox([&](const Box &box) {
-        if (isSmall(box))
-            fillNarrowBox<Pixel>(surface, box, fill);
-        else
-            fillSolidBox(surface, box, fill);
-    });
+    eachBox([&](const Box &box) { fillOneSolid<Pixel>(surface, box, fill); });
+}
+
+// All boxes of an array, as fillEach takes them.
+struct BoxArray {
+    const Box *boxes;
+    size_t count;
+
+    template <class Visit> void operator()(Visit visit) const
+    {
+        for (const Box *box = boxes; box != boxes + count; ++box)
+            visit(*box);
+    }
+};
+
+bool isLow(const Box &box)
+{
+    return box.y2 - box.y1 <= narrow && box.x2 - box.x1 > narrow;
+}
+
+// The rows of a round shape are an array of low boxes, which a single loop fills.
+template <class Pixel> void fillEachSolid(const Surface &surface, const SolidFill &fill, BoxArray array)
+{
+    const Box *end = array.boxes + array.count;
+    for (const Box *box = array.boxes; box != end;) {
+        const Box *lowEnd = fill.keep == 0 ? std::find_if_not(box, end, isLow) : box;
+        if (lowEnd == box) {
+            fillOneSolid<Pixel>(surface, *box++, fill);
+            continue;
+        }
+        fillLowBoxes({surface.bits, surface.stride}, sizeof(Pixel), box, static_cast<size_t>(lowEnd - box), fill.flip);
+        box = lowEnd;
+    }
 }
 
 // A binary code as sums of products: D = (D & (a P ^ b)) ^ (c P ^ d).
@@ -183,10 +218,7 @@ template <class EachBox> void fillEach(const Surface &surface, const Paint &pain
 
 void fillBoxes(const Surface &surface, const Box *boxes, size_t count, const Paint &paint, int rop2)
 {
-    fillEach(surface, paint, rop2, [boxes, count](auto fill) {
-        for (size_t i = 0; i < count; ++i)
-            fill(boxes[i]);
-    });
+    fillEach(surface, paint, rop2, BoxArray{boxes, count});
 }
 
 void fillClipped(const Surface &surface, const ClipBoxes &clip, const Box &box, const Paint &paint, int rop2)

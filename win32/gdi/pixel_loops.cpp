@@ -292,6 +292,17 @@ void fillRows(ByteRows rows, size_t length, int count, uint32_t word)
 }
 
 WIN32_FOR_EACH_PROCESSOR
+void fillLowBoxes(ByteRows surface, int pixelSize, const Box *boxes, size_t count, uint32_t word)
+{
+    for (const Box *box = boxes; box != boxes + count; ++box) {
+        uint8_t *row = surface.bytes + box->y1 * surface.stride + ptrdiff_t{box->x1} * pixelSize;
+        size_t length = static_cast<size_t>(box->x2 - box->x1) * static_cast<size_t>(pixelSize);
+        for (int y = box->y1; y < box->y2; ++y, row += surface.stride)
+            changeRow(row, length, Fill{word});
+    }
+}
+
+WIN32_FOR_EACH_PROCESSOR
 void andXorRows(ByteRows rows, size_t length, int count, uint32_t keep, uint32_t flip)
 {
     for (int y = 0; y < count; ++y) {

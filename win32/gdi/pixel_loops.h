@@ -2,6 +2,7 @@
 // formats; rows of one call do not overlap unless a function says so.
 #pragma once
 
+#include "box.h"
 #include "raster_code.h"
 
 #include <cstddef>
@@ -27,6 +28,8 @@ struct ConstByteRows {
 
 // Repeats a word from the start of each row.
 void fillRows(ByteRows rows, size_t length, int count, uint32_t word);
+// The same for boxes of pixels of 1, 2 or 4 bytes, with one way for all: made for many boxes of a few rows.
+void fillLowBoxes(ByteRows surface, int pixelSize, const Box *boxes, size_t count, uint32_t word);
 // D = (D & keep) ^ flip, with both words repeated from the start of each row.
 void andXorRows(ByteRows rows, size_t length, int count, uint32_t keep, uint32_t flip);
 

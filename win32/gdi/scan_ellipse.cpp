@@ -66,11 +66,41 @@ void findInsets(int64_t a, int64_t b, int64_t first, int64_t last, int *insets)
         computeInsets(a, b, first, last, insets);
 }
 
+// Boxes of one run of pixels each, from top to bottom, equal neighbours as one: appended to a list that is
+// made long enough at first.
+class RowWriter {
+public:
+    RowWriter(std::vector<Box> &boxes, size_t mostRows) : boxes_(boxes)
+    {
+        size_t start = boxes.size();
+        boxes.resize(start + mostRows);
+        first_ = next_ = boxes.data() + start;
+    }
+
+    void add(int left, int top, int right, int bottom)
+    {
+        if (left >= right)
+            return;
+        Box *above = next_ - 1;
+        if (next_ != first_ && above->x1 == left && above->x2 == right && above->y2 == top)
+            above->y2 = bottom;
+        else
+            *next_++ = {left, top, right, bottom};
+    }
+
+    void finish() { boxes_.resize(static_cast<size_t>(next_ - boxes_.data())); }
+
+private:
+    std::vector<Box> &boxes_;
+    Box *first_;
+    Box *next_;
+};
+
 class RoundRectScan {
 public:
     RoundRectScan(const Box &box, int64_t ellipseWidth, int64_t ellipseHeight, const Box &bounds,
                   std::vector<Box> &boxes)
-        : box_(box), bounds_(bounds), writer_(boxes), a_(ellipseWidth - 1), b_(ellipseHeight - 1),
+        : box_(box), bounds_(bounds), boxes_(boxes), a_(ellipseWidth - 1), b_(ellipseHeight - 1),
           corner_(ellipseHeight / 2), firstRow_(std::max<int64_t>(0, int64_t{bounds.y1} - box.y1)),
           lastRow_(std::min(height(), int64_t{bounds.y2} - box.y1))
     {
@@ -81,12 +111,12 @@ public:
 private:
     int64_t height() const { return int64_t{box_.y2} - box_.y1; }
     void findVisibleInsets();
-    void writeRows(int64_t first, int64_t last, int64_t inset);
-    int64_t insetOf(int64_t depth) const { return insets_[static_cast<size_t>(depth - firstDepth_)]; }
+    const int *insetsFrom(int64_t depth) const { return insets_.data() + (depth - firstDepth_); }
+    void writeCorners(RowWriter &writer, int64_t first, int64_t last, const int *insets, int step) const;
 
     Box box_;
     Box bounds_;
-    BandWriter<std::vector<Box>> writer_;
+    std::vector<Box> &boxes_;
     int64_t a_, b_;
     int64_t corner_; // rows of a corner
     int64_t firstRow_, lastRow_;
@@ -104,7 +134,7 @@ void RoundRectScan::findVisibleInsets()
         return;
     firstDepth_ = !hasLower ? upperFirst : !hasUpper ? lowerFirst : std::min(upperFirst, lowerFirst);
     int64_t lastDepth = !hasLower ? upperLast : !hasUpper ? lowerLast : std::max(upperLast, lowerLast);
-    if (static_cast<uint64_t>(lastDepth - firstDepth_) > mostBoxes)
+    if (static_cast<uint64_t>(lastDepth - firstDepth_) > mostBoxes / 2)
         throw std::bad_alloc();
     insets_.resize(static_cast<size_t>(lastDepth - firstDepth_));
     findInsets(a_, b_, firstDepth_, lastDepth, insets_.data());
@@ -115,27 +145,31 @@ void RoundRectScan::run()
     if (firstRow_ >= lastRow_)
         return;
     findVisibleInsets();
+    RowWriter writer(boxes_, 2 * insets_.size() + 1);
     int64_t row = firstRow_;
-    for (; row < std::min(corner_, lastRow_); ++row)
-        writeRows(row, row + 1, insetOf(row));
+    int64_t upperEnd = std::min(corner_, lastRow_);
+    if (row < upperEnd) {
+        writeCorners(writer, row, upperEnd, insetsFrom(row), 1);
+        row = upperEnd;
+    }
     int64_t straightEnd = std::min(height() - corner_, lastRow_);
     if (row < straightEnd) {
-        writeRows(row, straightEnd, 0);
+        writer.add(std::max(box_.x1, bounds_.x1), static_cast<int>(box_.y1 + row), std::min(box_.x2, bounds_.x2),
+                   static_cast<int>(box_.y1 + straightEnd));
         row = straightEnd;
     }
-    for (; row < lastRow_; ++row)
-        writeRows(row, row + 1, insetOf(height() - 1 - row));
-    writer_.finish();
+    if (row < lastRow_)
+        writeCorners(writer, row, lastRow_, insetsFrom(height() - 1 - row), -1);
+    writer.finish();
 }
 
-void RoundRectScan::writeRows(int64_t first, int64_t last, int64_t inset)
+// A row for each inset, of which the next is a step further.
+void RoundRectScan::writeCorners(RowWriter &writer, int64_t first, int64_t last, const int *insets, int step) const
 {
-    int64_t left = std::max<int64_t>(box_.x1 + inset, bounds_.x1);
-    int64_t right = std::min<int64_t>(box_.x2 - inset, bounds_.x2);
-    if (left >= right)
-        return;
-    writer_.addBand(static_cast<int>(box_.y1 + first), static_cast<int>(box_.y1 + last), static_cast<int>(left),
-                    static_cast<int>(right));
+    const Box box = box_, bounds = bounds_;
+    auto top = static_cast<int>(box.y1 + first), end = static_cast<int>(box.y1 + last);
+    for (; top < end; ++top, insets += step)
+        writer.add(std::max(box.x1 + *insets, bounds.x1), top, std::min(box.x2 - *insets, bounds.x2), top + 1);
 }
 
 void scanRounded(const Box &box, int64_t ellipseWidth, int64_t ellipseHeight, const Box &bounds,

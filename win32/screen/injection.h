@@ -2,14 +2,11 @@
 // on its way when one is wanted.
 #pragma once
 
-#include "key_table.h"
-#include "replay_script.h"
+#include "send_input.h"
 
 #include <windows.h>
 
 namespace win32::screen {
-
-enum class Press : uint8_t { Down, Up };
 
 void injectMove(POINT screenPoint);
 void injectButton(MouseButton button, Press press);

@@ -2,12 +2,11 @@
 #pragma once
 
 #include "gdi/surface.h"
+#include "replayed_program.h"
 
 #include <string>
 
 namespace win32::screen {
-
-enum class WithCursor : bool { No, Yes };
 
 // A part of the screen, with the cursor when it shows, under a Unix path. False with the last error set when it cannot
 // be written.

@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
+#include <utility>
 
 namespace win32::screen {
 namespace {
@@ -120,7 +121,7 @@ private:
 
     void writeFrontWindow()
     {
-        std::string title = user::frontTitle();
+        std::string title = user::activeTitle();
         if (title.empty() || title == frontTitle_ || title.find('*') != std::string::npos)
             return;
         frontTitle_ = title;

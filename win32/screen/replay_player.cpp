@@ -1,40 +1,32 @@
 #include "replay_player.h"
 
 #include "injection.h"
-#include "kernel/code_pages.h"
-#include "picture.h"
 #include "replay_script.h"
-#include "screen.h"
-#include "user/input.h"
-#include "user/watching.h"
+#include "replayed_program.h"
+#include "title_pattern.h"
 
-#include <climits>
-#include <unistd.h>
-
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
-#include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <memory>
-#include <thread>
+#include <new>
 
 namespace win32::screen {
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr milliseconds lookInterval{2};
-// How long a step waits for the program to take in the one before. A program that looks at keys and buttons without
-// reading its messages goes on then.
+// How long a step waits for the program to take in the one before. A program that looks at keys without reading its
+// messages goes on then.
 constexpr milliseconds settlingTime{100};
 
 bool readFile(const std::string &path, std::string &content)
 {
-    FILE *file = fopen(path.c_str(), "re");
+    FILE *file = fopen(path.c_str(), "rb");
     if (!file)
         return false;
     char buffer[4096];
@@ -45,12 +37,12 @@ bool readFile(const std::string &path, std::string &content)
     return isRead;
 }
 
-// Ends the process at once: the program's own threads may be anywhere.
-[[noreturn]] void endProcess(const std::string &message, ReplayStatus status)
+[[noreturn]] void endWith(const std::string &message, ReplayStatus status)
 {
     fflush(stdout);
     fprintf(stderr, "%s\n", message.c_str());
-    _exit(status);
+    fflush(stderr);
+    endProcess(status);
 }
 
 std::string place(const std::string &file, int line, const std::string &source)
@@ -58,10 +50,10 @@ std::string place(const std::string &file, int line, const std::string &source)
     return file + ":" + std::to_string(line) + ": " + source + ": ";
 }
 
-std::string currentFolder()
+std::filesystem::path currentFolder()
 {
-    char path[PATH_MAX];
-    return getcwd(path, sizeof path) ? path : "";
+    std::error_code error;
+    return std::filesystem::current_path(error);
 }
 
 // Why a step cannot be done.
@@ -69,27 +61,22 @@ struct Failure {
     std::string text;
 };
 
-template <class Condition> bool waitFor(Condition isMet, milliseconds longest)
+bool isShown(const std::string &titlePattern)
 {
-    for (Clock::time_point end = Clock::now() + longest; !isMet();) {
-        if (Clock::now() >= end)
-            return false;
-        std::this_thread::sleep_for(lookInterval);
-    }
-    return true;
-}
-
-bool waitForIdle(milliseconds longest)
-{
-    user::IdleWatch watch;
-    return waitFor([&] { return watch.isIdle(); }, longest);
+    std::vector<std::string> titles = shownTitles();
+    return std::any_of(titles.begin(), titles.end(),
+                       [&](const std::string &title) { return matchesTitle(titlePattern, title); });
 }
 
 std::string listOfWindows()
 {
+    constexpr size_t most = 20;
+    std::vector<std::string> titles = shownTitles();
     std::string list;
-    for (const std::string &title : user::shownTitles())
-        list += (list.empty() ? "\"" : ", \"") + title + "\"";
+    for (size_t i = 0; i < titles.size() && i < most; ++i)
+        list += (list.empty() ? "\"" : ", \"") + titles[i] + "\"";
+    if (titles.size() > most)
+        list += " and " + std::to_string(titles.size() - most) + " more";
     return list.empty() ? "there is none" : "there is " + list;
 }
 
@@ -99,6 +86,23 @@ std::string colorText(COLORREF color)
     snprintf(text, sizeof text, "%02x%02x%02x", GetRValue(color), GetGValue(color), GetBValue(color));
     return text;
 }
+
+std::basic_string<WCHAR> wideFromUtf8(const std::string &text)
+{
+    auto size = static_cast<int>(text.size());
+    int count = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(), size, nullptr, 0);
+    if (count == 0)
+        throw Failure{"the text is not UTF-8"};
+    std::basic_string<WCHAR> result(static_cast<size_t>(count), 0);
+    MultiByteToWideChar(CP_UTF8, 0, text.data(), size, result.data(), count);
+    return result;
+}
+
+// A repeat whose steps are being played.
+struct Loop {
+    int round;
+    int rounds;
+};
 
 class Player {
 public:
@@ -112,15 +116,13 @@ public:
 
     void run()
     {
-        for (const Step &step : script_.steps) {
+        for (size_t i = 0; i < script_.steps.size();) {
+            const Step &step = script_.steps[i];
+            isOnLast_ = isLast(i);
             current_ = &step;
-            try {
-                play(step);
-            } catch (const Failure &failure) {
-                endProcess(place(file_, step.line, step.source) + failure.text, ReplayFailed);
-            } catch (const std::bad_alloc &) {
-                endProcess(place(file_, step.line, step.source) + "out of memory", ReplayFailed);
-            }
+            i = step.kind == Step::Kind::Repeat ? enter(step, i)
+                : step.kind == Step::Kind::End  ? leave(step, i)
+                                                : play(step, i);
         }
         current_ = nullptr;
     }
@@ -128,15 +130,66 @@ public:
     // When the program ends by itself. The last step may be what made it end, and be over in a moment.
     void programEnds()
     {
-        const Step *last = &script_.steps.back();
-        waitFor([&] { return current_.load() == nullptr; }, current_ == last ? milliseconds(200) : milliseconds(0));
         const Step *step = current_;
-        if (step && step->kind != Step::Kind::Quit)
-            endProcess(place(file_, step->line, step->source) + "the program ended before this was done",
-                       ReplayUnfinished);
+        if (step && step->kind == Step::Kind::Quit)
+            return;
+        if (isOnLast_)
+            waitFor([&] { return current_.load() == nullptr; }, milliseconds(200));
+        step = current_;
+        if (step)
+            endWith(place(file_, step->line, step->source) + "the program ended before this was done",
+                    ReplayUnfinished);
     }
 
 private:
+    // Whether nothing will be done after a step.
+    bool isLast(size_t index) const
+    {
+        auto loop = loops_.rbegin();
+        for (size_t i = index + 1; i < script_.steps.size(); ++i, ++loop) {
+            if (script_.steps[i].kind != Step::Kind::End || loop == loops_.rend() || loop->round != loop->rounds)
+                return false;
+        }
+        return true;
+    }
+
+    // These give the step that comes next.
+    size_t enter(const Step &repeat, size_t index)
+    {
+        loops_.push_back({1, repeat.number});
+        return index + 1;
+    }
+
+    size_t leave(const Step &end, size_t index)
+    {
+        Loop &loop = loops_.back();
+        if (loop.round++ < loop.rounds)
+            return end.partner + 1;
+        loops_.pop_back();
+        return index + 1;
+    }
+
+    size_t play(const Step &step, size_t index)
+    {
+        try {
+            play(step);
+        } catch (const Failure &failure) {
+            endWith(place(file_, step.line, step.source) + failure.text + roundText(), ReplayFailed);
+        } catch (const std::bad_alloc &) {
+            endWith(place(file_, step.line, step.source) + "out of memory", ReplayFailed);
+        }
+        return index + 1;
+    }
+
+    std::string roundText() const
+    {
+        std::string text;
+        for (auto loop = loops_.rbegin(); loop != loops_.rend(); ++loop)
+            text += (text.empty() ? " (round " : ", of round ") + std::to_string(loop->round) + " of "
+                    + std::to_string(loop->rounds);
+        return text.empty() ? text : text + ")";
+    }
+
     void play(const Step &step)
     {
         switch (step.kind) {
@@ -148,23 +201,33 @@ private:
                 throw Failure{"the program is still busy after " + limitText()};
             break;
         case Step::Kind::WaitWindow:
-            if (!waitFor([&] { return user::isWindowShown(step.text); }, limit_))
+            if (!waitFor([&] { return isShown(step.text); }, limit_))
                 throw Failure{"no such window after " + limitText() + "; " + listOfWindows()};
             break;
         case Step::Kind::WaitGone:
-            if (!waitFor([&] { return !user::isWindowShown(step.text); }, limit_))
+            if (!waitFor([&] { return !isShown(step.text); }, limit_))
                 throw Failure{"the window is still there after " + limitText()};
             break;
         case Step::Kind::Screenshot:
-            waitForIdle(limit_);
-            saveScreenshot(step);
-            break;
         case Step::Kind::ExpectPixel:
+        case Step::Kind::ExpectFront:
+        case Step::Kind::ExpectCount:
             waitForIdle(limit_);
-            checkPixel(step);
+            look(step);
             break;
         case Step::Kind::Quit: quit(); break;
         default: waitForIdle(settlingTime); inject(step);
+        }
+    }
+
+    void look(const Step &step)
+    {
+        switch (step.kind) {
+        case Step::Kind::Screenshot: saveScreenshot(step); break;
+        case Step::Kind::ExpectPixel: checkPixel(step); break;
+        case Step::Kind::ExpectFront: checkFront(step.text); break;
+        case Step::Kind::ExpectCount: checkCount(step); break;
+        default: break;
         }
     }
 
@@ -213,10 +276,11 @@ private:
 
     static void typeUnit(char16_t unit)
     {
-        constexpr short withShift = 0x100;
-        SHORT found = unit == '\n' ? SHORT{VK_RETURN} : unit < 0x7f ? VkKeyScanA(static_cast<CHAR>(unit)) : SHORT{-1};
-        const Key *key = found == -1 ? nullptr : keyOfVirtualKey(static_cast<BYTE>(found), false);
-        bool isTurnedByLock = key && key->virtualKey >= 'A' && key->virtualKey <= 'Z' && user::isToggled(VK_CAPITAL);
+        constexpr int withShift = 0x100;
+        int found = unit == '\n' ? VK_RETURN : unit < 0x7f ? VkKeyScanA(static_cast<CHAR>(unit)) : -1;
+        bool needsOtherModifier = (found & ~(withShift | 0xff)) != 0; // as -1 does
+        const Key *key = needsOtherModifier ? nullptr : keyOfVirtualKey(static_cast<BYTE>(found), false);
+        bool isTurnedByLock = key && key->virtualKey >= 'A' && key->virtualKey <= 'Z' && isLockOn(VK_CAPITAL);
         if (!key)
             injectCharacter(unit);
         else if (((found & withShift) != 0) != isTurnedByLock)
@@ -227,48 +291,59 @@ private:
 
     static void type(const std::string &text)
     {
-        std::u16string units;
-        if (!utf16FromUtf8(text, units))
-            throw Failure{"the text is not UTF-8"};
+        std::basic_string<WCHAR> units = wideFromUtf8(text);
         constexpr size_t unitsAtOnce = 100; // the program's queue has an end
         for (size_t i = 0; i < units.size(); ++i) {
             if (i % unitsAtOnce == unitsAtOnce - 1)
                 waitForIdle(settlingTime);
-            typeUnit(units[i]);
+            typeUnit(static_cast<char16_t>(units[i]));
         }
     }
 
     static void checkScreen(const std::string &mode)
     {
-        if (!isScreenMode(mode))
-            throw Failure{"the screen is " + modeText() + "; WIN32_SCREEN chooses another"};
+        std::string problem = screenProblem(mode);
+        if (!problem.empty())
+            throw Failure{problem};
     }
 
     void saveScreenshot(const Step &step)
     {
-        std::string path = step.text.front() == '/' ? step.text : folder_ + "/" + step.text;
-        Size size = screenSize();
+        std::string path = (folder_ / step.text).string();
         errno = 0;
-        if (!savePicture(path, {0, 0, size.width, size.height}, step.flag ? WithCursor::No : WithCursor::Yes))
+        if (!saveScreen(path, step.flag ? WithCursor::No : WithCursor::Yes))
             throw Failure{"cannot write " + path + (errno ? std::string(": ") + strerror(errno) : "")};
     }
 
     static void checkPixel(const Step &step)
     {
-        gdi::Surface surface = surfaceNow();
-        bool isInside =
-            step.point.x >= 0 && step.point.y >= 0 && step.point.x < surface.width && step.point.y < surface.height;
-        if (!isInside)
+        std::optional<COLORREF> found = pixelAt(step.point);
+        if (!found)
             throw Failure{"the pixel is not on the screen"};
-        COLORREF found = gdi::colorOf(surface, gdi::readPixel(surface, step.point.x, step.point.y));
-        if (found != step.color)
-            throw Failure{"the pixel is " + colorText(found)};
+        if (*found != step.color)
+            throw Failure{"the pixel is " + colorText(*found)};
+    }
+
+    static void checkFront(const std::string &titlePattern)
+    {
+        std::string title = frontTitle();
+        if (!matchesTitle(titlePattern, title))
+            throw Failure{"in front is \"" + title + "\""};
+    }
+
+    static void checkCount(const Step &step)
+    {
+        std::vector<std::string> titles = shownTitles();
+        auto count = std::count_if(titles.begin(), titles.end(),
+                                   [&](const std::string &title) { return matchesTitle(step.text, title); });
+        if (count != step.number)
+            throw Failure{"the count is " + std::to_string(count) + "; " + listOfWindows()};
     }
 
     void quit()
     {
         waitForIdle(settlingTime);
-        user::quitThreadsWithWindows();
+        quitProgram();
         std::this_thread::sleep_for(limit_);
         throw Failure{"the program did not end within " + limitText()};
     }
@@ -281,9 +356,11 @@ private:
 
     const std::string file_;
     const Script script_;
-    const std::string folder_; // where the process began
+    const std::filesystem::path folder_; // where the process began
     std::chrono::seconds limit_{10};
+    std::vector<Loop> loops_; // innermost last
     std::atomic<const Step *> current_{&script_.steps.front()};
+    std::atomic<bool> isOnLast_{false};
 };
 
 std::unique_ptr<Player> load()
@@ -294,10 +371,10 @@ std::unique_ptr<Player> load()
     std::string text;
     errno = 0;
     if (!readFile(name, text))
-        endProcess(std::string("WIN32_REPLAY: cannot read ") + name + ": " + strerror(errno), ReplayUnreadable);
+        endWith(std::string("WIN32_REPLAY: cannot read ") + name + ": " + strerror(errno), ReplayUnreadable);
     Script script = readScript(text);
     if (!script.problem.empty())
-        endProcess(place(name, script.problemLine, script.problemSource) + script.problem, ReplayUnreadable);
+        endWith(place(name, script.problemLine, script.problemSource) + script.problem, ReplayUnreadable);
     return script.steps.empty() ? nullptr : std::make_unique<Player>(name, std::move(script));
 }
 
@@ -308,18 +385,13 @@ Player *player()
     return loaded;
 }
 
-void runInBackground(Player *played)
+void runInBackground()
 {
-    // Signals are the program's threads' business.
-    sigset_t all, old;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &old);
     try {
-        std::thread([played] { played->run(); }).detach();
+        startPlayerThread([] { player()->run(); });
     } catch (const std::exception &error) {
-        endProcess(std::string("WIN32_REPLAY: cannot be played: ") + error.what(), ReplayUnreadable);
+        endWith(std::string("WIN32_REPLAY: cannot be played: ") + error.what(), ReplayUnreadable);
     }
-    pthread_sigmask(SIG_SETMASK, &old, nullptr);
 }
 
 } // namespace
@@ -334,11 +406,10 @@ std::string replayedScreenMode()
 void startReplay()
 {
     static bool isStarted = [] {
-        Player *played = player();
-        if (!played)
+        if (!player())
             return false;
         atexit([] { player()->programEnds(); });
-        runInBackground(played);
+        runInBackground();
         return true;
     }();
     static_cast<void>(isStarted);

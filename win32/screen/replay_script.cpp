@@ -19,6 +19,7 @@ struct Form {
 };
 
 constexpr int longestWait = 600000;
+constexpr int mostRounds = 100000;
 constexpr Form forms[] = {
     {Step::Kind::Screen, "screen", "screen WIDTHxHEIGHTxDEPTH", {Argument::Text}, 0, 0},
     {Step::Kind::Limit, "limit", "limit SECONDS", {Argument::Number}, 1, 3600},
@@ -53,6 +54,15 @@ constexpr Form forms[] = {
      0,
      0},
     {Step::Kind::ExpectPixel, "expect pixel", "expect pixel X Y RRGGBB", {Argument::Point, Argument::Color}, 0, 0},
+    {Step::Kind::ExpectFront, "expect front", "expect front \"TITLE\"", {Argument::Text}, 0, 0},
+    {Step::Kind::ExpectCount,
+     "expect count",
+     "expect count NUMBER \"TITLE\"",
+     {Argument::Number, Argument::Text},
+     0,
+     mostRounds},
+    {Step::Kind::Repeat, "repeat", "repeat NUMBER", {Argument::Number}, 1, mostRounds},
+    {Step::Kind::End, "end", "end", {}, 0, 0},
     {Step::Kind::Close, "close", "close", {}, 0, 0},
     {Step::Kind::Quit, "quit", "quit", {}, 0, 0},
 };
@@ -128,6 +138,12 @@ std::vector<Word> wordsOf(std::string_view line)
     }
 }
 
+bool isTitle(Step::Kind kind)
+{
+    return kind == Step::Kind::WaitWindow || kind == Step::Kind::WaitGone || kind == Step::Kind::ExpectFront
+           || kind == Step::Kind::ExpectCount;
+}
+
 // Reads one line by its form.
 class StepReader {
 public:
@@ -157,7 +173,7 @@ private:
         }
         const std::string &first = words_.front().text;
         if (!words_.front().isQuoted && first == "expect")
-            throw Problem{"expected: expect pixel X Y RRGGBB"};
+            throw Problem{"expected: expect pixel X Y RRGGBB, expect front \"TITLE\" or expect count NUMBER \"TITLE\""};
         throw Problem{quoted(first) + " is no step"};
     }
 
@@ -251,7 +267,7 @@ private:
         case Argument::Color: step.color = nextColor(); break;
         case Argument::Text:
             step.text = next().text;
-            if (step.text.empty() && step.kind != Step::Kind::WaitWindow && step.kind != Step::Kind::WaitGone)
+            if (step.text.empty() && !isTitle(step.kind))
                 throw Problem{std::string("the text is empty; expected: ") + form_->form};
             break;
         case Argument::Key: step.keys.push_back(keyOf(next().text)); break;
@@ -268,12 +284,27 @@ private:
     const Form *form_ = nullptr;
 };
 
-void checkPlace(const Step &step, const std::vector<Step> &before)
+void checkPlace(const Step &step, const std::vector<Step> &before, bool isInLoop)
 {
+    if (step.kind == Step::Kind::End && !isInLoop)
+        throw Problem{"there is no repeat to end"};
     if (!before.empty() && before.back().kind == Step::Kind::Quit)
         throw Problem{"nothing can follow quit"};
     if (step.kind == Step::Kind::Screen && !before.empty())
         throw Problem{"the screen can be given by the first step only"};
+}
+
+// Ties a repeat and its end together. open: the repeats that have none yet, innermost last.
+void tieLoop(std::vector<Step> &steps, std::vector<size_t> &open)
+{
+    size_t last = steps.size() - 1;
+    if (steps[last].kind == Step::Kind::Repeat) {
+        open.push_back(last);
+    } else if (steps[last].kind == Step::Kind::End) {
+        steps[last].partner = open.back();
+        steps[open.back()].partner = last;
+        open.pop_back();
+    }
 }
 
 std::string_view trimmed(std::string_view line)
@@ -324,6 +355,7 @@ void writeArgument(std::string &result, const Step &step, Argument argument)
 Script readScript(std::string_view text)
 {
     Script script;
+    std::vector<size_t> open;
     int number = 0;
     while (!text.empty()) {
         size_t length = text.find('\n');
@@ -335,16 +367,23 @@ Script readScript(std::string_view text)
             if (words.empty())
                 continue;
             Step step = StepReader(std::move(words)).read();
-            checkPlace(step, script.steps);
+            checkPlace(step, script.steps, !open.empty());
             step.line = number;
             step.source = line;
             script.steps.push_back(std::move(step));
+            tieLoop(script.steps, open);
         } catch (const Problem &problem) {
             script.problem = problem.text;
             script.problemLine = number;
             script.problemSource = line;
             return script;
         }
+    }
+    if (!open.empty()) {
+        const Step &step = script.steps[open.back()];
+        script.problem = "the repeat has no end";
+        script.problemLine = step.line;
+        script.problemSource = step.source;
     }
     return script;
 }

@@ -33,6 +33,10 @@ struct Step {
         WaitGone,    // text: the same
         Screenshot,  // text: the file; flag: without the cursor
         ExpectPixel, // point, color
+        ExpectFront, // text: the title
+        ExpectCount, // number: of windows with this title; text
+        Repeat,      // number: how often the steps up to its End are played
+        End,
         Close,
         Quit
     };
@@ -45,6 +49,7 @@ struct Step {
     COLORREF color = 0;
     std::string text{};
     std::vector<const Key *> keys{};
+    size_t partner = 0; // of Repeat and End: which step the other one is
 
     // Where it stands, and how it is written there; for messages.
     int line = 0;

@@ -91,6 +91,14 @@ void note(BYTE key, bool isUp)
         pressedSinceAsked[key] = true;
 }
 
+// For those who want to know whether a program follows the mouse without reading its messages.
+void noteLook(int key)
+{
+    bool isButton = key == VK_LBUTTON || key == VK_RBUTTON || key == VK_MBUTTON;
+    if (MessageQueue *queue = isButton ? MessageQueue::ofThread(GetCurrentThreadId()) : nullptr)
+        queue->buttonLooks.fetch_add(1, std::memory_order_relaxed);
+}
+
 BYTE logicalButton(BYTE physical)
 {
     if (!screen::areButtonsSwapped() || physical == VK_MBUTTON)
@@ -165,7 +173,7 @@ void inject(const KEYBDINPUT &input)
     bool isUp = (input.dwFlags & KEYEVENTF_KEYUP) != 0;
     BYTE key = static_cast<BYTE>(input.wVk);
     if (input.dwFlags & KEYEVENTF_UNICODE)
-        key = 0xe7; // VK_PACKET: the scan code is the character
+        key = VK_PACKET; // the scan code is the character
     else if (input.dwFlags & KEYEVENTF_SCANCODE)
         key = static_cast<BYTE>(MapVirtualKeyA(input.wScan, 1));
     InputEvent event = newEvent(InputEvent::Kind::Key, input.time, input.dwExtraInfo);
@@ -202,6 +210,12 @@ void KeyStates::copyFrom(const BYTE *state)
 POINT cursorPosition()
 {
     return mouse.position;
+}
+
+bool isMouseButtonDown()
+{
+    UserLock lock;
+    return keysNow.isDown(VK_LBUTTON) || keysNow.isDown(VK_RBUTTON) || keysNow.isDown(VK_MBUTTON);
 }
 
 bool isToggled(BYTE key)
@@ -269,6 +283,7 @@ SHORT GetAsyncKeyState(int key)
     if (key < 0 || key > 255)
         return 0;
     UserLock lock;
+    noteLook(key);
     bool wasPressed = std::exchange(pressedSinceAsked[key], false);
     return static_cast<SHORT>((keysNow.isDown(key) ? 0x8000 : 0) | (wasPressed ? 1 : 0));
 }

@@ -37,6 +37,7 @@ private:
 };
 
 POINT cursorPosition();
+bool isMouseButtonDown();
 // Whether a lock such as VK_CAPITAL is on, as all input so far has left it.
 bool isToggled(BYTE key);
 // MK_ bits of the buttons and modifiers.

@@ -105,12 +105,10 @@ WORD ansiCharacter(WORD unit)
     return count == 1 ? static_cast<BYTE>(bytes[0]) : WORD{0};
 }
 
-constexpr UINT packetKey = 0xe7;
-
 // The character of a key message; 0 for none.
 WORD characterOfMessage(const MSG &message, const KeyStates &states)
 {
-    if ((message.wParam & 0xff) == packetKey)
+    if ((message.wParam & 0xff) == VK_PACKET)
         return ansiCharacter(static_cast<WORD>(message.wParam >> 16));
     return characterOf(static_cast<UINT>(message.wParam), states);
 }

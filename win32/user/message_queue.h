@@ -95,6 +95,7 @@ public:
     HWND capture = nullptr;
     HWND moveSizeWindow = nullptr;
     KeyStates keys; // as of the last message taken
+    BYTE menuKey = 0; // Alt or F10 while it is down and nothing else has been pressed since
     std::vector<Timer> timers;
     int cursorLevel = 0;
     HCURSOR cursor = nullptr; // the arrow until the thread chooses another
@@ -109,6 +110,9 @@ public:
     std::atomic<DWORD> changedBits{0};
     // How often the thread looked at all that there is and found nothing.
     std::atomic<unsigned> emptyLooks{0};
+    // How many messages it took, and how often it looked at the mouse's buttons without.
+    std::atomic<unsigned> taken{0};
+    std::atomic<unsigned> buttonLooks{0};
 
 private:
     bool takePosted(MSG &message, const MessageFilter &filter, bool remove);

@@ -20,11 +20,6 @@ std::vector<MessageQueue *> queuesWithWindows()
     return result;
 }
 
-unsigned looksOf(const MessageQueue &queue)
-{
-    return queue.emptyLooks.load(std::memory_order_relaxed);
-}
-
 bool hasNothingToDo(const MessageQueue &queue)
 {
     constexpr DWORD work = QS_INPUT | QS_POSTMESSAGE | QS_ALLPOSTMESSAGE | QS_SENDMESSAGE | QS_PAINT;
@@ -39,6 +34,33 @@ std::string titleOf(const Window &window)
 bool canBeClosed(const Window &window)
 {
     return window.isVisible() && !(window.style & WS_DISABLED) && window.queue;
+}
+
+// Whether a person takes it for a window of its own.
+bool hasTitle(const Window &window)
+{
+    return window.isTopLevel() || (window.style & WS_CAPTION) == WS_CAPTION;
+}
+
+// To be called with the lock held. Palettes of tools float above the window that counts.
+Window *topmostWithTitle(const Window &parent)
+{
+    Window *window = parent.firstChild;
+    while (window && !(window->isVisible() && hasTitle(*window) && !(window->extendedStyle & WS_EX_TOOLWINDOW)))
+        window = window->next;
+    return window;
+}
+
+// To be called with the lock held. From the topmost to the lowest.
+void addShownTitles(const Window &parent, std::vector<std::string> &titles)
+{
+    for (const Window *window = parent.firstChild; window; window = window->next) {
+        if (!window->isVisible())
+            continue;
+        if (hasTitle(*window))
+            titles.push_back(titleOf(*window));
+        addShownTitles(*window, titles);
+    }
 }
 
 // To be called with the lock held.
@@ -61,63 +83,62 @@ IdleWatch::IdleWatch()
 {
     UserLock lock;
     for (const MessageQueue *queue : queuesWithWindows())
-        looks_.emplace_back(queue, looksOf(*queue));
+        seen_.push_back(stateOf(*queue));
 }
 
-bool IdleWatch::isIdle() const
+IdleWatch::Seen IdleWatch::stateOf(const MessageQueue &queue)
+{
+    return {&queue, queue.emptyLooks.load(std::memory_order_relaxed), queue.taken.load(std::memory_order_relaxed),
+            queue.buttonLooks.load(std::memory_order_relaxed)};
+}
+
+bool IdleWatch::isIdle(const MessageQueue &queue)
+{
+    constexpr unsigned looksOfLoop = 6; // some programs look twice before they see where the mouse is
+    auto seen = std::find_if(seen_.begin(), seen_.end(), [&](const Seen &each) { return each.queue == &queue; });
+    if (seen == seen_.end())
+        return hasNothingToDo(queue);
+    Seen now = stateOf(queue);
+    if (now.taken != seen->taken) {
+        seen->taken = now.taken;
+        seen->buttonLooks = now.buttonLooks;
+    }
+    bool hasLooked = now.emptyLooks != seen->emptyLooks || isWaitingForInput(*queue.thread);
+    bool tracksMouse = isMouseButtonDown() && now.buttonLooks - seen->buttonLooks >= looksOfLoop;
+    return (hasNothingToDo(queue) && hasLooked) || tracksMouse;
+}
+
+bool IdleWatch::isIdle()
 {
     UserLock lock;
     std::vector<MessageQueue *> queues = queuesWithWindows();
-    return !queues.empty() && std::all_of(queues.begin(), queues.end(), [&](const MessageQueue *queue) {
-        bool hasLooked = std::find(looks_.begin(), looks_.end(), std::pair{queue, looksOf(*queue)}) == looks_.end();
-        return hasNothingToDo(*queue) && (hasLooked || isWaitingForInput(*queue->thread));
-    });
-}
-
-bool matchesTitle(const std::string &pattern, const std::string &title)
-{
-    size_t inPattern = 0, inTitle = 0, star = std::string::npos, resume = 0;
-    while (inTitle < title.size()) {
-        if (inPattern < pattern.size() && pattern[inPattern] == '*') {
-            star = inPattern++;
-            resume = inTitle;
-        } else if (inPattern < pattern.size() && pattern[inPattern] == title[inTitle]) {
-            ++inPattern;
-            ++inTitle;
-        } else if (star != std::string::npos) {
-            inPattern = star + 1;
-            inTitle = ++resume;
-        } else {
-            return false;
-        }
-    }
-    return pattern.find_first_not_of('*', inPattern) == std::string::npos;
+    return !queues.empty()
+           && std::all_of(queues.begin(), queues.end(), [&](const MessageQueue *queue) { return isIdle(*queue); });
 }
 
 std::vector<std::string> shownTitles()
 {
     std::vector<std::string> result;
     UserLock lock;
-    for (Window *window = desktop()->firstChild; window; window = window->next) {
-        if (window->isVisible())
-            result.push_back(titleOf(*window));
-    }
+    addShownTitles(*desktop(), result);
     return result;
 }
 
-bool isWindowShown(const std::string &titlePattern)
-{
-    std::vector<std::string> titles = shownTitles();
-    return std::any_of(titles.begin(), titles.end(),
-                       [&](const std::string &title) { return matchesTitle(titlePattern, title); });
-}
-
-std::string frontTitle()
+std::string activeTitle()
 {
     UserLock lock;
     MessageQueue *front = MessageQueue::foreground;
     Window *active = front ? findWindowQuietly(front->active) : nullptr;
     return active ? titleOf(*active) : std::string();
+}
+
+std::string frontTitle()
+{
+    UserLock lock;
+    Window *front = frontWindow();
+    for (Window *inside = front; inside; inside = topmostWithTitle(*inside))
+        front = inside;
+    return front ? titleOf(*front) : std::string();
 }
 
 bool closeFrontWindow()

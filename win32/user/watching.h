@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace win32::user {
@@ -13,22 +12,32 @@ namespace win32::user {
 class MessageQueue;
 
 // Whether the threads that have windows have done all that they were given to do: nothing waits in their queues, and
-// they wait for more or have found their queues empty since this watch began.
+// they wait for more or have found their queues empty since this watch began. A thread that asks for the mouse's
+// buttons again and again while one is down, without taking messages, waits for more as well.
 class IdleWatch {
 public:
     IdleWatch();
     // False too while there is no window.
-    bool isIdle() const;
+    bool isIdle();
 
 private:
-    std::vector<std::pair<const MessageQueue *, unsigned>> looks_;
+    struct Seen {
+        const MessageQueue *queue;
+        unsigned emptyLooks;
+        unsigned taken;
+        unsigned buttonLooks;
+    };
+    static Seen stateOf(const MessageQueue &queue);
+    bool isIdle(const MessageQueue &queue);
+
+    std::vector<Seen> seen_;
 };
 
-// Visible top-level windows by their titles in UTF-8, where * in the pattern stands for any characters.
-bool isWindowShown(const std::string &titlePattern);
-bool matchesTitle(const std::string &pattern, const std::string &title);
+// The titles, in UTF-8, of the visible windows: those on the desktop, and those with a caption in them.
 std::vector<std::string> shownTitles();
 // The title of the active window of the thread in front; empty for none.
+std::string activeTitle();
+// The title of the window that lies in front: the active one, or what lies on top of the windows with captions in it.
 std::string frontTitle();
 
 // Asks the window in front, or the topmost one, to close, as its close box does. False when there is none.

@@ -14,7 +14,7 @@ const std::vector<std::pair<uint32_t, char>> marks = {{0, '.'}, {0xffffff, '#'},
 // A white pen and a red brush; where XOR lays both, the pixel is 'x'.
 class ShapeCanvas : public Canvas {
 public:
-    ShapeCanvas(int width, int height) : Canvas(width, height, 32), brush_(CreateSolidBrush(RGB(255, 0, 0)))
+    ShapeCanvas(int width, int height, int depth = 32) : Canvas(width, height, depth), brush_(CreateSolidBrush(RGB(255, 0, 0)))
     {
         SelectObject(dc, brush_);
         pen(PS_SOLID, 1);
@@ -150,15 +150,19 @@ TEST(Shapes, PolygonsOfSeveralPartsAreFilledTogether)
 
 TEST(Shapes, AnEllipseWithPenAndBrushOfOneColorCoversTheSame)
 {
-    for (int width : {1, 2, 7, 30}) {
-        ShapeCanvas canvas(32, 20);
-        Ellipse(canvas.dc, 1, 1, 1 + width, 18);
-        Rows twoColors = canvas.rows();
-        HGDIOBJ brush = SelectObject(canvas.dc, GetStockObject(WHITE_BRUSH));
-        canvas.clear();
-        Ellipse(canvas.dc, 1, 1, 1 + width, 18);
-        EXPECT_EQ(canvas.rows(), twoColors) << width;
-        SelectObject(canvas.dc, brush);
+    for (int depth : {8, 16, 24, 32}) {
+        for (int width : {1, 2, 7, 30, 150}) {
+            // The widest reaches beyond both sides.
+            ShapeCanvas canvas(140, 90, depth);
+            RECT rect = {width > 100 ? -5 : 1, 1, width > 100 ? width - 5 : 1 + width, 88};
+            Ellipse(canvas.dc, rect.left, rect.top, rect.right, rect.bottom);
+            Rows twoColors = canvas.rows();
+            HGDIOBJ brush = SelectObject(canvas.dc, GetStockObject(WHITE_BRUSH));
+            canvas.clear();
+            Ellipse(canvas.dc, rect.left, rect.top, rect.right, rect.bottom);
+            EXPECT_EQ(canvas.rows(), twoColors) << width << " at " << depth << " bits";
+            SelectObject(canvas.dc, brush);
+        }
     }
 }
 

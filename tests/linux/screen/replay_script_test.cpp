@@ -36,6 +36,10 @@ TEST(ReplayScript, AllStepsAreWrittenAsTheyAreRead)
                              "screenshot \"a b.png\"\n"
                              "screenshot \"c.png\" nocursor\n"
                              "expect pixel 3 4 ff00c0\n"
+                             "expect front \"*\"\n"
+                             "repeat 3\n"
+                             "expect count 2 \"a b\"\n"
+                             "end\n"
                              "close\n"
                              "quit\n";
     Script script = readScript(text);
@@ -79,10 +83,14 @@ TEST(ReplayScript, TellsWhatIsWrongWhere)
         {"type \"\"", "1: type \"\": the text is empty; expected: type \"TEXT\""},
         {"wait", "1: wait: expected: wait MILLISECONDS, wait idle, wait window \"TITLE\" or wait gone \"TITLE\""},
         {"wait -1", "1: wait -1: -1 is not between 0 and 600000"},
-        {"expect color 1 2 3", "1: expect color 1 2 3: expected: expect pixel X Y RRGGBB"},
+        {"expect color 1 2 3", "1: expect color 1 2 3: expected: expect pixel X Y RRGGBB, expect front \"TITLE\" or expect count NUMBER "
+         "\"TITLE\""},
         {"expect pixel 1 2 fff",
          "1: expect pixel 1 2 fff: \"fff\" is no colour of six digits; expected: expect pixel X Y RRGGBB"},
         {"quit\nmove 1 2", "2: move 1 2: nothing can follow quit"},
+        {"wait idle\nend", "2: end: there is no repeat to end"},
+        {"repeat 2\nrepeat 3\nend\nwait idle", "1: repeat 2: the repeat has no end"},
+        {"repeat 0\nend", "1: repeat 0: 0 is not between 1 and 100000"},
         {"wait idle\nscreen 1x1", "2: screen 1x1: the screen can be given by the first step only"},
     };
     for (auto [text, problem] : cases)

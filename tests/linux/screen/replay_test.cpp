@@ -1,48 +1,24 @@
-// Replays played on a sample program: what they do, how they fail, what a recording of one says.
-#include <RunProgram.h>
-#include <TemporaryFolder.h>
+// Replays on the layer: its screen, what they cost, what a recording of one says.
+#include <Replays.h>
 
 #include <gtest/gtest.h>
 
-#include <windows.h>
-
-#include <algorithm>
-#include <cstdlib>
 #include <string>
 #include <sys/resource.h>
-#include <sys/wait.h>
 
 namespace {
 
-class Replay : public testing::Test {
+class LayerReplay : public testing::Test {
 protected:
-    struct Result {
-        int status;
-        std::string errors;
-    };
-
-    std::string unixPath(const std::string &name) const
+    // On the sketch program.
+    Replays::Result play(const std::string &steps, const std::string &environment = "") const
     {
-        std::string path = folder_.path(name).substr(2);
-        std::replace(path.begin(), path.end(), '\\', '/');
-        return path;
-    }
-
-    // Plays steps on the sketch program, in the test's folder.
-    Result play(const std::string &steps, const std::string &environment = "")
-    {
-        folder_.write("steps", steps);
-        std::string program = folderOfProgram().substr(2) + "sketch";
-        std::replace(program.begin(), program.end(), '\\', '/');
-        std::string command = "cd '" + unixPath("") + "' && env -u WIN32_SCREEN WIN32_DISPLAY=none WIN32_REPLAY=steps "
-                              + environment + " '" + program + "' 2> errors";
-        int status = system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder_.read("errors")};
+        return replays_.play("sketch", steps, environment);
     }
 
     std::string linesOf(const std::string &name, const std::string &part)
     {
-        std::string content = folder_.read(name), found;
+        std::string content = replays_.folder.read(name), found;
         for (size_t place = 0; place < content.size();) {
             size_t end = content.find('\n', place);
             std::string line = content.substr(place, end - place);
@@ -53,7 +29,7 @@ protected:
         return found;
     }
 
-    TemporaryFolder folder_{"replay"};
+    Replays replays_;
 };
 
 constexpr const char *drawing = "screen 640x480x32\n"
@@ -70,55 +46,11 @@ constexpr const char *drawing = "screen 640x480x32\n"
                                 "expect pixel 151 151 208020\n"
                                 "expect pixel 150 200 ffffff\n";
 
-TEST_F(Replay, DrawsWithTheMouseAndTypes)
+TEST_F(LayerReplay, AnotherModeOfTheScreenIsTold)
 {
-    Result result = play(std::string(drawing)
-                         + "doubleclick 60 100\n"
-                           "type \" Abc; \xc3\xa9\"\n"
-                           "key Backspace\n"
-                           "key Ctrl+Z\n"
-                           "expect pixel 250 249 ffffff\n"
-                           "quit\n");
-    EXPECT_EQ(result.errors, "");
-    EXPECT_EQ(result.status, 0);
-}
-
-TEST_F(Replay, AFailedExpectationNamesFileLineAndStep)
-{
-    Result result = play("wait window \"Sketch\"\nexpect pixel 250 250 000001   # black?\n");
-    EXPECT_EQ(result.errors, "steps:2: expect pixel 250 250 000001   # black?: the pixel is ffffff\n");
-    EXPECT_EQ(result.status, 121);
-    result = play("screen 64x48\nexpect pixel 64 0 000000\n");
-    EXPECT_EQ(result.errors, "steps:2: expect pixel 64 0 000000: the pixel is not on the screen\n");
-    result = play("screen 640x480\nwait idle\n", "WIN32_SCREEN=800x600x16");
+    Replays::Result result = play("screen 640x480\nwait idle\n", "WIN32_SCREEN=800x600x16 ");
     EXPECT_EQ(result.errors, "steps:1: screen 640x480: the screen is 800x600x16; WIN32_SCREEN chooses another\n");
-}
-
-TEST_F(Replay, WaitsHaveALimit)
-{
-    Result result = play("limit 1\nwait window \"Other\"\n");
-    EXPECT_EQ(result.errors, "steps:2: wait window \"Other\": no such window after 1 second; there is \"Sketch\"\n");
     EXPECT_EQ(result.status, 121);
-}
-
-TEST_F(Replay, WhatCannotBeReadIsToldBeforeTheProgramBegins)
-{
-    Result result = play("move 1 2\npress hard\n");
-    EXPECT_EQ(result.errors, "steps:2: press hard: \"hard\" is no button; expected: press [left | right | middle]\n");
-    EXPECT_EQ(result.status, 120);
-    result = play("", "WIN32_REPLAY=missing");
-    EXPECT_EQ(result.errors, "WIN32_REPLAY: cannot read missing: No such file or directory\n");
-    EXPECT_EQ(result.status, 120);
-}
-
-TEST_F(Replay, AProgramThatEndsEarlyIsTold)
-{
-    Result result = play("wait window \"Sketch\"\nclose\nwait 5000\nmove 1 2\n");
-    EXPECT_EQ(result.errors, "steps:3: wait 5000: the program ended before this was done\n");
-    EXPECT_EQ(result.status, 122);
-    result = play("wait window \"Sketch\"\nkey Alt+F4\n"); // the last step may end it
-    EXPECT_EQ(result.errors, "");
-    EXPECT_EQ(result.status, 0);
 }
 
 // In the processor's time of all that has run so far.
@@ -130,7 +62,7 @@ double processorSeconds()
            + static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
 }
 
-TEST_F(Replay, AProgramThatWaitsCostsNothing)
+TEST_F(LayerReplay, AProgramThatWaitsCostsNothing)
 {
     double before = processorSeconds();
     play("wait window \"Sketch\"\nwait idle\nquit\n");
@@ -140,31 +72,13 @@ TEST_F(Replay, AProgramThatWaitsCostsNothing)
     EXPECT_LT(idle, 0.03) << "of 3 seconds, where 1 in 100 is allowed";
 }
 
-TEST_F(Replay, ScreenshotsShowTheCursorUnlessToldOtherwise)
-{
-    Result result = play(std::string(drawing)
-                         + "screenshot with.png\n"
-                           "screenshot without.png nocursor\n"
-                           "move 5 5\n"
-                           "screenshot elsewhere.png nocursor\n"
-                           "quit\n");
-    EXPECT_EQ(result.errors, "");
-    std::string without = folder_.read("without.png");
-    EXPECT_EQ(without.substr(1, 3), "PNG");
-    EXPECT_NE(folder_.read("with.png"), without);
-    EXPECT_EQ(folder_.read("elsewhere.png"), without);
-    result = play("screenshot missing/a.png\n");
-    EXPECT_EQ(result.status, 121);
-    EXPECT_NE(result.errors.find("a.png: No such file or directory\n"), std::string::npos) << result.errors;
-}
-
-TEST_F(Replay, ARecordingPlaysTheSameAgain)
+TEST_F(LayerReplay, ARecordingPlaysTheSameAgain)
 {
     std::string end = "key CapsLock\ntype \"aB\xc3\xa9\xc3\xa8\"\nkey Ctrl+C\nkey Escape\nkey Ctrl+V\nscreenshot NAME "
                       "nocursor\nclose\n";
     std::string steps = drawing + end;
     steps.replace(steps.find("NAME"), 4, "first.png");
-    Result result = play(steps, "WIN32_RECORD=recorded");
+    Replays::Result result = play(steps, "WIN32_RECORD=recorded ");
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(linesOf("recorded", "screen"), "screen \"640x480x32\"\n");
     EXPECT_EQ(linesOf("recorded", "wait w"), "wait window \"Sketch\"\n");
@@ -173,11 +87,11 @@ TEST_F(Replay, ARecordingPlaysTheSameAgain)
     EXPECT_EQ(linesOf("recorded", "type"), "type \"\xc3\xa9\xc3\xa8\"\n");
     EXPECT_EQ(linesOf("recorded", "close"), "close\n");
 
-    std::string again = folder_.read("recorded");
+    std::string again = replays_.folder.read("recorded");
     again.insert(again.find("close"), "screenshot second.png nocursor\n");
     result = play(again);
     EXPECT_EQ(result.errors, "");
-    EXPECT_EQ(folder_.read("second.png"), folder_.read("first.png"));
+    EXPECT_EQ(replays_.folder.read("second.png"), replays_.folder.read("first.png"));
 }
 
 } // namespace

@@ -1,0 +1,57 @@
+// Whole files, read and written through the File Manager.
+#include "sampler.h"
+
+namespace {
+
+// An open file, closed at the end.
+class FileInUse {
+public:
+    FileInUse(const FSSpec &spec, SInt8 permission) : error_(FSpOpenDF(&spec, permission, &refNum_)) {}
+    ~FileInUse()
+    {
+        if (error_ == noErr)
+            FSClose(refNum_);
+    }
+    FileInUse(const FileInUse &) = delete;
+    FileInUse &operator=(const FileInUse &) = delete;
+
+    OSErr error() const { return error_; }
+    SInt16 refNum() const { return refNum_; }
+
+private:
+    SInt16 refNum_ = 0;
+    OSErr error_;
+};
+
+} // namespace
+
+OSErr readFile(const std::string &path, Handle data)
+{
+    FSSpec spec;
+    OSErr error = FSMakeFSSpec(0, 0, PascalText(path), &spec);
+    if (error != noErr)
+        return error;
+    FileInUse file(spec, fsRdPerm);
+    SInt32 size = 0;
+    error = file.error() == noErr ? GetEOF(file.refNum(), &size) : file.error();
+    if (error != noErr)
+        return error;
+    SetHandleSize(data, size);
+    return MemError() == noErr ? FSRead(file.refNum(), &size, *data) : MemError();
+}
+
+OSErr writeFile(const std::string &path, const std::vector<char> &bytes)
+{
+    FSSpec spec;
+    OSErr error = FSMakeFSSpec(0, 0, PascalText(path), &spec);
+    if (error == noErr)
+        error = FSpCreate(&spec, 'SMPL', 'BMPf', 0);
+    if (error != noErr && error != dupFNErr)
+        return error;
+    FileInUse file(spec, fsWrPerm);
+    if (file.error() != noErr)
+        return file.error();
+    auto count = static_cast<SInt32>(bytes.size());
+    error = FSWrite(file.refNum(), &count, bytes.data());
+    return error == noErr ? SetEOF(file.refNum(), count) : error;
+}

@@ -1,0 +1,1 @@
+#include <mtbx/MacTypes.h>

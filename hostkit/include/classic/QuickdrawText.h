@@ -1,0 +1,1 @@
+#include <mtbx/QuickdrawText.h>

@@ -1,0 +1,85 @@
+#include "characters.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace classic {
+namespace {
+
+// Of 0x80 to 0xFF. 0xDB is the Euro sign, as it was from Mac OS 8.5 on; 0xF0 the manufacturer's sign, in the private
+// area.
+const char16_t macRoman[] = {
+    0x00C4, 0x00C5, 0x00C7, 0x00C9, 0x00D1, 0x00D6, 0x00DC, 0x00E1, 0x00E0, 0x00E2, 0x00E4, 0x00E3, 0x00E5,
+    0x00E7, 0x00E9, 0x00E8, 0x00EA, 0x00EB, 0x00ED, 0x00EC, 0x00EE, 0x00EF, 0x00F1, 0x00F3, 0x00F2, 0x00F4,
+    0x00F6, 0x00F5, 0x00FA, 0x00F9, 0x00FB, 0x00FC, 0x2020, 0x00B0, 0x00A2, 0x00A3, 0x00A7, 0x2022, 0x00B6,
+    0x00DF, 0x00AE, 0x00A9, 0x2122, 0x00B4, 0x00A8, 0x2260, 0x00C6, 0x00D8, 0x221E, 0x00B1, 0x2264, 0x2265,
+    0x00A5, 0x00B5, 0x2202, 0x2211, 0x220F, 0x03C0, 0x222B, 0x00AA, 0x00BA, 0x03A9, 0x00E6, 0x00F8, 0x00BF,
+    0x00A1, 0x00AC, 0x221A, 0x0192, 0x2248, 0x2206, 0x00AB, 0x00BB, 0x2026, 0x00A0, 0x00C0, 0x00C3, 0x00D5,
+    0x0152, 0x0153, 0x2013, 0x2014, 0x201C, 0x201D, 0x2018, 0x2019, 0x00F7, 0x25CA, 0x00FF, 0x0178, 0x2044,
+    0x20AC, 0x2039, 0x203A, 0xFB01, 0xFB02, 0x2021, 0x00B7, 0x201A, 0x201E, 0x2030, 0x00C2, 0x00CA, 0x00C1,
+    0x00CB, 0x00C8, 0x00CD, 0x00CE, 0x00CF, 0x00CC, 0x00D3, 0x00D4, 0xF8FF, 0x00D2, 0x00DA, 0x00DB, 0x00D9,
+    0x0131, 0x02C6, 0x02DC, 0x00AF, 0x02D8, 0x02D9, 0x02DA, 0x00B8, 0x02DD, 0x02DB, 0x02C7};
+static_assert(std::size(macRoman) == 128);
+
+// Of 0x80 to 0x9F; what is above is in Unicode's order, and so are the five places that have no character.
+const char16_t windows1252[] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+                                0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+                                0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+static_assert(std::size(windows1252) == 32);
+
+// Where a character stands in a table that begins at 0x80.
+template <size_t count> std::optional<unsigned char> place(const char16_t (&table)[count], char32_t character)
+{
+    auto found = std::find(std::begin(table), std::end(table), character);
+    if (found == std::end(table))
+        return {};
+    return static_cast<unsigned char>(0x80 + (found - std::begin(table)));
+}
+
+} // namespace
+
+char32_t fromMacRoman(unsigned char byte)
+{
+    return byte < 0x80 ? byte : macRoman[byte - 0x80];
+}
+
+std::optional<unsigned char> toMacRoman(char32_t character)
+{
+    return character < 0x80 ? static_cast<unsigned char>(character) : place(macRoman, character);
+}
+
+std::optional<unsigned char> toWindows1252(char32_t character)
+{
+    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF))
+        return static_cast<unsigned char>(character);
+    return place(windows1252, character);
+}
+
+std::string toUtf8(char32_t character)
+{
+    auto byte = [](char32_t value) { return static_cast<char>(value); };
+    if (character < 0x80)
+        return {byte(character)};
+    if (character < 0x800)
+        return {byte(0xC0 | character >> 6), byte(0x80 | (character & 0x3F))};
+    if (character < 0x10000)
+        return {byte(0xE0 | character >> 12), byte(0x80 | (character >> 6 & 0x3F)), byte(0x80 | (character & 0x3F))};
+    return {byte(0xF0 | character >> 18), byte(0x80 | (character >> 12 & 0x3F)), byte(0x80 | (character >> 6 & 0x3F)),
+            byte(0x80 | (character & 0x3F))};
+}
+
+char32_t takeUtf8(std::string_view &text)
+{
+    auto first = static_cast<unsigned char>(text.front());
+    size_t length = first < 0x80 ? 1 : first < 0xC2 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : first < 0xF5 ? 4 : 0;
+    char32_t character = length < 2 ? first : first & (0xFFu >> (length + 1));
+    bool isWhole = length != 0 && length <= text.size();
+    for (size_t i = 1; isWhole && i < length; ++i) {
+        isWhole = (text[i] & 0xC0) == 0x80;
+        character = character << 6 | (text[i] & 0x3Fu);
+    }
+    text.remove_prefix(isWhole ? length : 1);
+    return isWhole ? character : U'\uFFFD';
+}
+
+} // namespace classic
