@@ -6,31 +6,42 @@
 
 #include <mtbx/MacErrors.h>
 
+#include <utility>
+
 namespace {
 
+// A port that is current while the object lives. A hook that makes another one current may have closed it.
 class CurrentPort {
 public:
-    explicit CurrentPort(GrafPtr port) : former_(qd.thePort) { MacSetPort(port); }
-    ~CurrentPort() { MacSetPort(former_); }
+    explicit CurrentPort(GrafPtr port) : port_(port), former_(qd.thePort) { MacSetPort(port); }
+    ~CurrentPort()
+    {
+        if (isCurrent())
+            MacSetPort(former_);
+    }
     CurrentPort(const CurrentPort &) = delete;
     CurrentPort &operator=(const CurrentPort &) = delete;
 
+    bool isCurrent() const { return qd.thePort == port_; }
+
 private:
-    GrafPtr former_;
+    GrafPtr port_, former_;
 };
 
-// The region is the port's clip while the object lives: the two change places, so that nothing can go wrong
-// on the way back.
+// The region is the clip of the current port while the object lives: it changes places with what the clip's record
+// holds, so that nothing can go wrong on the way back.
 class ClipExchange {
 public:
-    ClipExchange(GrafPort &port, RgnHandle clip) : port_(port), former_(port.clipRgn)
+    ClipExchange(GrafPort &port, RgnHandle clip) : port_(port), clip_(clip)
     {
-        port.clipRgn = clip;
+        std::swap(**port.clipRgn, **clip);
         isDone_ = computeClip(port, nullptr);
     }
     ~ClipExchange()
     {
-        port_.clipRgn = former_;
+        if (qd.thePort != &port_ || !port_.clipRgn)
+            return;
+        std::swap(**port_.clipRgn, **clip_);
         computeClip(port_, nullptr);
     }
     ClipExchange(const ClipExchange &) = delete;
@@ -41,7 +52,7 @@ public:
 
 private:
     GrafPort &port_;
-    RgnHandle former_;
+    RgnHandle clip_;
     bool isDone_;
 };
 
@@ -90,9 +101,14 @@ void CopyMask(const BitMap *source, const BitMap *mask, const BitMap *destinatio
     SectRgn(region, port->clipRgn, region);
     if (EmptyRgn(region))
         return;
-    ClipExchange exchange(*port, region);
-    if (!exchange.isDone())
+    ScratchRegion clip;
+    if (!clip)
+        return;
+    MacCopyRgn(region, clip);
+    ClipExchange exchange(*port, clip);
+    if (EmptyRgn(port->clipRgn) || !exchange.isDone())
         return;
     EraseRgn(region);
-    CopyBits(source, destination, sourceRect, destinationRect, srcCopy, nullptr);
+    if (scope.isCurrent())
+        CopyBits(source, destination, sourceRect, destinationRect, srcCopy, nullptr);
 }

@@ -60,7 +60,7 @@ void MacLineTo(SInt16 h, SInt16 v)
         addToPath(port, context, h, v);
         return;
     }
-    if (MTBX_RecordsPoly(port))
+    if (port.polySave && MTBX_RecordsPoly(port)) [[unlikely]]
         MTBX_AppendPolyPoint(port, h, v);
     else if (context)
         drawLine(port, context, h, v);

@@ -112,7 +112,7 @@ void stopRecording(GrafPort &port)
 
 bool MTBX_RecordsPoly(GrafPort &port)
 {
-    if (!port.polySave) [[likely]]
+    if (!port.polySave)
         return false;
     Handle poly = port.polySave;
     if (std::count(std::begin(recorded), std::end(recorded), poly))

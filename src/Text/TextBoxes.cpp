@@ -35,5 +35,7 @@ void TextBox(const void *text, SInt32, const Rect *box, SInt16 justification)
     SInt16 start = startOf(text, length, *box, justification, port->pnLoc.h);
     port->pnLoc = {static_cast<SInt16>(box->top + ascentOf(measuringContext())), start};
     MacDrawText(text, 0, length);
-    port->pnLoc.h = start;
+    // A hook that made another port current may have closed this one.
+    if (qd.thePort == port)
+        port->pnLoc.h = start;
 }

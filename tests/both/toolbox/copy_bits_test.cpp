@@ -374,6 +374,20 @@ TEST_F(CopyMaskTest, OnlyPortsGetAnything)
     EXPECT_EQ(whites(), 0);
 }
 
+TEST_F(CopyMaskTest, AHookMayCloseThePort)
+{
+    static CGrafPtr doomed;
+    for (bool isCurrent : {false, true}) {
+        PortInMemory memory(8, 4);
+        doomed = memory.release();
+        SetPortGrafProcs(doomed, newHooks(nullptr));
+        GetPortGrafProcs(doomed)->rgnProc = [](GrafVerb, RgnHandle) { DisposePort(doomed); };
+        MacSetPort(isCurrent ? doomed : destination.port());
+        CopyMask(source.asPixMap(), mask.bits(), GetPortBitMapForCopyBits(doomed), &all, &all, &all);
+        EXPECT_NE(+qd.thePort, doomed);
+    }
+}
+
 TEST_F(CopyMaskTest, TheHookGetsTheMaskAsARegion)
 {
     SetPortGrafProcs(destination.port(), newHooks(noteCopy));

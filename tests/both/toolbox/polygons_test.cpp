@@ -132,50 +132,37 @@ TEST_F(Polygons, RecordsThatAreTooShortOrLieDrawNothingBeyondTheirHandle)
 
 TEST_F(Polygons, ThePathKeepsOutlinesApart)
 {
-    auto squares = [] {
-        PolyHandle token = OpenPoly2();
-        EXPECT_EQ(reinterpret_cast<intptr_t>(token), -1);
-        for (SInt16 inset : {0, 10}) {
-            auto low = static_cast<SInt16>(5 + inset), high = static_cast<SInt16>(55 - inset);
+    auto recordSquares = [] {
+        EXPECT_EQ(reinterpret_cast<intptr_t>(OpenPoly2()), -1);
+        for (SInt16 low : {5, 15}) {
+            auto high = static_cast<SInt16>(60 - low);
             MoveTo(low, low);
-            MacLineTo(high, low), MacLineTo(high, high), Line(0, static_cast<SInt16>(0)), MacLineTo(low, high);
-            MacLineTo(low, low);
+            MacLineTo(high, low), MacLineTo(high, high), Line(0, 0), MacLineTo(low, high), MacLineTo(low, low);
         }
         ClosePoly2();
     };
-    squares();
-    EXPECT_EQ(countBlack(), 0) << "recorded";
-    EXPECT_EQ(port()->pnLoc, (Point{15, 15}));
-    PaintPoly2(nullptr);
-    std::string ring = whole();
-    EXPECT_EQ(ring, drawn([&] {
-                  PatBlt(context(), 5, 5, 50, 50, BLACKNESS);
-                  PatBlt(context(), 15, 15, 30, 30, WHITENESS);
-              }));
-    EXPECT_EQ(drawn([&] {
-                  squares();
-                  FillPoly2(nullptr, &qd.black);
-              }),
-              ring);
-    std::string outlines = drawn([&] {
-        squares();
-        FramePoly2(nullptr);
+    auto squares = [&](auto draw) {
+        return drawn([&] {
+            recordSquares();
+            EXPECT_EQ(countBlack(), 0) << "recorded only";
+            draw();
+        });
+    };
+    std::string ring = drawn([&] {
+        PatBlt(context(), 5, 5, 50, 50, BLACKNESS);
+        PatBlt(context(), 15, 15, 30, 30, WHITENESS);
     });
-    EXPECT_NE(outlines, ring);
-    EXPECT_TRUE(isBlack(5, 5));
-    EXPECT_FALSE(isBlack(7, 7));
-    clear();
-    squares();
-    PenPat(&qd.black);
-    InvertPoly2(nullptr);
-    EXPECT_EQ(whole(), ring);
+    EXPECT_EQ(squares([] { PaintPoly2(nullptr); }), ring);
+    EXPECT_EQ(port()->pnLoc, (Point{15, 15}));
+    EXPECT_EQ(squares([] { FillPoly2(nullptr, &qd.black); }), ring);
+    EXPECT_EQ(squares([] { InvertPoly2(nullptr); }), ring);
     EXPECT_EQ(GetROP2(context()), R2_COPYPEN);
+    squares([] { FramePoly2(nullptr); });
+    EXPECT_TRUE(isBlack(5, 5) && !isBlack(7, 7));
     MacLineTo(0, 15);
     EXPECT_TRUE(isBlack(0, 15)) << "drawn again";
-    ClosePoly2();
-    clear();
-    squares();
-    EXPECT_EQ(countBlack(), 0) << "one close too many is forgotten";
+    ClosePoly2(); // one too many is forgotten
+    squares([] {});
     PolyHandle token = OpenPoly2();
     ClosePoly2();
     FramePoly(token), PaintPoly(token), OffsetPoly(token, 1, 1), KillPoly(token);

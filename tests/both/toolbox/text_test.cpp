@@ -344,6 +344,14 @@ TEST_F(Text, TheTextHookDrawsInTheLibrarysPlace)
     SetStdCProcs(GetPortGrafProcs(port()));
     DrawString(Pascal("x"));
     EXPECT_GT(countBlack(), 0);
+    static CGrafPtr doomed;
+    doomed = CreateNewPort();
+    MacSetPort(doomed);
+    NotedHooks::install(doomed);
+    GetPortGrafProcs(doomed)->textProc = [](SInt16, const void *, Point, Point) { DisposePort(doomed); };
+    Rect box = {};
+    TextBox("The last one", 0, &box, teJustLeft);
+    EXPECT_NE(+qd.thePort, doomed) << "which the hook may close";
 }
 
 TEST_F(Text, DrawTextBWritesIntoItsRectangle)
