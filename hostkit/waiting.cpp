@@ -45,6 +45,7 @@ void deliverMessages(EventMask mask)
         makeRoomFor(mask);
         if (!takeMessage(message))
             return;
+        isWaiting = false;
         if (message.message == WM_QUIT) {
             askToQuit();
             continue;
