@@ -258,10 +258,10 @@ bool trackMessage(WindowPtr window, UINT message, WPARAM wParam, LPARAM lParam, 
         result = TRUE;
         return true;
     case WM_GETMINMAXINFO:
-        if (!tracked.bounds || tracked.command != SC_SIZE)
-            return false;
-        setLimits(*reinterpret_cast<MINMAXINFO *>(lParam));
-        return true;
+        // Without limits the system's hold, which leave something to take hold of.
+        if (tracked.command == SC_SIZE && tracked.bounds)
+            setLimits(*reinterpret_cast<MINMAXINFO *>(lParam));
+        return tracked.command == SC_SIZE;
     default:
         return false;
     }

@@ -8,7 +8,7 @@ namespace {
 
 HostKitEventProcPtr eventProc;
 int systemLoopDepth;
-// The program has taken all its events, or only looks where the mouse is.
+// The program has taken all its events.
 bool isWaiting;
 
 // Where the mouse was when a movement was last an event.
@@ -130,15 +130,32 @@ void sleepUpTo(DWORD milliseconds)
     MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, wakers, MWMO_ALERTABLE | MWMO_INPUTAVAILABLE);
 }
 
+// A program that follows the mouse has seen this place, and found the mouse there again.
+POINT restPlace;
+bool isAtRest;
+
+POINT cursorPlace()
+{
+    POINT mouse = {};
+    GetCursorPos(&mouse);
+    return mouse;
+}
+
+bool isMouseAtRest()
+{
+    POINT mouse = cursorPlace();
+    return isAtRest && mouse.x == restPlace.x && mouse.y == restPlace.y;
+}
+
 // While the mouse rests the processor may, too.
 void yieldWhileAtRest()
 {
-    static POINT last;
-    POINT mouse = {};
-    GetCursorPos(&mouse);
-    if (mouse.x == last.x && mouse.y == last.y)
-        MsgWaitForMultipleObjectsEx(0, nullptr, 2, QS_MOUSE, 0);
-    last = mouse;
+    constexpr DWORD moment = 2;
+    POINT mouse = cursorPlace();
+    isAtRest = mouse.x == restPlace.x && mouse.y == restPlace.y;
+    restPlace = mouse;
+    if (isAtRest)
+        MsgWaitForMultipleObjectsEx(0, nullptr, moment, QS_MOUSE, 0);
 }
 
 } // namespace
@@ -200,7 +217,8 @@ Boolean HostKitWaitNextEvent(EventMask mask, EventRecord *event, UInt32 sleep, R
 {
     Deadline deadline(sleep);
     EventRecord found = {};
-    for (isWaiting = false;;) {
+    isWaiting = isAtRest = false;
+    for (;;) {
         deliverMessages(mask);
         letGoOfMouse();
         if (nextEvent(mask, found, true) || takeMouseMove(mask, mouseRgn, found)) {
@@ -219,7 +237,7 @@ Boolean HostKitWaitNextEvent(EventMask mask, EventRecord *event, UInt32 sleep, R
 
 Boolean HostKitIsWaiting()
 {
-    return isWaiting || isInSystemLoop();
+    return isWaiting || isInSystemLoop() || isMouseAtRest();
 }
 
 Boolean HostKitGetNextEvent(EventMask mask, EventRecord *event)
@@ -245,11 +263,13 @@ void HostKitFlushEvents(EventMask which, EventMask stop)
 
 Boolean HostKitStillDown()
 {
-    isWaiting = true;
-    if (!isButtonHeld())
-        return false;
-    yieldWhileAtRest();
-    return isButtonHeld();
+    bool isHeld = isButtonHeld();
+    if (isHeld) {
+        yieldWhileAtRest();
+        isHeld = isButtonHeld();
+    }
+    isAtRest = isAtRest && isHeld;
+    return isHeld;
 }
 
 Boolean HostKitWaitMouseUp()

@@ -98,7 +98,7 @@ LRESULT CALLBACK windowProcedure(HWND native, UINT message, WPARAM wParam, LPARA
             noteGeometry(window);
         return 0;
     case WM_GETMINMAXINFO:
-        // The system's least width has room for its menu's signs.
+        // A program may make a window smaller than the system lets its user.
         reinterpret_cast<MINMAXINFO *>(lParam)->ptMinTrackSize = {};
         return 0;
     case WM_SETCURSOR:

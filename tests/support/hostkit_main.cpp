@@ -25,6 +25,8 @@ HostKitOptions testOptions()
 int main(int argc, char **argv)
 {
     testing::InitGoogleTest(&argc, argv);
+    constexpr UINT setDragFullWindows = 0x0025; // a window that moves is shown at each step
+    SystemParametersInfoA(setDragFullWindows, TRUE, nullptr, 0);
     HostKitOptions options = testOptions();
     if (HostKitStart(&options) != noErr)
         return 1;

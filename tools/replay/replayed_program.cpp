@@ -81,10 +81,11 @@ bool isIdle(milliseconds longest)
 }
 
 // A program that follows a drag without reading its messages answers nothing, but looks at the buttons again and again;
-// before it begins it may look a few times as well. looks: their number when the wait began.
+// before it begins it may look a few times as well, and in each round before it sees where the mouse is. looks: their
+// number when the wait began.
 bool isTrackingOrIdle(unsigned looks, milliseconds longest)
 {
-    constexpr unsigned fewLooks = 3, looksOfLoop = 20;
+    constexpr unsigned fewLooks = 6, looksOfLoop = 20;
     constexpr milliseconds longestAtOnce{2};
     if (buttonLooks() - looks >= fewLooks && buttonLooksSinceMessages() >= looksOfLoop)
         return true;

@@ -27,10 +27,10 @@ bool hasNothingToDo(const MessageQueue &queue)
 }
 
 // A loop that follows a drag looks at the buttons again and again without taking a message; before it begins, the
-// program may look a few times as well.
+// program may look a few times as well, and in each round before it sees where the mouse is.
 bool tracksMouse(const MessageQueue &queue, unsigned newLooks)
 {
-    constexpr unsigned fewLooks = 3, looksOfLoop = 20;
+    constexpr unsigned fewLooks = 6, looksOfLoop = 20;
     unsigned sinceTaken = queue.buttonLooks.load(std::memory_order_relaxed)
                           - queue.looksWhenTaken.load(std::memory_order_relaxed);
     return newLooks >= fewLooks && sinceTaken >= looksOfLoop && isMouseButtonDown();

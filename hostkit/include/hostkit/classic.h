@@ -14,7 +14,11 @@
 #define HOSTKIT_CLASSIC_H
 
 #include <hostkit/hostkit.h>
+#include <hostkit/pascal_literals.h>
 
+#ifndef __cplusplus
+#include <stdbool.h>
+#endif
 #include <string.h>
 
 /* The system's headers make it a calling convention, which procedures for the Toolbox do not have here. */
@@ -56,6 +60,7 @@
 #define TrackBox HostKitTrackBox
 #define DragGrayRgn HostKitDragGrayRgn
 #define SetGrowZone HostKitSetGrowZone
+#define HiliteMenu HostKitHiliteMenu
 
 /* Names that Win32 has, too. */
 #ifdef __cplusplus
@@ -186,6 +191,7 @@ inline void LoadResource(Handle resource)
 #else
 #undef FindWindow
 #undef DrawText
+#undef SetPort
 #define ShowWindow HostKitShowWindow
 #define MoveWindow HostKitMoveWindow
 #define CloseWindow HostKitCloseWindow
@@ -223,8 +229,8 @@ inline void LoadResource(Handle resource)
 #define DisposHandle DisposeHandle
 #define DisposPtr DisposePtr
 #define DisposeRgnHandle DisposeRgn
-#define topLeft(rect) (((Point *)&(rect))[0])
-#define botRight(rect) (((Point *)&(rect))[1])
+#define topLeft(rect) (*(Point *)&(rect).top)
+#define botRight(rect) (*(Point *)&(rect).bottom)
 
 /* Events and the mouse. */
 static inline void SetEventMask(EventMask mask)
@@ -400,6 +406,23 @@ static inline SInt16 HasDepth(GDHandle device, SInt16 depth, SInt16 whichFlags, 
 }
 
 /* Procedure pointers are handed through: a universal procedure pointer is the procedure. */
+#define GrowZoneProcPtr HostKitPurgeProcPtr
+#define GrowZoneUPP HostKitPurgeProcPtr
+#define DragGrayRgnUPP DragGrayRgnProcPtr
+#define ControlActionUPP ControlActionProcPtr
+#define QDTextUPP QDTextProcPtr
+#define QDLineUPP QDLineProcPtr
+#define QDRectUPP QDRectProcPtr
+#define QDRRectUPP QDRRectProcPtr
+#define QDOvalUPP QDOvalProcPtr
+#define QDArcUPP QDArcProcPtr
+#define QDPolyUPP QDPolyProcPtr
+#define QDRgnUPP QDRgnProcPtr
+#define QDBitsUPP QDBitsProcPtr
+#define QDCommentUPP QDCommentProcPtr
+#define QDTxMeasUPP QDTxMeasProcPtr
+#define QDGetPicUPP QDGetPicProcPtr
+#define QDPutPicUPP QDPutPicProcPtr
 #define NewModalFilterUPP(proc) (proc)
 #define NewUserItemUPP(proc) (proc)
 #define NewControlActionUPP(proc) (proc)
@@ -429,6 +452,10 @@ static inline SInt16 HasDepth(GDHandle device, SInt16 depth, SInt16 whichFlags, 
 #define NewQDPolyUPP(proc) (proc)
 #define NewQDRgnUPP(proc) (proc)
 #define NewQDBitsUPP(proc) (proc)
+#define NewQDCommentUPP(proc) (proc)
+#define NewQDTxMeasUPP(proc) (proc)
+#define NewQDGetPicUPP(proc) (proc)
+#define NewQDPutPicUPP(proc) (proc)
 #define DisposeModalFilterUPP(proc) ((void)(proc))
 #define DisposeUserItemUPP(proc) ((void)(proc))
 #define DisposeControlActionUPP(proc) ((void)(proc))
@@ -458,5 +485,9 @@ static inline SInt16 HasDepth(GDHandle device, SInt16 depth, SInt16 whichFlags, 
 #define DisposeQDPolyUPP(proc) ((void)(proc))
 #define DisposeQDRgnUPP(proc) ((void)(proc))
 #define DisposeQDBitsUPP(proc) ((void)(proc))
+#define DisposeQDCommentUPP(proc) ((void)(proc))
+#define DisposeQDTxMeasUPP(proc) ((void)(proc))
+#define DisposeQDGetPicUPP(proc) ((void)(proc))
+#define DisposeQDPutPicUPP(proc) ((void)(proc))
 
 #endif

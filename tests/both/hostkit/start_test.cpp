@@ -83,6 +83,26 @@ TEST_F(HostKitStartAndStop, LeavesNothingBehind)
     EXPECT_FALSE(HostKitGetNextEvent(everyEvent, &event)) << "nothing of before comes up again";
 }
 
+TEST_F(HostKitStartAndStop, MayStopWhenItIsAskedToQuit)
+{
+    HostKitOptions options = testOptions();
+    static int wishes;
+    wishes = 0;
+    options.quitProc = [] {
+        ++wishes;
+        HostKitStop();
+    };
+    ASSERT_EQ(startAgain(options), noErr);
+    open(ltrb(20, 40, 120, 140));
+    PostMessageA(hWndMain, WM_CLOSE, 0, 0);
+    EventRecord event;
+    while (HostKitWaitNextEvent(everyEvent, &event, 2, nullptr))
+        serve(event);
+    EXPECT_TRUE(wishes == 1 && hWndMain == nullptr && event.what == nullEvent);
+    options = testOptions();
+    EXPECT_EQ(HostKitStart(&options), noErr);
+}
+
 Handle spares[2];
 std::vector<int> asked;
 

@@ -1,6 +1,8 @@
 // Windows of the host kit: native windows for records, activation, order, updates, and windows that go.
 #include "HostKitTest.h"
 
+#include <algorithm>
+
 namespace {
 
 using Names = std::vector<std::string>;

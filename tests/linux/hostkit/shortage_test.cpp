@@ -28,19 +28,20 @@ protected:
              << " blocks with " << held.bytes;
     }
 
-    // Refuses the requests of the kind that the call makes, one after the other; true where the call succeeded.
+    // Refuses each request of the kind that the call makes, alone and with all behind it.
     template <class Call> static void sweep(Win32Allocation kind, Call call)
     {
         Win32Control_RefuseAllocations(kind, 0, 0, 0);
         call();
         DWORD count = Win32Control_AllocationsCounted(kind);
         Win32Control_AllowAllocations(kind);
-        DWORD step = std::max<DWORD>(count / 300, 1);
-        for (DWORD number = 1; number <= count; number += step) {
-            SCOPED_TRACE(testing::Message() << "request " << number << " of " << count << " of kind " << kind);
-            Win32Control_RefuseAllocations(kind, number, WIN32_WITHOUT_END, 0);
-            call();
-            Win32Control_AllowAllocations(kind);
+        for (DWORD number = 1; number <= count; ++number) {
+            for (DWORD refused : {DWORD{1}, DWORD{WIN32_WITHOUT_END}}) {
+                SCOPED_TRACE(testing::Message() << refused << " from " << number << " of " << count << " of kind " << kind);
+                Win32Control_RefuseAllocations(kind, number, refused, 0);
+                call();
+                Win32Control_AllowAllocations(kind);
+            }
         }
     }
     static constexpr Win32Allocation kinds[] = {WIN32_ALLOCATION_C_HEAP, WIN32_ALLOCATION_GLOBAL, WIN32_ALLOCATION_HEAP,
