@@ -79,6 +79,15 @@ TEST_F(MenusOnTheScreen, ShowWhatIsSelectedAndLeaveNothingBehind)
     EXPECT_TRUE(wholeScreen() == before);
 }
 
+TEST_F(MenusOnTheScreen, ShowWhatIsHighlightedByHandUntilItIsNoMore)
+{
+    HiliteMenuItem(window, bar, 5, MF_BYCOMMAND | MF_HILITE);
+    EXPECT_GT(countOf(barItem(2), COLOR_HIGHLIGHT), areaOf(barItem(2)) / 2);
+    HiliteMenuItem(window, bar, 5, MF_BYCOMMAND | MF_UNHILITE);
+    EXPECT_EQ(countOf(barItem(2), COLOR_HIGHLIGHT), 0);
+    EXPECT_FALSE(GetMenuState(bar, 5, MF_BYCOMMAND) & MF_HILITE);
+}
+
 TEST_F(MenusOnTheScreen, AreAsWideAsTheirTexts)
 {
     HDC context = GetDC(nullptr);
@@ -282,6 +291,15 @@ TEST_F(MenusOnTheScreen, TheSystemMenuMovesAndSizesItsWindowByKeys)
                  SWP_NOZORDER);
 }
 
+TEST_F(MenusOnTheScreen, ARequestToQuitEndsThemAndIsThePrograms)
+{
+    then([] { PostQuitMessage(7); });
+    EXPECT_EQ(track(file, TPM_RETURNCMD), 0);
+    MSG message;
+    ASSERT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_TRUE(message.message == WM_QUIT && message.wParam == 7);
+}
+
 TEST_F(MenusOnTheScreen, AGrayedItemOfTheBarOpensNothing)
 {
     EnableMenuItem(bar, 0, MF_BYPOSITION | MF_GRAYED);
@@ -364,7 +382,7 @@ TEST_F(MenusOnTheScreen, WhateverEndsInOneOfTheirMessagesTheLoopEndsAndNothingEl
 {
     constexpr UINT messages[] = {WM_ENTERMENULOOP,   WM_INITMENU, WM_INITMENUPOPUP, WM_MENUSELECT, WM_ENTERIDLE,
                                  WM_UNINITMENUPOPUP, WM_MENUCHAR, WM_MEASUREITEM,   WM_DRAWITEM,   WM_EXITMENULOOP};
-    enum { EndRoot, EndSubmenu, EndItems, EndWindow, LoseCapture, Deeds };
+    enum { EndRoot, EndSubmenu, EndItems, EndWindow, LoseCapture, ActivateAnother, Deeds };
     for (UINT message : messages) {
         for (int deed = 0; deed < Deeds * 3; ++deed) {
             HWND owner = windows->make(WS_OVERLAPPEDWINDOW | WS_VISIBLE, {50, 50, 300, 250});
@@ -385,7 +403,8 @@ TEST_F(MenusOnTheScreen, WhateverEndsInOneOfTheirMessagesTheLoopEndsAndNothingEl
                     }
                     break;
                 case EndWindow: DestroyWindow(owner); break;
-                default: ReleaseCapture(); break;
+                case LoseCapture: ReleaseCapture(); break;
+                default: SetActiveWindow(window); break;
                 }
                 return false;
             };
