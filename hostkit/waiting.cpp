@@ -36,6 +36,7 @@ bool deliverMessage()
     MSG message;
     if (!takeMessage(message))
         return false;
+    isWaiting = false;
     if (message.message == WM_QUIT) {
         askToQuit();
         return true;

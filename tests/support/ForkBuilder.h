@@ -25,7 +25,7 @@ public:
     }
     static std::string word(uint64_t value) { return number(value, 2); }
     static std::string longWord(uint64_t value) { return number(value, 4); }
-    static std::string pascal(const std::string &text) { return number(text.size(), 1) + text; }
+    static std::string pascalString(const std::string &text) { return number(text.size(), 1) + text; }
 
     static std::string fork(const std::vector<ForkItem> &items)
     {
@@ -40,7 +40,7 @@ public:
             list += word(static_cast<uint16_t>(item.id)) + word(item.name.empty() ? 0xffff : names.size());
             list += number(static_cast<unsigned>(item.attributes), 1) + number(data.size(), 3) + longWord(0);
             if (!item.name.empty())
-                names += pascal(item.name);
+                names += pascalString(item.name);
             data += longWord(item.data.size()) + item.data;
         }
         std::string types = word(order.size() - 1), lists;
@@ -63,7 +63,7 @@ public:
     static std::string macBinary(const std::string &fork, const std::string &dataFork)
     {
         std::string header(128, '\0');
-        header.replace(1, 6, pascal("Hello"));
+        header.replace(1, 6, pascalString("Hello"));
         header.replace(65, 8, "APPLabcd");
         header.replace(83, 4, longWord(dataFork.size()));
         header.replace(87, 4, longWord(fork.size()));

@@ -1,28 +1,34 @@
 // Nothing records what is injected here.
 #include "screen/injection.h"
 
-#include "held_buttons.h"
-#include "pointer.h"
+#include "input_state.h"
 #include "program_thread.h"
 #include "program_windows.h"
 
-#include <atomic>
+#include <algorithm>
 
 namespace win32::screen {
 namespace {
 
-std::atomic<bool> isHeld[3];
+RECT allMonitors()
+{
+    LONG left = GetSystemMetrics(SM_XVIRTUALSCREEN), top = GetSystemMetrics(SM_YVIRTUALSCREEN);
+    return {left, top, left + GetSystemMetrics(SM_CXVIRTUALSCREEN), top + GetSystemMetrics(SM_CYVIRTUALSCREEN)};
+}
 
 } // namespace
 
 void injectMove(POINT point)
 {
-    replay::moveMouse(point);
+    RECT monitors = allMonitors();
+    replay::noteMouseAt({std::clamp(point.x, monitors.left, monitors.right - 1),
+                         std::clamp(point.y, monitors.top, monitors.bottom - 1)});
+    sendMove(point, monitors);
 }
 
 void injectButton(MouseButton button, Press press)
 {
-    isHeld[static_cast<int>(button)] = press == Press::Down;
+    replay::noteButton(static_cast<int>(button), press == Press::Down);
     sendButton(button, press);
 }
 
@@ -49,8 +55,3 @@ void injectClose()
 }
 
 } // namespace win32::screen
-
-bool replay::holdsButton()
-{
-    return win32::screen::isHeld[0] || win32::screen::isHeld[1] || win32::screen::isHeld[2];
-}

@@ -1,7 +1,6 @@
 #include "screen/replayed_program.h"
 
-#include "button_looks.h"
-#include "held_buttons.h"
+#include "input_state.h"
 #include "png_writer.h"
 #include "program_thread.h"
 #include "program_windows.h"
@@ -81,17 +80,18 @@ bool isIdle(milliseconds longest)
     return workOfProgram(longest) == Found::Nothing && !windowsOnDesktop().empty();
 }
 
-// A program that follows the mouse without reading its messages answers nothing; it is done when it has looked a few
-// times at the buttons. looks: their number when it last read messages.
-bool isTrackingOrIdle(unsigned &looks, milliseconds longest)
+// A program that follows a drag without reading its messages answers nothing, but looks at the buttons again and again;
+// before it begins it may look a few times as well, and in each round before it sees where the mouse is. looks: their
+// number when the wait began.
+bool isTrackingOrIdle(unsigned looks, milliseconds longest)
 {
-    constexpr unsigned looksOfLoop = 6; // some programs look twice before they see where the mouse is
+    constexpr unsigned fewLooks = 6, looksOfLoop = 20;
     constexpr milliseconds longestAtOnce{2};
-    if (buttonLooks() - looks >= looksOfLoop)
+    if (buttonLooks() - looks >= fewLooks && buttonLooksSinceMessages() >= looksOfLoop)
         return true;
     Found found = workOfProgram(std::min(longest, longestAtOnce));
-    if (found == Found::Work)
-        looks = buttonLooks();
+    if (found != Found::NoAnswer)
+        noteMessagesAreRead();
     return found == Found::Nothing;
 }
 
@@ -176,7 +176,7 @@ bool saveScreen(const std::string &path, WithCursor withCursor)
 {
     WindowPicture picture({0, 0, screen().cx, screen().cy});
     if (withCursor == WithCursor::Yes)
-        picture.drawCursor();
+        picture.drawCursor(mousePlace());
     return writePng(path, screen().cx, screen().cy, picture.rgbBytes());
 }
 

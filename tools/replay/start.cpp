@@ -1,5 +1,5 @@
 // Begins a replay before main does, on the thread that will run it.
-#include "button_looks.h"
+#include "input_state.h"
 #include "program_thread.h"
 #include "screen/replay_player.h"
 
@@ -13,7 +13,7 @@ struct Start {
         if (!getenv("WIN32_REPLAY"))
             return;
         replay::takeProgramThread();
-        replay::countButtonLooks();
+        replay::watchInputState();
         win32::screen::startReplay();
     }
 } start;

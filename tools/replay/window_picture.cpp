@@ -41,16 +41,15 @@ void WindowPicture::copyWindow(HWND window)
     ReleaseDC(window, source);
 }
 
-void WindowPicture::drawCursor()
+void WindowPicture::drawCursor(POINT place)
 {
     CURSORINFO cursor{};
     cursor.cbSize = sizeof cursor;
     ICONINFO icon{};
     if (!GetCursorInfo(&cursor) || !(cursor.flags & CURSOR_SHOWING) || !GetIconInfo(cursor.hCursor, &icon))
         return;
-    DrawIconEx(context_, cursor.ptScreenPos.x - static_cast<int>(icon.xHotspot) - rect_.left,
-               cursor.ptScreenPos.y - static_cast<int>(icon.yHotspot) - rect_.top, cursor.hCursor, 0, 0, 0, nullptr,
-               DI_NORMAL);
+    DrawIconEx(context_, place.x - static_cast<int>(icon.xHotspot) - rect_.left,
+               place.y - static_cast<int>(icon.yHotspot) - rect_.top, cursor.hCursor, 0, 0, 0, nullptr, DI_NORMAL);
     DeleteObject(icon.hbmMask);
     DeleteObject(icon.hbmColor);
     GdiFlush();

@@ -17,7 +17,8 @@ public:
     WindowPicture(const WindowPicture &) = delete;
     WindowPicture &operator=(const WindowPicture &) = delete;
 
-    void drawCursor();
+    // place: of its hot spot, on the screen.
+    void drawCursor(POINT place);
 
     COLORREF colorAt(int x, int y) const;
     // Three a pixel, from the top row down.

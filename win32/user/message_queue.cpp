@@ -286,7 +286,7 @@ bool MessageQueue::next(MSG &message, const MessageFilter &filter, bool remove)
     if (found && remove) {
         messageTime = static_cast<LONG>(message.time);
         messagePoint = message.pt;
-        taken.fetch_add(1, std::memory_order_relaxed);
+        looksWhenTaken.store(buttonLooks.load(std::memory_order_relaxed), std::memory_order_relaxed);
     }
     if (!found && !filter.window && filter.first == 0 && filter.last == 0)
         emptyLooks.store(emptyLooks.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);

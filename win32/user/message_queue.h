@@ -110,9 +110,9 @@ public:
     std::atomic<DWORD> changedBits{0};
     // How often the thread looked at all that there is and found nothing.
     std::atomic<unsigned> emptyLooks{0};
-    // How many messages it took, and how often it looked at the mouse's buttons without.
-    std::atomic<unsigned> taken{0};
+    // How often it looked at the mouse's buttons, and how often it had when it took its last message.
     std::atomic<unsigned> buttonLooks{0};
+    std::atomic<unsigned> looksWhenTaken{0};
 
 private:
     bool takePosted(MSG &message, const MessageFilter &filter, bool remove);

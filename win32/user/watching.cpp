@@ -26,6 +26,16 @@ bool hasNothingToDo(const MessageQueue &queue)
     return (queue.currentBits.load() & work) == 0;
 }
 
+// A loop that follows a drag looks at the buttons again and again without taking a message; before it begins, the
+// program may look a few times as well, and in each round before it sees where the mouse is.
+bool tracksMouse(const MessageQueue &queue, unsigned newLooks)
+{
+    constexpr unsigned fewLooks = 6, looksOfLoop = 20;
+    unsigned sinceTaken = queue.buttonLooks.load(std::memory_order_relaxed)
+                          - queue.looksWhenTaken.load(std::memory_order_relaxed);
+    return newLooks >= fewLooks && sinceTaken >= looksOfLoop && isMouseButtonDown();
+}
+
 std::string titleOf(const Window &window)
 {
     return utf8FromUtf16(utf16FromAnsi(window.text));
@@ -88,27 +98,21 @@ IdleWatch::IdleWatch()
 
 IdleWatch::Seen IdleWatch::stateOf(const MessageQueue &queue)
 {
-    return {&queue, queue.emptyLooks.load(std::memory_order_relaxed), queue.taken.load(std::memory_order_relaxed),
+    return {&queue, queue.emptyLooks.load(std::memory_order_relaxed),
             queue.buttonLooks.load(std::memory_order_relaxed)};
 }
 
-bool IdleWatch::isIdle(const MessageQueue &queue)
+bool IdleWatch::isIdle(const MessageQueue &queue) const
 {
-    constexpr unsigned looksOfLoop = 6; // some programs look twice before they see where the mouse is
     auto seen = std::find_if(seen_.begin(), seen_.end(), [&](const Seen &each) { return each.queue == &queue; });
     if (seen == seen_.end())
         return hasNothingToDo(queue);
     Seen now = stateOf(queue);
-    if (now.taken != seen->taken) {
-        seen->taken = now.taken;
-        seen->buttonLooks = now.buttonLooks;
-    }
     bool hasLooked = now.emptyLooks != seen->emptyLooks || isWaitingForInput(*queue.thread);
-    bool tracksMouse = isMouseButtonDown() && now.buttonLooks - seen->buttonLooks >= looksOfLoop;
-    return (hasNothingToDo(queue) && hasLooked) || tracksMouse;
+    return (hasNothingToDo(queue) && hasLooked) || tracksMouse(queue, now.buttonLooks - seen->buttonLooks);
 }
 
-bool IdleWatch::isIdle()
+bool IdleWatch::isIdle() const
 {
     UserLock lock;
     std::vector<MessageQueue *> queues = queuesWithWindows();

@@ -18,17 +18,16 @@ class IdleWatch {
 public:
     IdleWatch();
     // False too while there is no window.
-    bool isIdle();
+    bool isIdle() const;
 
 private:
     struct Seen {
         const MessageQueue *queue;
         unsigned emptyLooks;
-        unsigned taken;
         unsigned buttonLooks;
     };
     static Seen stateOf(const MessageQueue &queue);
-    bool isIdle(const MessageQueue &queue);
+    bool isIdle(const MessageQueue &queue) const;
 
     std::vector<Seen> seen_;
 };

@@ -1,31 +1,11 @@
-#include "button_looks.h"
-
-#include "program_thread.h"
-
-#include <windows.h>
+#include "import_table.h"
 
 #include <psapi.h>
 
-#include <atomic>
 #include <string>
 
 namespace replay {
 namespace {
-
-decltype(&GetAsyncKeyState) keyState;
-std::atomic<unsigned> looks{0};
-
-bool isMouseButton(int key)
-{
-    return key == VK_LBUTTON || key == VK_RBUTTON || key == VK_MBUTTON;
-}
-
-SHORT WINAPI countedKeyState(int key)
-{
-    if (isMouseButton(key) && GetCurrentThreadId() == programThread())
-        ++looks;
-    return keyState(key);
-}
 
 // A view of a module in memory.
 template <class Part> Part *partOf(HMODULE module, DWORD offset)
@@ -33,7 +13,7 @@ template <class Part> Part *partOf(HMODULE module, DWORD offset)
     return reinterpret_cast<Part *>(reinterpret_cast<char *>(module) + offset);
 }
 
-void replace(ULONG_PTR *place, ULONG_PTR function)
+void replace(FARPROC *place, FARPROC function)
 {
     DWORD protection;
     if (!VirtualProtect(place, sizeof *place, PAGE_READWRITE, &protection))
@@ -42,8 +22,8 @@ void replace(ULONG_PTR *place, ULONG_PTR function)
     VirtualProtect(place, sizeof *place, protection, &protection);
 }
 
-// Where a module has the addresses of the functions that it takes from others.
-void replaceImports(HMODULE module, ULONG_PTR function, ULONG_PTR other)
+// Where a module has the addresses of what it takes from others.
+void replaceIn(HMODULE module, FARPROC function, FARPROC other)
 {
     auto *headers = partOf<IMAGE_NT_HEADERS>(module, static_cast<DWORD>(partOf<IMAGE_DOS_HEADER>(module, 0)->e_lfanew));
     const IMAGE_DATA_DIRECTORY &imports = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
@@ -51,7 +31,7 @@ void replaceImports(HMODULE module, ULONG_PTR function, ULONG_PTR other)
         return;
     auto *library = partOf<IMAGE_IMPORT_DESCRIPTOR>(module, imports.VirtualAddress);
     for (; library->FirstThunk; ++library) {
-        for (auto *place = partOf<ULONG_PTR>(module, library->FirstThunk); *place; ++place) {
+        for (auto *place = partOf<FARPROC>(module, library->FirstThunk); *place; ++place) {
             if (*place == function)
                 replace(place, other);
         }
@@ -68,24 +48,19 @@ std::string folderOf(HMODULE module)
 
 } // namespace
 
-void countButtonLooks()
+FARPROC replaceImport(LPCSTR module, LPCSTR name, FARPROC other)
 {
-    keyState = reinterpret_cast<decltype(keyState)>(GetProcAddress(GetModuleHandleA("user32.dll"), "GetAsyncKeyState"));
+    FARPROC function = GetProcAddress(GetModuleHandleA(module), name);
     HMODULE modules[1024];
     DWORD size = 0;
-    if (!EnumProcessModules(GetCurrentProcess(), modules, sizeof modules, &size))
-        return;
+    if (!function || !EnumProcessModules(GetCurrentProcess(), modules, sizeof modules, &size))
+        return function;
     std::string folder = folderOf(nullptr);
-    for (DWORD i = 0; i < size / sizeof *modules && i < 1024; ++i) {
+    for (DWORD i = 0; i < size / sizeof *modules && i < std::size(modules); ++i) {
         if (folderOf(modules[i]) == folder)
-            replaceImports(modules[i], reinterpret_cast<ULONG_PTR>(keyState),
-                           reinterpret_cast<ULONG_PTR>(countedKeyState));
+            replaceIn(modules[i], function, other);
     }
-}
-
-unsigned buttonLooks()
-{
-    return looks;
+    return function;
 }
 
 } // namespace replay
