@@ -166,6 +166,11 @@ TEST_F(HostKitWindows, ArePressedByTheSystemsKeysEachForItself)
     dispose(second);
     EXPECT_EQ(drain(mDownMask), Names{}) << "the press was for one that is gone";
     PostMessageA(nativeOf(first), WM_CLOSE, 0, 0);
+    waitFor(mDownMask);
+    pressAt({400, 400});
+    release();
+    EXPECT_FALSE(HostKitTrackGoAway(first, {0, 0})) << "nor is one that another press has followed";
+    PostMessageA(nativeOf(first), WM_CLOSE, 0, 0);
     HostKitFlushEvents(everyEvent, 0);
     EXPECT_FALSE(HostKitTrackGoAway(first, {0, 0})) << "a press that was flushed is none";
 }
