@@ -141,6 +141,7 @@ void command(char key)
     case 'n': newPainting(); return;
     case 'q': quit(); return;
     case 'b': showAbout(); return;
+    case 'p': purgeDocuments(0x7FFFFFFF); return;
     default: break;
     }
     if (!document)

@@ -8,8 +8,6 @@
 #include "system_menu.h"
 #include "timers.h"
 
-#include <cctype>
-
 namespace win32::user {
 namespace {
 
@@ -24,9 +22,17 @@ UINT hoverDelay()
     return delay;
 }
 
-char upper(WORD character)
+bool isSameLetter(char first, WORD second)
 {
-    return static_cast<char>(toupper(static_cast<unsigned char>(character)));
+    const char texts[2][2] = {{first, 0}, {static_cast<char>(second), 0}};
+    return first && lstrcmpiA(texts[0], texts[1]) == 0;
+}
+
+// What finds an item: its marked letter, or the first one of an item that has none marked.
+char letterOf(const MenuItem &item, bool byMark)
+{
+    char mark = marker(item.text);
+    return byMark ? mark : mark || item.text.empty() ? '\0' : item.text[0];
 }
 
 } // namespace
@@ -384,11 +390,7 @@ int MenuLoop::findCharacter(size_t level, WORD character, bool &isOnly) const
             MenuItem copy;
             if (!itemOf(level, item, copy) || copy.isSeparator() || copy.isOwnerDrawn())
                 continue;
-            char mark = marker(copy.text);
-            char letter = byMark                        ? mark
-                          : (mark || copy.text.empty()) ? '\0'
-                                                        : upper(static_cast<unsigned char>(copy.text[0]));
-            if (letter != upper(character) || !letter)
+            if (!isSameLetter(letterOf(copy, byMark), character))
                 continue;
             ++matches;
             if (found < 0)

@@ -69,7 +69,6 @@ private:
     bool takeKey(WPARAM key)
     {
         constexpr int step = 8;
-        POINT point = cursorPosition();
         switch (key) {
         case VK_ESCAPE:
             place(first_);
@@ -77,20 +76,25 @@ private:
         case VK_RETURN:
             return false;
         case VK_LEFT:
-            SetCursorPos(point.x - step, point.y);
-            return true;
+            return moveCursor(-step, 0);
         case VK_RIGHT:
-            SetCursorPos(point.x + step, point.y);
-            return true;
+            return moveCursor(step, 0);
         case VK_UP:
-            SetCursorPos(point.x, point.y - step);
-            return true;
+            return moveCursor(0, -step);
         case VK_DOWN:
-            SetCursorPos(point.x, point.y + step);
-            return true;
+            return moveCursor(0, step);
         default:
             return true;
         }
+    }
+
+    // The window follows at once: further keys may wait in front of the message of the mouse.
+    bool moveCursor(int x, int y)
+    {
+        POINT point = cursorPosition();
+        SetCursorPos(point.x + x, point.y + y);
+        follow(cursorPosition());
+        return true;
     }
 
     void follow(POINT point)

@@ -14,6 +14,7 @@
 #define HOSTKIT_CLASSIC_H
 
 #include <hostkit/hostkit.h>
+#include <hostkit/pascal_literals.h>
 
 #ifndef __cplusplus
 #include <stdbool.h>
@@ -59,6 +60,7 @@
 #define TrackBox HostKitTrackBox
 #define DragGrayRgn HostKitDragGrayRgn
 #define SetGrowZone HostKitSetGrowZone
+#define HiliteMenu HostKitHiliteMenu
 
 /* Names that Win32 has, too. */
 #ifdef __cplusplus

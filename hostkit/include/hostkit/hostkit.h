@@ -147,6 +147,10 @@ void HostKitSetEventProc(HostKitEventProcPtr proc);
 /* Null (as at the start) makes each notch three presses of an arrow key. */
 void HostKitSetWheelProc(HostKitWheelProcPtr proc);
 
+/* Shows the title of a menu in the bar (hMenuMain) as chosen, and those of all others not; 0 shows none so. The system
+   does that itself for menus that the user opens: this is for their keys. */
+void HostKitHiliteMenu(SInt16 menuID);
+
 /* Memory. Up to 16 procedures, asked in the order of their arrival until enough is free. False when there is
    no room for one more. */
 Boolean HostKitAddPurgeProc(HostKitPurgeProcPtr proc);

@@ -245,6 +245,16 @@ TEST_F(TrackedMenus, TheBarTakesAsManyRowsAsItNeeds)
     EXPECT_GT(now.bottom, client.bottom);
 }
 
+TEST_F(TrackedMenus, ItemsOfTheBarAreHighlightedByHand)
+{
+    EXPECT_TRUE(HiliteMenuItem(window, bar, 1, MF_BYPOSITION | MF_HILITE));
+    EXPECT_TRUE(GetMenuState(bar, 1, MF_BYPOSITION) & MF_HILITE);
+    EXPECT_TRUE(HiliteMenuItem(window, bar, 5, MF_BYCOMMAND | MF_HILITE));
+    EXPECT_FALSE(GetMenuState(bar, 1, MF_BYPOSITION) & MF_HILITE);
+    EXPECT_TRUE(HiliteMenuItem(window, bar, 5, MF_BYCOMMAND));
+    EXPECT_FALSE(GetMenuState(bar, 5, MF_BYCOMMAND) & MF_HILITE);
+}
+
 TEST_F(TrackedMenus, OfAnyKindAreMeasuredByAWindowThatHasThemAsItsBar)
 {
     HMENU popup = CreatePopupMenu();

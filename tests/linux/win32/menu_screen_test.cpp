@@ -228,6 +228,60 @@ TEST_F(MenusOnTheScreen, APopupOverAnotherNeedsAFlagAndLeavesTheOtherOpen)
     EXPECT_EQ(track(file, TPM_RETURNCMD), 1);
 }
 
+TEST_F(MenusOnTheScreen, LettersAreThoseOfTheCodePageInEitherCaseAndOneThatSeveralHaveGoesRound)
+{
+    HMENU letters = CreatePopupMenu();
+    for (const char *text : {"&\xDC"
+                             "bung",
+                             "&Alpha", "&Apfel", "Beta"})
+        AppendMenuA(letters, MF_STRING, 1 + static_cast<UINT>(GetMenuItemCount(letters)), text);
+    then([] { PostMessageA(window, WM_CHAR, 0xFC, 0); });
+    EXPECT_EQ(track(letters, TPM_RETURNCMD), 1);
+    thenType({'A', 'A', VK_RETURN});
+    EXPECT_EQ(track(letters, TPM_RETURNCMD), 3);
+    thenType({'B'});
+    EXPECT_EQ(track(letters, TPM_RETURNCMD), 4);
+    DestroyMenu(letters);
+}
+
+TEST_F(MenusOnTheScreen, TheRightButtonIsToldOfWhereItDoesNotChoose)
+{
+    then([&] {
+        moveTo(popupItem(edit, 1));
+        mouse_event(MOUSEEVENTF_RIGHTDOWN, 0, 0, 0, 0);
+        mouse_event(MOUSEEVENTF_RIGHTUP, 0, 0, 0, 0);
+    });
+    then([] { EndMenu(); });
+    WPARAM position = 99;
+    answer = [&](const TestWindows::Noted &noted, LRESULT &) {
+        if (noted.message == WM_MENURBUTTONUP && reinterpret_cast<HMENU>(noted.lParam) == edit)
+            position = noted.wParam;
+        return false;
+    };
+    EXPECT_EQ(track(edit, TPM_RETURNCMD), 0);
+    EXPECT_EQ(position, 1u);
+}
+
+TEST_F(MenusOnTheScreen, TheSystemMenuMovesAndSizesItsWindowByKeys)
+{
+    RECT before, after;
+    GetWindowRect(window, &before);
+    typeWithAlt(VK_SPACE);
+    type({'M', VK_RIGHT, VK_DOWN, VK_RETURN});
+    serve();
+    GetWindowRect(window, &after);
+    EXPECT_TRUE(after.left > before.left && after.top > before.top);
+    EXPECT_EQ(after.right - after.left, before.right - before.left);
+    typeWithAlt(VK_SPACE);
+    type({'S', VK_RIGHT, VK_DOWN, VK_RETURN});
+    serve();
+    RECT sized;
+    GetWindowRect(window, &sized);
+    EXPECT_TRUE(sized.left == after.left && sized.right > after.right && sized.bottom > after.bottom);
+    SetWindowPos(window, nullptr, before.left, before.top, before.right - before.left, before.bottom - before.top,
+                 SWP_NOZORDER);
+}
+
 TEST_F(MenusOnTheScreen, AGrayedItemOfTheBarOpensNothing)
 {
     EnableMenuItem(bar, 0, MF_BYPOSITION | MF_GRAYED);
