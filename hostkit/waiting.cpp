@@ -16,6 +16,9 @@ Point lastMove;
 
 constexpr int mostMessagesAtOnce = 500; // a flood must not keep the program from its own events
 
+// The names of some headers have bits that older systems refuse.
+constexpr DWORD mouseAndKeys = 0x0007, allInput = 0x04FF;
+
 // Input stays where it is while there is no room for it, and while the system follows the mouse.
 bool isInputLeft()
 {
@@ -29,7 +32,7 @@ bool takeMessage(MSG &message)
     UINT flags = PM_REMOVE;
     if (isInputLeft())
         flags |= PM_QS_PAINT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
-    return HIWORD(GetQueueStatus(QS_ALLINPUT)) && PeekMessageA(&message, nullptr, 0, 0, flags);
+    return HIWORD(GetQueueStatus(allInput)) && PeekMessageA(&message, nullptr, 0, 0, flags);
 }
 
 void lookInVain()
@@ -122,10 +125,8 @@ private:
 
 void sleepUpTo(DWORD milliseconds)
 {
-    // The names of some headers have bits that older systems refuse.
-    constexpr DWORD mouseAndKeys = 0x0007, all = 0x04FF;
     // Input that is left where it is must not end the sleep.
-    DWORD wakers = isInputLeft() ? all & ~mouseAndKeys : all;
+    DWORD wakers = isInputLeft() ? allInput & ~mouseAndKeys : allInput;
     MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, wakers, MWMO_ALERTABLE | MWMO_INPUTAVAILABLE);
 }
 
@@ -199,6 +200,7 @@ void handleInSystemLoop(EventRecord &event)
 void forgetLoops()
 {
     systemLoopDepth = 0;
+    isWaiting = isAtRest = false;
     eventProc = nullptr;
     lastMove = {};
 }

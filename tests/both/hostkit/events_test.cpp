@@ -218,9 +218,10 @@ TEST_F(HostKitEvents, OfTheWheelGoToTheWindowUnderTheMouse)
 
 TEST_F(HostKitEvents, AskToQuitOnce)
 {
+    PostQuitMessage(0);
+    EXPECT_EQ(drain(), Names{"key q"});
     for (int i = 0; i < 3; ++i)
         PostMessageA(hWndMain, WM_CLOSE, 0, 0);
-    PostQuitMessage(0);
     EXPECT_FALSE(SendMessageA(hWndMain, WM_QUERYENDSESSION, 0, 0)) << "not before the user was asked";
     EventRecord event = waitFor(keyDownMask);
     EXPECT_EQ(event.message & charCodeMask, 'q');
