@@ -128,14 +128,15 @@ void placeBehind(WindowPtr window, WindowPtr behind)
         HostKitSendBehind(window, behind);
 }
 
-// Where the library's list leads to the window.
-WindowPtr *linkTo(WindowPtr window)
+// In the library's list.
+void replaceInList(WindowPtr window, WindowPtr other)
 {
-    for (WindowPtr *link = &gFrontWindow; *link; link = &recordOf(*link)->nextWindow) {
-        if (*link == window)
-            return link;
+    if (gFrontWindow == window)
+        gFrontWindow = other;
+    for (WindowPtr each = gFrontWindow; each; each = recordOf(each)->nextWindow) {
+        if (recordOf(each)->nextWindow == window)
+            recordOf(each)->nextWindow = other;
     }
-    return nullptr;
 }
 
 // The copy takes the record's place wherever the library knows it.
@@ -144,15 +145,13 @@ void replaceRecord(WindowPtr window, WindowPeek copy)
     if (window == qd.thePort)
         MacSetPort(nullptr);
     *copy = *recordOf(window);
-    if (WindowPtr *link = linkTo(window))
-        *link = &copy->port;
+    replaceInList(window, &copy->port);
 }
 
 // What can be done without memory.
 void endNative(WindowPtr window)
 {
-    if (WindowPtr *link = linkTo(window))
-        *link = recordOf(window)->nextWindow;
+    replaceInList(window, recordOf(window)->nextWindow);
     if (HWND native = nativeOf(window))
         DestroyWindow(native);
     followFront();

@@ -212,8 +212,8 @@ TEST_F(HostKitWindows, MayLieInStorageOfTheCallers)
     ASSERT_EQ(window, &storage.port);
     MacSetPort(window);
     HostKitCloseWindow(window);
-    EXPECT_EQ(recordOf(front).nextWindow, behind);
-    EXPECT_NE(qd.thePort, window);
+    EXPECT_TRUE(recordOf(front).nextWindow == behind);
+    EXPECT_TRUE(qd.thePort != window);
     EXPECT_EQ(drain(), (Names{"activate 3", "update 3", "update 1"}));
     EXPECT_EQ(HostKitAttachWindow(gDesktopWindow), paramErr);
     EXPECT_EQ(HostKitAttachWindow(front), paramErr);
