@@ -25,29 +25,17 @@ FrameStyle frameFor(SInt16 procID, bool hasGoAway)
     FrameStyle frame;
     DWORD box = hasGoAway ? DWORD{WS_SYSMENU} : DWORD{0};
     switch (procID) {
-    case documentProc:
-        frame.style |= WS_CAPTION | WS_THICKFRAME | box;
-        break;
-    case zoomDocProc:
-        frame.style |= WS_CAPTION | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_SYSMENU;
-        break;
-    case zoomNoGrow:
-        frame.style |= WS_CAPTION | WS_MAXIMIZEBOX | WS_SYSMENU;
-        break;
-    case dBoxProc:
-        frame.style |= WS_DLGFRAME;
-        break;
+    case documentProc: frame.style |= WS_CAPTION | WS_THICKFRAME | box; break;
+    case zoomDocProc: frame.style |= WS_CAPTION | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_SYSMENU; break;
+    case zoomNoGrow: frame.style |= WS_CAPTION | WS_MAXIMIZEBOX | WS_SYSMENU; break;
+    case dBoxProc: frame.style |= WS_DLGFRAME; break;
     case plainDBox:
-    case altDBoxProc:
-        frame.style |= WS_BORDER;
-        break;
+    case altDBoxProc: frame.style |= WS_BORDER; break;
     case movableDBoxProc:
         frame.style |= WS_CAPTION | box;
         frame.extended |= WS_EX_DLGMODALFRAME;
         break;
-    default:
-        frame.style |= WS_CAPTION | box;
-        break;
+    default: frame.style |= WS_CAPTION | box; break;
     }
     return frame;
 }
@@ -339,8 +327,8 @@ OSErr HostKitAttachWindow(WindowPtr window)
     return noErr;
 }
 
-WindowPtr HostKitNewWindow(void *wStorage, const Rect *boundsRect, ConstStr255Param title, Boolean visible, SInt16 procID,
-                           WindowPtr behind, Boolean goAwayFlag, SRefCon refCon)
+WindowPtr HostKitNewWindow(void *wStorage, const Rect *boundsRect, ConstStr255Param title, Boolean visible,
+                           SInt16 procID, WindowPtr behind, Boolean goAwayFlag, SRefCon refCon)
 {
     WindowPtr window = NewCWindow(wStorage, boundsRect, title, visible, procID, behind, goAwayFlag, refCon);
     return finish(window, wStorage, visible, behind);

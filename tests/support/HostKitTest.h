@@ -82,7 +82,10 @@ protected:
         case autoKey: return "repeat";
         case updateEvt: return ofWindow("update ");
         case activateEvt: return ofWindow((event.modifiers & activeFlag) ? "activate " : "deactivate ");
-        case osEvt: return (event.message >> 24) == mouseMovedMessage ? "move" : (event.message & resumeFlag) ? "resume" : "suspend";
+        case osEvt:
+            return (event.message >> 24) == mouseMovedMessage ? "move"
+                   : (event.message & resumeFlag)             ? "resume"
+                                                              : "suspend";
         default: return "other " + std::to_string(event.what);
         }
     }

@@ -108,7 +108,8 @@ TEST_F(HostKitWindows, AreAskedToDrawOnceAndFromTheFront)
 {
     std::vector<std::string> expected;
     for (SRefCon i = 0; i < 200; ++i) {
-        Rect bounds = ltrb(static_cast<int>(10 + i), static_cast<int>(30 + i), static_cast<int>(80 + i), static_cast<int>(90 + i));
+        Rect bounds = ltrb(static_cast<int>(10 + i), static_cast<int>(30 + i), static_cast<int>(80 + i),
+                           static_cast<int>(90 + i));
         WindowPtr window = open(bounds);
         SetWRefCon(window, i);
         expected.insert(expected.begin(), "update " + std::to_string(i));
@@ -144,7 +145,8 @@ TEST_F(HostKitWindows, AreAskedForWhatChangedWhileTheyDrew)
 
 TEST_F(HostKitWindows, ArePressedByTheSystemsKeysEachForItself)
 {
-    WindowPtr first = openAs(1, zoomDocProc), second = openAs(2), without = open(ltrb(5, 30, 90, 90), documentProc, true, false);
+    WindowPtr first = openAs(1, zoomDocProc), second = openAs(2),
+              without = open(ltrb(5, 30, 90, 90), documentProc, true, false);
     drain();
     for (WindowPtr each : {first, first, second, without})
         PostMessageA(nativeOf(each), WM_SYSCOMMAND, SC_CLOSE, 0);
@@ -192,14 +194,16 @@ TEST_F(HostKitWindows, ZoomBetweenTheStatesOfUserAndProgram)
     Point box = pointOf(window, HTMAXBUTTON);
     EXPECT_EQ(HostKitFindWindow(box, &found), inZoomOut);
     HostKitZoomWindow(window, inZoomOut, true);
-    EXPECT_EQ(HostKitFindWindow(pointOf(window, HTMAXBUTTON), &found), inZoomIn) << "it is as large as the program wants it";
+    EXPECT_EQ(HostKitFindWindow(pointOf(window, HTMAXBUTTON), &found), inZoomIn)
+        << "it is as large as the program wants it";
     SetWindowPos(hWndMain, nullptr, 0, 0, 600, 500, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     EXPECT_EQ(Rect(states[1]), ltrb(60, 60, 260, 160));
     WindowPtr other = openAs(2, zoomDocProc);
     SetWindowPos(hWndMain, nullptr, 0, 0, 660, 550, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     GetClientRect(hWndMain, &desktop);
     HostKitZoomWindow(other, inZoomOut, true);
-    EXPECT_EQ(structureOf(other), ltrb(0, 0, desktop.right, desktop.bottom)) << "the whole desktop follows the main window";
+    EXPECT_EQ(structureOf(other), ltrb(0, 0, desktop.right, desktop.bottom))
+        << "the whole desktop follows the main window";
 }
 
 TEST_F(HostKitWindows, MayLieInStorageOfTheCallers)
@@ -207,7 +211,8 @@ TEST_F(HostKitWindows, MayLieInStorageOfTheCallers)
     WindowRecord storage;
     Rect bounds = ltrb(20, 40, 120, 140);
     WindowPtr behind = openAs(1);
-    WindowPtr window = HostKitNewWindow(&storage, &bounds, Pascal("own"), true, documentProc, reinterpret_cast<WindowPtr>(-1), true, 2);
+    WindowPtr window = HostKitNewWindow(&storage, &bounds, Pascal("own"), true, documentProc,
+                                        reinterpret_cast<WindowPtr>(-1), true, 2);
     WindowPtr front = openAs(3);
     ASSERT_EQ(window, &storage.port);
     MacSetPort(window);
