@@ -119,11 +119,13 @@ protected:
     template <class Call> void whileDragging(std::vector<Point> points, Call call)
     {
         std::thread user([this, points] {
+            for (int i = 0; i < 400 && !HostKitIsWaiting(); ++i)
+                Sleep(5);
             for (Point point : points) {
-                Sleep(30);
+                Sleep(25);
                 moveTo(point);
             }
-            Sleep(30);
+            Sleep(25);
             mouse().releaseButton();
         });
         call();
