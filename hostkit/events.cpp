@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace hostkit {
 namespace {
@@ -89,6 +90,7 @@ InputQueue input;
 constexpr EventMask inputMask = mDownMask | mUpMask | keyDownMask | keyUpMask | autoKeyMask;
 
 HostKitQuitProcPtr quitProc;
+bool isQuitRequested;
 
 // The press that the program took last, if it was posted.
 struct PostedPress {
@@ -206,6 +208,7 @@ void setQuitProc(HostKitQuitProcPtr proc)
 
 void askToQuit()
 {
+    isQuitRequested = true;
     if (quitProc) {
         quitProc();
         return;
@@ -217,6 +220,11 @@ void askToQuit()
     event.message = keyQ | 'q';
     event.modifiers = cmdKey;
     input.push(event);
+}
+
+bool takeQuitRequest()
+{
+    return std::exchange(isQuitRequested, false);
 }
 
 void postPressIn(WindowPtr window, SInt16 part)

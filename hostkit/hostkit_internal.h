@@ -75,6 +75,8 @@ bool takeInputEvent(EventMask mask, EventRecord &event, bool isTaken);
 bool flushInput(EventMask which, EventMask stop);
 void forgetEvents();
 void askToQuit();
+// Whether somebody asked since this was last called: a program that waits looks whether it is to go on.
+bool takeQuitRequest();
 void setQuitProc(HostKitQuitProcPtr proc);
 // A window's close or zoom box, asked for without the mouse, as a press there. part is inGoAway, inZoomIn or
 // inZoomOut.

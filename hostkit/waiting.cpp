@@ -2,6 +2,7 @@
 #include "hostkit_internal.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace hostkit {
 namespace {
@@ -25,35 +26,36 @@ bool isInputLeft()
     return isInputFull() || (isTracking() && Button());
 }
 
-// A queue that may be empty is not looked into: whoever watches a program, as replays do, takes a look in vain for a
-// sign that it has nothing left to do.
 bool takeMessage(MSG &message)
 {
     UINT flags = PM_REMOVE;
     if (isInputLeft())
         flags |= PM_QS_PAINT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
-    return HIWORD(GetQueueStatus(allInput)) && PeekMessageA(&message, nullptr, 0, 0, flags);
+    return PeekMessageA(&message, nullptr, 0, 0, flags);
 }
 
-void lookInVain()
+bool deliverMessage()
 {
     MSG message;
-    PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
+    if (!takeMessage(message))
+        return false;
+    if (message.message == WM_QUIT) {
+        askToQuit();
+        return true;
+    }
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+    return true;
 }
 
+// A queue that seems empty is not looked into: whoever watches a program, as replays do, takes a look in vain for a
+// sign that it has nothing left to do.
 void deliverMessages(EventMask mask)
 {
-    MSG message;
-    for (int i = 0; i < mostMessagesAtOnce; ++i) {
+    for (int i = 0; i < mostMessagesAtOnce && HIWORD(GetQueueStatus(allInput)); ++i) {
         makeRoomFor(mask);
-        if (!takeMessage(message))
+        if (!deliverMessage())
             return;
-        if (message.message == WM_QUIT) {
-            askToQuit();
-            continue;
-        }
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
     }
 }
 
@@ -219,20 +221,23 @@ Boolean HostKitWaitNextEvent(EventMask mask, EventRecord *event, UInt32 sleep, R
     Deadline deadline(sleep);
     EventRecord found = {};
     isWaiting = isAtRest = false;
-    for (;;) {
+    takeQuitRequest(); // an old one
+    for (bool hasLooked = false;;) {
         deliverMessages(mask);
         letGoOfMouse();
         if (nextEvent(mask, found, true) || takeMouseMove(mask, mouseRgn, found)) {
             isWaiting = false;
             return handOver(found, event);
         }
+        // The queue's status need not tell of a request to quit.
+        if (!std::exchange(hasLooked, true) && deliverMessage())
+            continue;
         DWORD left = deadline.left();
-        if (left == 0) {
-            lookInVain();
+        if (left == 0 || takeQuitRequest())
             return giveNull(event);
-        }
         isWaiting = true;
         sleepUpTo(left);
+        hasLooked = false;
     }
 }
 

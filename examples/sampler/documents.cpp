@@ -99,6 +99,8 @@ void dropDocument(Document &document)
     DisposeGWorld(document.world);
     DisposeGWorld(document.before);
     std::erase_if(documents, [&](const auto &each) { return each.get() == &document; });
+    if (documents.empty())
+        noteMemory();
 }
 
 Size bytesOf(GWorldPtr world)

@@ -235,7 +235,6 @@ int main(int count, char **values)
     HostKitAddPurgeProc(purgeDocuments);
     HostKitSetEventProc([](const EventRecord *event) { handleEvent(*event); });
     openPalette();
-    noteMemory();
     for (const std::string &path : arguments.documents)
         openDocument(path);
     if (arguments.redraws > 0)

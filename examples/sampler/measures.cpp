@@ -6,7 +6,7 @@
 
 namespace {
 
-UInt64 bytesAtStart;
+UInt64 bytesAfterFirst;
 
 UInt64 bytesInUse()
 {
@@ -46,7 +46,8 @@ void measureRedraws(int count)
 
 void noteMemory()
 {
-    bytesAtStart = bytesInUse();
+    if (bytesAfterFirst == 0)
+        bytesAfterFirst = bytesInUse();
 }
 
 void report()
@@ -54,5 +55,6 @@ void report()
     printf("handled: mouse %u, keys %u, updates %u, activations %u, other %u\n", handled[mouseDown],
            handled[keyDown] + handled[autoKey], handled[updateEvt], handled[activateEvt], handled[osEvt]);
     auto kilobytes = [](UInt64 bytes) { return static_cast<unsigned long>(bytes / 1024); };
-    printf("memory: %lu KB at the start, %lu KB at the end\n", kilobytes(bytesAtStart), kilobytes(bytesInUse()));
+    printf("memory: %lu KB when the first documents were closed, %lu KB at the end\n", kilobytes(bytesAfterFirst),
+           kilobytes(bytesInUse()));
 }

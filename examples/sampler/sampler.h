@@ -138,6 +138,7 @@ extern bool isOver;
 extern UInt32 handled[16];
 // Prints how fast the front document is redrawn, so many times through the whole cycle of an update.
 void measureRedraws(int count);
-// Prints the events that were handled, and the memory at the start and now.
+// To be called when no document is open: the first time counts.
 void noteMemory();
+// Prints the events that were handled, and the memory when the first documents were closed and now.
 void report();

@@ -1,10 +1,12 @@
 #include "heap_blocks.h"
 
 #include "control.h"
+#include "faults.h"
 #include "memory_figures.h"
 
 #include <atomic>
 #include <cstdlib>
+#include <sys/mman.h>
 
 namespace win32 {
 namespace {
@@ -74,6 +76,26 @@ void freeBlock(void *block, size_t size)
     discharge(size);
     heldCount.fetch_sub(1, std::memory_order_relaxed);
     free(block);
+}
+
+void *allocatePages(size_t size)
+{
+    if (faults::refuses(WIN32_ALLOCATION_LAYER, size) || !charge(0, size))
+        return nullptr;
+    void *pages = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (pages == MAP_FAILED) {
+        discharge(size);
+        return nullptr;
+    }
+    heldCount.fetch_add(1, std::memory_order_relaxed);
+    return pages;
+}
+
+void freePages(void *pages, size_t size)
+{
+    discharge(size);
+    heldCount.fetch_sub(1, std::memory_order_relaxed);
+    munmap(pages, size);
 }
 
 void forgetCommitLimit()

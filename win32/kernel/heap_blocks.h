@@ -11,6 +11,11 @@ void *allocateBlock(size_t size, bool cleared);
 void *resizeBlock(void *block, size_t oldSize, size_t newSize);
 void freeBlock(void *block, size_t size);
 
+// The same with pages of the system's, zeroed, which go back to it when they are freed: a C heap would keep large blocks
+// that small ones lie behind.
+void *allocatePages(size_t size);
+void freePages(void *pages, size_t size);
+
 // The bound is read anew with the next block.
 void forgetCommitLimit();
 

@@ -26,7 +26,7 @@
 extern "C" {
 #endif
 
-/* Called when the user or the system wants the program to end. */
+/* Called when the user or the system wants the program to end. A HostKitWaitNextEvent that waits gives a null event then. */
 typedef void (*HostKitQuitProcPtr)(void);
 /* Handles an event outside the program's own loop: see HostKitSetEventProc. */
 typedef void (*HostKitEventProcPtr)(const EventRecord *event);
