@@ -23,11 +23,11 @@ WindowPtr windowToTell()
     return isActiveApp ? activeWindow : nullptr;
 }
 
-// A field of a dialog's keeps the keyboard.
-bool hasKeyboard()
+// A field of a dialog's keeps the keyboard, and so does another program.
+bool mayHaveKeyboard()
 {
     HWND focus = GetFocus();
-    return focus && (focus == hWndMain || IsChild(hWndMain, focus));
+    return focus ? focus == hWndMain || IsChild(hWndMain, focus) : hWndMain && GetActiveWindow() == hWndMain;
 }
 
 void activate(WindowPtr window)
@@ -38,7 +38,7 @@ void activate(WindowPtr window)
     activeWindow = window;
     showFrame(old, false);
     showFrame(window, isActiveApp);
-    if (hasKeyboard())
+    if (mayHaveKeyboard())
         SetFocus(keyboardWindow());
 }
 
@@ -61,6 +61,9 @@ HWND keyboardWindow()
 void followFront()
 {
     activate(HostKitFrontWindow());
+    // A dialog that ends, or a window that goes, may leave it to nobody.
+    if (!GetFocus() && mayHaveKeyboard() && IsWindowEnabled(hWndMain))
+        SetFocus(keyboardWindow());
     tellInSystemLoop();
 }
 

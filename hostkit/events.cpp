@@ -39,9 +39,9 @@ public:
     }
     bool hasPosted(HWND native, UINT message) const
     {
-        return std::any_of(events_.begin(), events_.begin() + static_cast<std::ptrdiff_t>(count_), [&](const EventRecord &event) {
-            return event.nativeWindow == native && event.nativeMessage == message;
-        });
+        return std::any_of(
+            events_.begin(), events_.begin() + static_cast<std::ptrdiff_t>(count_),
+            [&](const EventRecord &event) { return event.nativeWindow == native && event.nativeMessage == message; });
     }
     // Up to the first event of the stopping mask. True when any went.
     bool flush(EventMask which, EventMask stop)
@@ -50,9 +50,8 @@ public:
     }
     void forgetPostedPresses(HWND native)
     {
-        removeIf(count_, [&](const EventRecord &event) {
-            return event.nativeWindow == native && isPostedPress(event);
-        });
+        removeIf(count_,
+                 [&](const EventRecord &event) { return event.nativeWindow == native && isPostedPress(event); });
     }
 
 private:
@@ -132,8 +131,9 @@ UInt16 modifiersOfMessage()
 {
     auto isDown = [](int key) { return GetKeyState(key) < 0; };
     int button = GetSystemMetrics(SM_SWAPBUTTON) ? VK_RBUTTON : VK_LBUTTON;
-    int modifiers = (isDown(VK_CONTROL) ? cmdKey : 0) | (isDown(VK_SHIFT) ? shiftKey : 0) | (isDown(VK_MENU) ? optionKey : 0)
-                  | ((GetKeyState(VK_CAPITAL) & 1) ? alphaLock : 0) | (isDown(button) ? btnState : 0);
+    int modifiers = (isDown(VK_CONTROL) ? cmdKey : 0) | (isDown(VK_SHIFT) ? shiftKey : 0)
+                    | (isDown(VK_MENU) ? optionKey : 0) | ((GetKeyState(VK_CAPITAL) & 1) ? alphaLock : 0)
+                    | (isDown(button) ? btnState : 0);
     return static_cast<UInt16>(modifiers);
 }
 
@@ -266,8 +266,8 @@ bool nextEvent(EventMask mask, EventRecord &event, bool isTaken)
 {
     followFront();
     bool isFound = takeSlot(mask, event, isTaken) || ((mask & activMask) && takeActivation(event, isTaken))
-                || input.take(mask, event, isTaken) || ((mask & updateMask) && takeUpdateEvent(event))
-                || ((mask & osMask) && takeSwitch(event, isTaken));
+                   || input.take(mask, event, isTaken) || ((mask & updateMask) && takeUpdateEvent(event))
+                   || ((mask & osMask) && takeSwitch(event, isTaken));
     if (isFound && isTaken && event.what == mouseDown)
         noteTakenPress(event);
     return isFound;

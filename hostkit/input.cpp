@@ -26,7 +26,8 @@ struct MacKey {
 
 MacKey letterKey(WPARAM key)
 {
-    static constexpr UInt8 codes[] = {0, 11, 8, 2, 14, 3, 5, 4, 34, 38, 40, 37, 46, 45, 31, 35, 12, 15, 1, 17, 32, 9, 13, 7, 16, 6};
+    static constexpr UInt8 codes[] = {0,  11, 8,  2,  14, 3, 5,  4,  34, 38, 40, 37, 46,
+                                      45, 31, 35, 12, 15, 1, 17, 32, 9,  13, 7,  16, 6};
     return {codes[key - 'A'], static_cast<UInt8>(key - 'A' + 'a')};
 }
 
@@ -105,7 +106,7 @@ MacKey macKeyOf(WPARAM key, bool isExtended)
 bool isSystemKey(UINT message, WPARAM key)
 {
     bool isModifier = key == VK_SHIFT || key == VK_CONTROL || key == VK_MENU || key == VK_CAPITAL || key == VK_NUMLOCK
-                   || key == VK_SCROLL || key == VK_LWIN || key == VK_RWIN;
+                      || key == VK_SCROLL || key == VK_LWIN || key == VK_RWIN;
     bool isWithAlt = message == WM_SYSKEYDOWN || message == WM_SYSKEYUP;
     return isModifier || key == VK_PACKET || key == VK_PROCESSKEY || (isWithAlt && (key == VK_F4 || key == VK_SPACE));
 }
@@ -157,7 +158,8 @@ UInt8 characterOf(const MacKey &key, UInt8 native)
 UInt16 withoutThirdShift(UInt16 modifiers, UInt8 native)
 {
     bool isSign = native >= ' ' && native != 127;
-    return isSign && (modifiers & cmdKey) && (modifiers & optionKey) ? static_cast<UInt16>(modifiers & ~cmdKey) : modifiers;
+    return isSign && (modifiers & cmdKey) && (modifiers & optionKey) ? static_cast<UInt16>(modifiers & ~cmdKey)
+                                                                     : modifiers;
 }
 
 // When the user did it, and not when the program came to look.
@@ -174,7 +176,8 @@ void postKey(HWND native, UINT message, WPARAM wParam, LPARAM lParam)
     bool isRepeat = isPress && (lParam & wasDown);
     MacKey key = macKeyOf(wParam, (HIWORD(lParam) & KF_EXTENDED) != 0);
     NativeCharacter typed = isPress ? takeNativeCharacter(native, message == WM_SYSKEYDOWN) : NativeCharacter{};
-    EventRecord event = inputEvent(!isPress ? UInt16{keyUp} : isRepeat ? UInt16{autoKey} : UInt16{keyDown}, native, message);
+    UInt16 kind = isRepeat ? autoKey : isPress ? keyDown : keyUp;
+    EventRecord event = inputEvent(kind, native, message);
     event.modifiers = withoutThirdShift(event.modifiers, typed.character);
     event.message = UInt32{key.code} << 8 | characterOf(key, typed.character);
     bool isUnknown = !(event.message & charCodeMask) && key.code == 127; // a key that a Macintosh has not
@@ -205,11 +208,8 @@ bool takeKey(HWND native, UINT message, WPARAM wParam, LPARAM lParam)
             return false;
         postKey(native, message, wParam, lParam);
         return true;
-    case WM_CHAR:
-        postCharacter(native, message, wParam);
-        return true;
-    default:
-        return false;
+    case WM_CHAR: postCharacter(native, message, wParam); return true;
+    default: return false;
     }
 }
 

@@ -53,7 +53,7 @@ bool registerClasses()
     auto workspace = reinterpret_cast<HBRUSH>(static_cast<ULONG_PTR>(COLOR_APPWORKSPACE + 1));
     auto white = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
     return registerClass(mainClassName, mainProcedure, workspace, 0)
-        && registerClass(windowClassName, windowProcedure, white, sizeof(LONG_PTR)) && registerDialogClasses();
+           && registerClass(windowClassName, windowProcedure, white, sizeof(LONG_PTR)) && registerDialogClasses();
 }
 
 void unregisterClasses()

@@ -40,7 +40,8 @@ bool isGrowable(WindowPtr window)
 bool isInSizeBox(WindowPtr window, Point where)
 {
     Rect content = contentOf(window);
-    return recordOf(window)->hilited && isGrowable(window) && where.h >= content.right - sizeBoxSide && where.v >= content.bottom - sizeBoxSide;
+    return recordOf(window)->hilited && isGrowable(window) && where.h >= content.right - sizeBoxSide
+           && where.v >= content.bottom - sizeBoxSide;
 }
 
 SInt16 zoomPartOf(WindowPtr window)
@@ -55,10 +56,8 @@ SInt16 framePart(WindowPtr window, int hit)
     if (!hasCaption(window))
         return inContent; // a dialog's edge, by which it cannot be dragged
     switch (hit) {
-    case HTCLOSE:
-        return recordOf(window)->goAwayFlag ? SInt16{inGoAway} : SInt16{inDrag};
-    case HTMAXBUTTON:
-        return zoomPartOf(window);
+    case HTCLOSE: return recordOf(window)->goAwayFlag ? SInt16{inGoAway} : SInt16{inDrag};
+    case HTMAXBUTTON: return zoomPartOf(window);
     case HTLEFT:
     case HTRIGHT:
     case HTTOP:
@@ -67,10 +66,8 @@ SInt16 framePart(WindowPtr window, int hit)
     case HTTOPRIGHT:
     case HTBOTTOMLEFT:
     case HTBOTTOMRIGHT:
-    case HTGROWBOX:
-        return isGrowable(window) ? SInt16{inGrow} : SInt16{inDrag};
-    default:
-        return inDrag;
+    case HTGROWBOX: return isGrowable(window) ? SInt16{inGrow} : SInt16{inDrag};
+    default: return inDrag;
     }
 }
 
@@ -159,7 +156,8 @@ void moveBy(WindowPtr window, Point start, const Rect *bounds)
 SInt32 packedSize(WindowPtr window)
 {
     const Rect &port = window->portRect;
-    return static_cast<SInt32>(static_cast<UInt32>(port.bottom - port.top) << 16 | static_cast<UInt16>(port.right - port.left));
+    return static_cast<SInt32>(static_cast<UInt32>(port.bottom - port.top) << 16
+                               | static_cast<UInt16>(port.right - port.left));
 }
 
 // An outline in the current port, drawn and taken away by inverting.
@@ -248,7 +246,8 @@ bool trackMessage(WindowPtr window, UINT message, WPARAM wParam, LPARAM lParam, 
     case WM_SYSCOMMAND: {
         // The box was released inside: the program does what it means.
         UINT command = wParam & 0xFFF0;
-        bool isPressed = isBox(tracked.command) && (command == SC_CLOSE || command == SC_MAXIMIZE || command == SC_RESTORE);
+        bool isPressed =
+            isBox(tracked.command) && (command == SC_CLOSE || command == SC_MAXIMIZE || command == SC_RESTORE);
         tracked.isConfirmed = tracked.isConfirmed || isPressed;
         return isPressed;
     }
@@ -262,8 +261,7 @@ bool trackMessage(WindowPtr window, UINT message, WPARAM wParam, LPARAM lParam, 
         if (tracked.command == SC_SIZE && tracked.bounds)
             setLimits(*reinterpret_cast<MINMAXINFO *>(lParam));
         return tracked.command == SC_SIZE;
-    default:
-        return false;
+    default: return false;
     }
 }
 
@@ -376,5 +374,6 @@ SInt32 HostKitDragGrayRgn(RgnHandle region, Point start, const Rect *limit, cons
     if (slop && !MacPtInRect(mouse, slop))
         return isOutside;
     Point offset = offsetFor(mouse, start, limit, axis);
-    return static_cast<SInt32>(static_cast<UInt32>(static_cast<UInt16>(offset.v)) << 16 | static_cast<UInt16>(offset.h));
+    return static_cast<SInt32>(static_cast<UInt32>(static_cast<UInt16>(offset.v)) << 16
+                               | static_cast<UInt16>(offset.h));
 }

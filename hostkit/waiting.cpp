@@ -17,6 +17,9 @@ Point lastMove;
 
 constexpr int mostMessagesAtOnce = 500; // a flood must not keep the program from its own events
 
+// The names of some headers have bits that older systems refuse.
+constexpr DWORD mouseAndKeys = 0x0007, allInput = 0x04FF;
+
 // Input stays where it is while there is no room for it, and while the system follows the mouse.
 bool isInputLeft()
 {
@@ -50,7 +53,7 @@ bool deliverMessage()
 // sign that it has nothing left to do.
 void deliverMessages(EventMask mask)
 {
-    for (int i = 0; i < mostMessagesAtOnce && HIWORD(GetQueueStatus(QS_ALLINPUT)); ++i) {
+    for (int i = 0; i < mostMessagesAtOnce && HIWORD(GetQueueStatus(allInput)); ++i) {
         makeRoomFor(mask);
         if (!deliverMessage())
             return;
@@ -125,10 +128,8 @@ private:
 
 void sleepUpTo(DWORD milliseconds)
 {
-    // The names of some headers have bits that older systems refuse.
-    constexpr DWORD mouseAndKeys = 0x0007, all = 0x04FF;
     // Input that is left where it is must not end the sleep.
-    DWORD wakers = isInputLeft() ? all & ~mouseAndKeys : all;
+    DWORD wakers = isInputLeft() ? allInput & ~mouseAndKeys : allInput;
     MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, wakers, MWMO_ALERTABLE | MWMO_INPUTAVAILABLE);
 }
 
@@ -202,6 +203,7 @@ void handleInSystemLoop(EventRecord &event)
 void forgetLoops()
 {
     systemLoopDepth = 0;
+    isWaiting = isAtRest = false;
     eventProc = nullptr;
     lastMove = {};
 }

@@ -38,19 +38,11 @@ void pressGoAway(WindowPtr window)
 bool takeSystemCommand(WindowPtr window, WPARAM command)
 {
     switch (command & 0xFFF0) {
-    case SC_CLOSE:
-        pressGoAway(window);
-        return true;
-    case SC_MAXIMIZE:
-        postPressIn(window, inZoomOut);
-        return true;
-    case SC_RESTORE:
-        postPressIn(window, inZoomIn);
-        return true;
-    case SC_KEYMENU:
-        return wasAltUsed();
-    default:
-        return false;
+    case SC_CLOSE: pressGoAway(window); return true;
+    case SC_MAXIMIZE: postPressIn(window, inZoomOut); return true;
+    case SC_RESTORE: postPressIn(window, inZoomIn); return true;
+    case SC_KEYMENU: return wasAltUsed();
+    default: return false;
     }
 }
 
@@ -89,9 +81,7 @@ LRESULT CALLBACK windowProcedure(HWND native, UINT message, WPARAM wParam, LPARA
     if (takeInput(native, message, wParam, lParam) || isWheel(window, message, wParam, lParam))
         return 0;
     switch (message) {
-    case WM_PAINT:
-        takeUpdate(native, window);
-        return 0;
+    case WM_PAINT: takeUpdate(native, window); return 0;
     case WM_MOVE:
     case WM_SIZE:
         if (window)
@@ -101,21 +91,17 @@ LRESULT CALLBACK windowProcedure(HWND native, UINT message, WPARAM wParam, LPARA
         // A program may make a window smaller than the system lets its user.
         reinterpret_cast<MINMAXINFO *>(lParam)->ptMinTrackSize = {};
         return 0;
-    case WM_SETCURSOR:
-        return setCursor(native, wParam, lParam);
+    case WM_SETCURSOR: return setCursor(native, wParam, lParam);
     case WM_SYSCOMMAND:
         if (window && takeSystemCommand(window, wParam))
             return 0;
         break;
-    case WM_CLOSE:
-        window ? pressGoAway(window) : close(native);
-        return 0;
+    case WM_CLOSE: window ? pressGoAway(window) : close(native); return 0;
     case WM_NCDESTROY:
         if (window)
             release(window, native);
         break;
-    default:
-        break;
+    default: break;
     }
     return leaveToSystem(native, message, wParam, lParam);
 }
@@ -132,9 +118,7 @@ LRESULT CALLBACK mainProcedure(HWND native, UINT message, WPARAM wParam, LPARAM 
     if (takeInput(native, message, wParam, lParam) || isWheel(nullptr, message, wParam, lParam))
         return 0;
     switch (message) {
-    case WM_ACTIVATEAPP:
-        showActive(wParam != 0);
-        return 0;
+    case WM_ACTIVATEAPP: showActive(wParam != 0); return 0;
     case WM_SETFOCUS:
         if (keyboardWindow() != native)
             SetFocus(keyboardWindow());
@@ -152,12 +136,8 @@ LRESULT CALLBACK mainProcedure(HWND native, UINT message, WPARAM wParam, LPARAM 
         if (eraseDesktop(native, reinterpret_cast<HDC>(wParam)))
             return TRUE;
         break;
-    case WM_ENTERMENULOOP:
-        enterSystemLoop();
-        return 0;
-    case WM_EXITMENULOOP:
-        leaveSystemLoop();
-        return 0;
+    case WM_ENTERMENULOOP: enterSystemLoop(); return 0;
+    case WM_EXITMENULOOP: leaveSystemLoop(); return 0;
     case WM_ENABLE:
         // A dialog of the system's runs while the main window takes no input.
         wParam ? leaveSystemLoop() : enterSystemLoop();
@@ -167,11 +147,8 @@ LRESULT CALLBACK mainProcedure(HWND native, UINT message, WPARAM wParam, LPARAM 
             return 0;
         break;
     case WM_QUERYENDSESSION: // the session may end when the program has asked its user
-    case WM_CLOSE:
-        askToQuit();
-        return FALSE;
-    default:
-        break;
+    case WM_CLOSE: askToQuit(); return FALSE;
+    default: break;
     }
     return leaveToSystem(native, message, wParam, lParam);
 }

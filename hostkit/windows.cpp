@@ -25,29 +25,17 @@ FrameStyle frameFor(SInt16 procID, bool hasGoAway)
     FrameStyle frame;
     DWORD box = hasGoAway ? DWORD{WS_SYSMENU} : DWORD{0};
     switch (procID) {
-    case documentProc:
-        frame.style |= WS_CAPTION | WS_THICKFRAME | box;
-        break;
-    case zoomDocProc:
-        frame.style |= WS_CAPTION | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_SYSMENU;
-        break;
-    case zoomNoGrow:
-        frame.style |= WS_CAPTION | WS_MAXIMIZEBOX | WS_SYSMENU;
-        break;
-    case dBoxProc:
-        frame.style |= WS_DLGFRAME;
-        break;
+    case documentProc: frame.style |= WS_CAPTION | WS_THICKFRAME | box; break;
+    case zoomDocProc: frame.style |= WS_CAPTION | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_SYSMENU; break;
+    case zoomNoGrow: frame.style |= WS_CAPTION | WS_MAXIMIZEBOX | WS_SYSMENU; break;
+    case dBoxProc: frame.style |= WS_DLGFRAME; break;
     case plainDBox:
-    case altDBoxProc:
-        frame.style |= WS_BORDER;
-        break;
+    case altDBoxProc: frame.style |= WS_BORDER; break;
     case movableDBoxProc:
         frame.style |= WS_CAPTION | box;
         frame.extended |= WS_EX_DLGMODALFRAME;
         break;
-    default:
-        frame.style |= WS_CAPTION | box;
-        break;
+    default: frame.style |= WS_CAPTION | box; break;
     }
     return frame;
 }
@@ -128,14 +116,15 @@ void placeBehind(WindowPtr window, WindowPtr behind)
         HostKitSendBehind(window, behind);
 }
 
-// Where the library's list leads to the window.
-WindowPtr *linkTo(WindowPtr window)
+// In the library's list.
+void replaceInList(WindowPtr window, WindowPtr other)
 {
-    for (WindowPtr *link = &gFrontWindow; *link; link = &recordOf(*link)->nextWindow) {
-        if (*link == window)
-            return link;
+    if (gFrontWindow == window)
+        gFrontWindow = other;
+    for (WindowPtr each = gFrontWindow; each; each = recordOf(each)->nextWindow) {
+        if (recordOf(each)->nextWindow == window)
+            recordOf(each)->nextWindow = other;
     }
-    return nullptr;
 }
 
 // The copy takes the record's place wherever the library knows it.
@@ -144,15 +133,13 @@ void replaceRecord(WindowPtr window, WindowPeek copy)
     if (window == qd.thePort)
         MacSetPort(nullptr);
     *copy = *recordOf(window);
-    if (WindowPtr *link = linkTo(window))
-        *link = &copy->port;
+    replaceInList(window, &copy->port);
 }
 
 // What can be done without memory.
 void endNative(WindowPtr window)
 {
-    if (WindowPtr *link = linkTo(window))
-        *link = recordOf(window)->nextWindow;
+    replaceInList(window, recordOf(window)->nextWindow);
     if (HWND native = nativeOf(window))
         DestroyWindow(native);
     followFront();
@@ -340,8 +327,8 @@ OSErr HostKitAttachWindow(WindowPtr window)
     return noErr;
 }
 
-WindowPtr HostKitNewWindow(void *wStorage, const Rect *boundsRect, ConstStr255Param title, Boolean visible, SInt16 procID,
-                           WindowPtr behind, Boolean goAwayFlag, SRefCon refCon)
+WindowPtr HostKitNewWindow(void *wStorage, const Rect *boundsRect, ConstStr255Param title, Boolean visible,
+                           SInt16 procID, WindowPtr behind, Boolean goAwayFlag, SRefCon refCon)
 {
     WindowPtr window = NewCWindow(wStorage, boundsRect, title, visible, procID, behind, goAwayFlag, refCon);
     return finish(window, wStorage, visible, behind);

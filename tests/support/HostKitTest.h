@@ -82,7 +82,10 @@ protected:
         case autoKey: return "repeat";
         case updateEvt: return ofWindow("update ");
         case activateEvt: return ofWindow((event.modifiers & activeFlag) ? "activate " : "deactivate ");
-        case osEvt: return (event.message >> 24) == mouseMovedMessage ? "move" : (event.message & resumeFlag) ? "resume" : "suspend";
+        case osEvt:
+            return (event.message >> 24) == mouseMovedMessage ? "move"
+                   : (event.message & resumeFlag)             ? "resume"
+                                                              : "suspend";
         default: return "other " + std::to_string(event.what);
         }
     }
@@ -116,11 +119,13 @@ protected:
     template <class Call> void whileDragging(std::vector<Point> points, Call call)
     {
         std::thread user([this, points] {
+            for (int i = 0; i < 400 && !HostKitIsWaiting(); ++i)
+                Sleep(5);
             for (Point point : points) {
-                Sleep(30);
+                Sleep(25);
                 moveTo(point);
             }
-            Sleep(30);
+            Sleep(25);
             mouse().releaseButton();
         });
         call();

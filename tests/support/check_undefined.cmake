@@ -10,7 +10,7 @@ foreach(path IN LISTS NAMES)
     list(APPEND public ${lines})
 endforeach()
 
-set(runtime "^(_ZN?K?St|_ZN9__gnu_cxx|_Zn[aw]|_Zd[al]|_ZT[ISV](St|N10__cxxabiv1)|__cxa_|__gxx_|_Unwind_|mem[a-z]+$|str[a-z]+$|abs$")
+set(runtime "^(_ZN?K?St|_ZN9__gnu_cxx|_Zn[aw]|_Zd[al]|_ZT[ISV](St|N10__cxxabiv1)|__cxa_|__gxx_|_Unwind_|mem[a-z]+$|str[a-z]+$|abs$|atexit$")
 string(APPEND runtime "|__stack_chk|__dso_handle|_GLOBAL_OFFSET_TABLE_|__mem|__asan|__ubsan|___chkstk|DW.ref)")
 
 execute_process(COMMAND "${TOOL}" "${LIBRARY}" OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)

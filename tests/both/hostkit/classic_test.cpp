@@ -38,7 +38,8 @@ TEST_F(HostKitClassic, KeepsTheSystemsNamesInCxx)
     RECT sameNative = native;
     EXPECT_TRUE(EqualRect(&rect, &sameRect) && EqualRect(&native, &sameNative));
 
-    WindowPtr window = NewWindow(nullptr, &rect, Pascal("w"), false, documentProc, reinterpret_cast<WindowPtr>(-1), true, 0);
+    WindowPtr window =
+        NewWindow(nullptr, &rect, Pascal("w"), false, documentProc, reinterpret_cast<WindowPtr>(-1), true, 0);
     ShowWindow(window);
     MoveWindow(window, 60, 70, true);
     HWND handle = GetMacWindowPtrHwnd(window);

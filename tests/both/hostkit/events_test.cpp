@@ -153,9 +153,10 @@ TEST_F(HostKitEvents, OfKeysCarryMacintoshCodesAndCharacters)
         WORD key;
         UInt32 code, character;
     };
-    for (Case each : {Case{'A', 0, 'a'}, Case{'M', 46, 'm'}, Case{'7', 26, '7'}, Case{VK_RETURN, 36, 13}, Case{VK_BACK, 51, 8},
-                      Case{VK_ESCAPE, 53, 27}, Case{VK_LEFT, 123, 28}, Case{VK_UP, 126, 30}, Case{VK_PRIOR, 116, 11},
-                      Case{VK_DELETE, 117, 127}, Case{VK_F5, 96, 16}, Case{VK_NUMPAD4, 86, '4'}, Case{VK_SPACE, 49, ' '}}) {
+    for (Case each :
+         {Case{'A', 0, 'a'}, Case{'M', 46, 'm'}, Case{'7', 26, '7'}, Case{VK_RETURN, 36, 13}, Case{VK_BACK, 51, 8},
+          Case{VK_ESCAPE, 53, 27}, Case{VK_LEFT, 123, 28}, Case{VK_UP, 126, 30}, Case{VK_PRIOR, 116, 11},
+          Case{VK_DELETE, 117, 127}, Case{VK_F5, 96, 16}, Case{VK_NUMPAD4, 86, '4'}, Case{VK_SPACE, 49, ' '}}) {
         type(each.key);
         EventRecord event = waitFor(keyDownMask);
         EXPECT_EQ((event.message & keyCodeMask) >> 8, each.code) << each.key;
@@ -187,6 +188,30 @@ TEST_F(HostKitEvents, OfKeysKnowTheModifiers)
     EXPECT_EQ(drain(), (Names{"key x", "repeat"})) << "repeats do not pile up";
 }
 
+TEST_F(HostKitEvents, OfKeysAreWhatTheUserTyped)
+{
+    HWND native = nativeOf(open(ltrb(20, 40, 120, 140)));
+    drain();
+    auto keyMakes = [&](WORD key, UINT message, WPARAM character) {
+        PostMessageA(native, message, character, 1);
+        SendMessageA(native, WM_KEYDOWN, key, 1);
+    };
+    mouse().press(VK_CONTROL);
+    mouse().press(VK_MENU);
+    drain();
+    keyMakes('Q', WM_CHAR, '@');
+    mouse().release(VK_MENU);
+    mouse().release(VK_CONTROL);
+    EventRecord event = waitFor(keyDownMask);
+    EXPECT_TRUE((event.message & charCodeMask) == '@' && !(event.modifiers & cmdKey)) << "the third sign of a key";
+    keyMakes(VK_OEM_6, WM_DEADCHAR, '^');
+    EXPECT_EQ(drain(), Names{}) << "a dead key waits";
+    keyMakes('E', WM_CHAR, 0xEA);
+    EXPECT_EQ(drain(), Names{"key \xEA"});
+    PostMessageA(native, WM_CHAR, 0x80, 1);
+    EXPECT_EQ(drain(), Names{"key \x80"}) << "and so is text that no key made";
+}
+
 TEST_F(HostKitEvents, OfTheWheelGoToTheWindowUnderTheMouse)
 {
     WindowPtr window = openAs(1, ltrb(20, 40, 120, 140));
@@ -202,7 +227,9 @@ TEST_F(HostKitEvents, OfTheWheelGoToTheWindowUnderTheMouse)
     });
     POINT point;
     GetCursorPos(&point);
-    auto turn = [&](int delta) { SendMessageA(hWndMain, WM_MOUSEWHEEL, MAKEWPARAM(0, delta), MAKELPARAM(point.x, point.y)); };
+    auto turn = [&](int delta) {
+        SendMessageA(hWndMain, WM_MOUSEWHEEL, MAKEWPARAM(0, delta), MAKELPARAM(point.x, point.y));
+    };
     turn(240);
     EXPECT_TRUE(turned == window && notches == 2);
     turn(-60);
@@ -218,9 +245,10 @@ TEST_F(HostKitEvents, OfTheWheelGoToTheWindowUnderTheMouse)
 
 TEST_F(HostKitEvents, AskToQuitOnce)
 {
+    PostQuitMessage(0);
+    EXPECT_EQ(drain(), Names{"key q"});
     for (int i = 0; i < 3; ++i)
         PostMessageA(hWndMain, WM_CLOSE, 0, 0);
-    PostQuitMessage(0);
     EXPECT_FALSE(SendMessageA(hWndMain, WM_QUERYENDSESSION, 0, 0)) << "not before the user was asked";
     EventRecord event = waitFor(keyDownMask);
     EXPECT_EQ(event.message & charCodeMask, 'q');

@@ -51,6 +51,9 @@ TEST_F(HostKitStartAndStop, LeavesNothingBehind)
     for (int round = 0; round < 3; ++round) {
         ASSERT_EQ(startAgain(options), noErr);
         EXPECT_EQ(titleOf(hWndMain), longTitle);
+        HDC context = GetDC(hWndMain);
+        EXPECT_EQ(GetPixel(context, 5, 5), RGB(10, 20, 30));
+        ReleaseDC(hWndMain, context);
         open(ltrb(20, 40, 120, 140));
         open(ltrb(20, 40, 120, 140), 17);
         palettes.clear();

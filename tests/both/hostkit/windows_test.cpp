@@ -149,7 +149,8 @@ TEST_F(HostKitWindows, AreAskedForWhatChangedWhileTheyDrew)
 
 TEST_F(HostKitWindows, ArePressedByTheSystemsKeysEachForItself)
 {
-    WindowPtr first = openAs(1, zoomDocProc), second = openAs(2), without = open(ltrb(5, 30, 90, 90), documentProc, true, false);
+    WindowPtr first = openAs(1, zoomDocProc), second = openAs(2),
+              without = open(ltrb(5, 30, 90, 90), documentProc, true, false);
     drain();
     for (WindowPtr each : {first, first, second, without})
         PostMessageA(nativeOf(each), WM_SYSCOMMAND, SC_CLOSE, 0);
@@ -170,6 +171,11 @@ TEST_F(HostKitWindows, ArePressedByTheSystemsKeysEachForItself)
     EXPECT_TRUE(HostKitTrackBox(found, zoom.where, inZoomOut));
     dispose(second);
     EXPECT_EQ(drain(mDownMask), Names{}) << "the press was for one that is gone";
+    PostMessageA(nativeOf(first), WM_CLOSE, 0, 0);
+    waitFor(mDownMask);
+    pressAt({400, 400});
+    release();
+    EXPECT_FALSE(HostKitTrackGoAway(first, {0, 0})) << "nor is one that another press has followed";
     PostMessageA(nativeOf(first), WM_CLOSE, 0, 0);
     HostKitFlushEvents(everyEvent, 0);
     EXPECT_FALSE(HostKitTrackGoAway(first, {0, 0})) << "a press that was flushed is none";
@@ -192,14 +198,16 @@ TEST_F(HostKitWindows, ZoomBetweenTheStatesOfUserAndProgram)
     Point box = pointOf(window, HTMAXBUTTON);
     EXPECT_EQ(HostKitFindWindow(box, &found), inZoomOut);
     HostKitZoomWindow(window, inZoomOut, true);
-    EXPECT_EQ(HostKitFindWindow(pointOf(window, HTMAXBUTTON), &found), inZoomIn) << "it is as large as the program wants it";
+    EXPECT_EQ(HostKitFindWindow(pointOf(window, HTMAXBUTTON), &found), inZoomIn)
+        << "it is as large as the program wants it";
     SetWindowPos(hWndMain, nullptr, 0, 0, 600, 500, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     EXPECT_EQ(Rect(states[1]), ltrb(60, 60, 260, 160));
     WindowPtr other = openAs(2, zoomDocProc);
     SetWindowPos(hWndMain, nullptr, 0, 0, 660, 550, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     GetClientRect(hWndMain, &desktop);
     HostKitZoomWindow(other, inZoomOut, true);
-    EXPECT_EQ(structureOf(other), ltrb(0, 0, desktop.right, desktop.bottom)) << "the whole desktop follows the main window";
+    EXPECT_EQ(structureOf(other), ltrb(0, 0, desktop.right, desktop.bottom))
+        << "the whole desktop follows the main window";
 }
 
 TEST_F(HostKitWindows, MayLieInStorageOfTheCallers)
@@ -207,13 +215,14 @@ TEST_F(HostKitWindows, MayLieInStorageOfTheCallers)
     WindowRecord storage;
     Rect bounds = ltrb(20, 40, 120, 140);
     WindowPtr behind = openAs(1);
-    WindowPtr window = HostKitNewWindow(&storage, &bounds, Pascal("own"), true, documentProc, reinterpret_cast<WindowPtr>(-1), true, 2);
+    WindowPtr window = HostKitNewWindow(&storage, &bounds, Pascal("own"), true, documentProc,
+                                        reinterpret_cast<WindowPtr>(-1), true, 2);
     WindowPtr front = openAs(3);
     ASSERT_EQ(window, &storage.port);
     MacSetPort(window);
     HostKitCloseWindow(window);
-    EXPECT_EQ(recordOf(front).nextWindow, behind);
-    EXPECT_NE(qd.thePort, window);
+    EXPECT_TRUE(recordOf(front).nextWindow == behind);
+    EXPECT_TRUE(qd.thePort != window);
     EXPECT_EQ(drain(), (Names{"activate 3", "update 3", "update 1"}));
     EXPECT_EQ(HostKitAttachWindow(gDesktopWindow), paramErr);
     EXPECT_EQ(HostKitAttachWindow(front), paramErr);

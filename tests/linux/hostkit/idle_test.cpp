@@ -11,7 +11,9 @@ protected:
     {
         rusage usage;
         getrusage(RUSAGE_SELF, &usage);
-        auto seconds = [](const timeval &time) { return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6; };
+        auto seconds = [](const timeval &time) {
+            return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+        };
         return seconds(usage.ru_utime) + seconds(usage.ru_stime);
     }
 };

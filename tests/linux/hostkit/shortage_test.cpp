@@ -24,8 +24,8 @@ protected:
     };
     friend void PrintTo(const Held &held, std::ostream *out)
     {
-        *out << held.usage << " in heaps, " << held.objects << " objects, " << held.handles << " handles, " << held.blocks
-             << " blocks with " << held.bytes;
+        *out << held.usage << " in heaps, " << held.objects << " objects, " << held.handles << " handles, "
+             << held.blocks << " blocks with " << held.bytes;
     }
 
     // Refuses each request of the kind that the call makes, alone and with all behind it.
@@ -37,17 +37,18 @@ protected:
         Win32Control_AllowAllocations(kind);
         for (DWORD number = 1; number <= count; ++number) {
             for (DWORD refused : {DWORD{1}, DWORD{WIN32_WITHOUT_END}}) {
-                SCOPED_TRACE(testing::Message() << refused << " from " << number << " of " << count << " of kind " << kind);
+                SCOPED_TRACE(testing::Message()
+                             << refused << " from " << number << " of " << count << " of kind " << kind);
                 Win32Control_RefuseAllocations(kind, number, refused, 0);
                 call();
                 Win32Control_AllowAllocations(kind);
             }
         }
     }
-    static constexpr Win32Allocation kinds[] = {WIN32_ALLOCATION_C_HEAP, WIN32_ALLOCATION_GLOBAL, WIN32_ALLOCATION_HEAP,
-                                                WIN32_ALLOCATION_LAYER,  WIN32_ALLOCATION_PEN,    WIN32_ALLOCATION_BRUSH,
-                                                WIN32_ALLOCATION_CONTEXT, WIN32_ALLOCATION_FONT,  WIN32_ALLOCATION_BITMAP,
-                                                WIN32_ALLOCATION_REGION};
+    static constexpr Win32Allocation kinds[] = {
+        WIN32_ALLOCATION_C_HEAP, WIN32_ALLOCATION_GLOBAL, WIN32_ALLOCATION_HEAP,    WIN32_ALLOCATION_LAYER,
+        WIN32_ALLOCATION_PEN,    WIN32_ALLOCATION_BRUSH,  WIN32_ALLOCATION_CONTEXT, WIN32_ALLOCATION_FONT,
+        WIN32_ALLOCATION_BITMAP, WIN32_ALLOCATION_REGION};
 };
 
 TEST_F(HostKitShortage, StartsWholeOrNotAtAll)
@@ -79,7 +80,8 @@ TEST_F(HostKitShortage, GivesAWindowWholeOrNotAtAll)
     static WindowRecord storage;
     Rect bounds = ltrb(20, 40, 120, 140);
     auto make = [&](void *own, SInt16 procID) {
-        WindowPtr window = HostKitNewWindow(own, &bounds, Pascal("Window"), true, procID, reinterpret_cast<WindowPtr>(-1), true, 0);
+        WindowPtr window =
+            HostKitNewWindow(own, &bounds, Pascal("Window"), true, procID, reinterpret_cast<WindowPtr>(-1), true, 0);
         EventRecord event;
         for (int i = 0; i < 20 && HostKitGetNextEvent(everyEvent, &event); ++i)
             serve(event);
