@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <memory>
 #include <string>
 #include <thread>
@@ -118,7 +119,8 @@ protected:
     // While the call runs, the mouse goes through the points and lets go at the last.
     template <class Call> void whileDragging(std::vector<Point> points, Call call)
     {
-        std::thread user([this, points] {
+        std::atomic<bool> isOver = false;
+        std::thread user([&] {
             for (int i = 0; i < 400 && !HostKitIsWaiting(); ++i)
                 Sleep(5);
             for (Point point : points) {
@@ -127,10 +129,22 @@ protected:
             }
             Sleep(25);
             mouse().releaseButton();
+            // A loop that has missed the release takes the next one.
+            for (int i = 0; i < 5 && !waitUntil(isOver, 1000); ++i) {
+                mouse().pressButton();
+                mouse().releaseButton();
+            }
         });
         call();
+        isOver = true;
         user.join();
         drain(mUpMask);
+    }
+    static bool waitUntil(const std::atomic<bool> &condition, int milliseconds)
+    {
+        for (int waited = 0; waited < milliseconds && !condition; waited += 5)
+            Sleep(5);
+        return condition;
     }
     Input &mouse()
     {
