@@ -18,7 +18,8 @@ set(MTBX_CLASSIC_SOURCE_TOOL "" CACHE FILEPATH "mtbx-classic-source for this mac
 function(mtbx_classic_sources target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "MACROMAN;UTF8;LONG32" "BASE;PREFIX" "SOURCES")
     if(arg_UNPARSED_ARGUMENTS OR NOT arg_SOURCES)
-        message(FATAL_ERROR "mtbx_classic_sources(${target} ...): SOURCES are missing, or unknown: ${arg_UNPARSED_ARGUMENTS}")
+        message(FATAL_ERROR
+            "mtbx_classic_sources(${target} ...): SOURCES are missing, or unknown: ${arg_UNPARSED_ARGUMENTS}")
     endif()
     get_target_property(folder ${target} SOURCE_DIR)
     if(NOT folder STREQUAL CMAKE_CURRENT_SOURCE_DIR)
@@ -35,7 +36,7 @@ function(mtbx_classic_sources target)
         set(arg_BASE "${CMAKE_CURRENT_SOURCE_DIR}")
     endif()
     cmake_path(ABSOLUTE_PATH arg_BASE NORMALIZE OUTPUT_VARIABLE base)
-    set(mirror "${CMAKE_CURRENT_BINARY_DIR}/classic/${target}")
+    set(mirror "${CMAKE_CURRENT_BINARY_DIR}/classic-sources/${target}")
     _mtbx_classic_tool(tool tool_dependency)
 
     set(results "")
@@ -44,7 +45,8 @@ function(mtbx_classic_sources target)
         cmake_path(ABSOLUTE_PATH source NORMALIZE)
         cmake_path(IS_PREFIX base "${source}" NORMALIZE is_inside)
         if(NOT is_inside)
-            message(FATAL_ERROR "mtbx_classic_sources(${target} ...): ${source} is not in ${base}; name a BASE that holds it")
+            message(FATAL_ERROR
+                "mtbx_classic_sources(${target} ...): ${source} is not in ${base}; name a BASE that holds it")
         endif()
         cmake_path(GET source PARENT_PATH folder)
         list(APPEND folders "${folder}")
@@ -55,6 +57,8 @@ function(mtbx_classic_sources target)
         list(APPEND results "${result}")
     endforeach()
     target_sources(${target} PRIVATE ${results})
+    # Their names are not to meet what the target precompiles.
+    set_source_files_properties(${results} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
 
     # CodeWarrior's extension is not among those that CMake knows.
     set(named_cp "${results}")
@@ -62,6 +66,10 @@ function(mtbx_classic_sources target)
     set_source_files_properties(${named_cp} PROPERTIES LANGUAGE CXX)
 
     set(compile_options -Wno-multichar $<$<COMPILE_LANGUAGE:C>:-Wno-pointer-sign>)
+    if(EXISTS "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/mtbxclassicsources.cmake")
+        # File names have no case; see Memory.h.
+        list(APPEND compile_options -include mtbx/MTBXConfig.h)
+    endif()
     if(arg_PREFIX)
         list(APPEND compile_options -include "${arg_PREFIX}")
     endif()

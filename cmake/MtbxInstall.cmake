@@ -14,7 +14,8 @@ set_target_properties(${libraries} PROPERTIES INSTALL_RPATH "$ORIGIN")
 file(RELATIVE_PATH libraries_from_tools "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
 set_target_properties(${tools} PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_tools}")
 
-install(TARGETS ${libraries} hostkit classic_headers ${tools} EXPORT MTBXTargets INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(TARGETS ${libraries} hostkit classic_headers ${tools} EXPORT MTBXTargets
+    INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 install(DIRECTORY include/mtbx DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 if(NOT WIN32)
     target_include_directories(win32 INTERFACE "$<INSTALL_INTERFACE:${win32_headers}>")
@@ -36,7 +37,7 @@ install(DIRECTORY tools/classic-source DESTINATION "${package_folder}" FILES_MAT
 
 # Name and flags of a package for pkg-config, which takes its prefix from where the file lies.
 function(install_pkgconfig name description)
-    cmake_parse_arguments(arg "" "REQUIRES;CFLAGS;LIBS" "" ${ARGN})
+    cmake_parse_arguments(arg "" "REQUIRES;CFLAGS;LIBS;VARIABLES" "" ${ARGN})
     set(pkgconfig_folder "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
     file(RELATIVE_PATH prefix "/${pkgconfig_folder}" "/")
     string(REGEX REPLACE "/$" "" prefix "${prefix}")
@@ -44,7 +45,7 @@ function(install_pkgconfig name description)
 prefix=${pcfiledir}/@prefix@
 includedir=${prefix}/@CMAKE_INSTALL_INCLUDEDIR@
 libdir=${prefix}/@CMAKE_INSTALL_LIBDIR@
-
+@arg_VARIABLES@
 Name: @name@
 Description: @description@
 Version: @PROJECT_VERSION@
@@ -67,4 +68,4 @@ else()
 endif()
 install_pkgconfig(mtbx "${PROJECT_DESCRIPTION}" CFLAGS "${flags}" LIBS "${link}")
 install_pkgconfig(mtbx-hostkit "The host's share of a program that uses MTBX" REQUIRES "mtbx = ${PROJECT_VERSION}"
-    LIBS "-L\${libdir} -lhostkit")
+    VARIABLES "classicdir=\${includedir}/mtbx-classic\n" LIBS "-L\${libdir} -lhostkit -lstdc++")

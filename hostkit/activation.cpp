@@ -4,29 +4,30 @@
 namespace hostkit {
 namespace {
 
-// The window whose frame shows as active.
-WindowPtr activeWindow;
-// Events that the program has not taken yet.
-WindowPtr deactivated, activated;
-bool isActiveApp = true;
+// The window in front, and the one that the program has been told of.
+WindowPtr activeWindow, toldWindow;
+bool isActiveApp, toldActiveApp;
 
-void drawFrame(WindowPtr window, bool isActive)
+void showFrame(WindowPtr window, bool isActive)
 {
-    if (HWND native = nativeOf(window))
-        SendMessageA(native, WM_NCACTIVATE, isActive, 0);
+    HWND native = nativeOf(window);
+    if (!native)
+        return;
+    HiliteWindow(window, isActive);
+    SendMessageA(native, WM_NCACTIVATE, isActive, 0);
 }
 
-void noteChange(WindowPtr old, WindowPtr now)
+// No window is active while another program is.
+WindowPtr windowToTell()
 {
-    // A window that was to become active and never was needs no event for either.
-    if (old && old == activated)
-        activated = nullptr;
-    else if (old && !deactivated)
-        deactivated = old;
-    if (now && now == deactivated)
-        deactivated = nullptr;
-    else
-        activated = now;
+    return isActiveApp ? activeWindow : nullptr;
+}
+
+// A field of a dialog's keeps the keyboard.
+bool hasKeyboard()
+{
+    HWND focus = GetFocus();
+    return focus && (focus == hWndMain || IsChild(hWndMain, focus));
 }
 
 void activate(WindowPtr window)
@@ -35,14 +36,9 @@ void activate(WindowPtr window)
     if (window == old)
         return;
     activeWindow = window;
-    noteChange(old, window);
-    if (old)
-        HiliteWindow(old, false);
-    if (window)
-        HiliteWindow(window, true);
-    drawFrame(old, false);
-    drawFrame(window, isActiveApp);
-    if (GetFocus() && hWndMain && isActiveApp)
+    showFrame(old, false);
+    showFrame(window, isActiveApp);
+    if (hasKeyboard())
         SetFocus(keyboardWindow());
 }
 
@@ -50,7 +46,7 @@ void activate(WindowPtr window)
 void tellInSystemLoop()
 {
     EventRecord event = {};
-    while (isInSystemLoop() && (deactivated || activated) && takeActivation(event, true))
+    while (isInSystemLoop() && takeActivation(event, true))
         handleInSystemLoop(event);
 }
 
@@ -68,48 +64,69 @@ void followFront()
     tellInSystemLoop();
 }
 
-void showActive(bool isAppActive)
+void showActive(bool isActive)
 {
-    if (isActiveApp == isAppActive)
-        return;
-    isActiveApp = isAppActive;
-    gAppIsActive = isAppActive;
-    drawFrame(activeWindow, isAppActive);
+    isActiveApp = isActive;
+    gAppIsActive = isActive;
+    showFrame(activeWindow, isActive);
     findWindow([](WindowPtr window) {
         if (isFloating(window))
-            drawFrame(window, isActiveApp);
+            showFrame(window, isActiveApp);
         return false;
     });
-    if (activeWindow)
-        (isAppActive ? activated : deactivated) = activeWindow;
+}
+
+bool isProgramActive()
+{
+    return isActiveApp;
 }
 
 void forgetActivation(WindowPtr window)
 {
-    for (WindowPtr *each : {&activeWindow, &deactivated, &activated}) {
+    for (WindowPtr *each : {&activeWindow, &toldWindow}) {
         if (*each == window)
             *each = nullptr;
     }
 }
 
-void resetActivation()
+void resetActivation(bool isActive)
 {
-    activeWindow = deactivated = activated = nullptr;
-    isActiveApp = true;
+    activeWindow = toldWindow = nullptr;
+    isActiveApp = toldActiveApp = isActive;
+    gAppIsActive = isActive;
 }
 
 bool takeActivation(EventRecord &event, bool isTaken)
 {
-    WindowPtr &next = deactivated ? deactivated : activated;
-    if (!next)
+    WindowPtr current = windowToTell();
+    if (toldWindow == current)
         return false;
-    event = eventOf(activateEvt, nativeOf(next), WM_NCACTIVATE);
-    event.message = reinterpret_cast<URefCon>(next);
-    if (&next == &activated)
+    // One that was told to be active is told of the end first.
+    WindowPtr window = toldWindow ? toldWindow : current;
+    event = eventOf(activateEvt, nativeOf(window), WM_NCACTIVATE);
+    event.message = reinterpret_cast<URefCon>(window);
+    if (!toldWindow)
         event.modifiers |= activeFlag;
     if (isTaken)
-        next = nullptr;
+        toldWindow = toldWindow ? nullptr : current;
     return true;
+}
+
+bool takeSwitch(EventRecord &event, bool isTaken)
+{
+    if (toldActiveApp == isActiveApp)
+        return false;
+    event = eventOf(osEvt, hWndMain, WM_ACTIVATEAPP);
+    event.message = URefCon{suspendResumeMessage} << 24 | (isActiveApp ? URefCon{resumeFlag} : URefCon{0});
+    if (isTaken)
+        toldActiveApp = isActiveApp;
+    return true;
+}
+
+void showFloating(WindowPtr window)
+{
+    showFrame(window, isActiveApp);
+    liftFloating();
 }
 
 } // namespace hostkit
@@ -123,6 +140,8 @@ WindowPtr HostKitFrontWindow()
 
 void HostKitBringToFront(WindowPtr window)
 {
+    if (!window)
+        return;
     BringToFront(window);
     raise(window);
     followFront();
@@ -130,20 +149,19 @@ void HostKitBringToFront(WindowPtr window)
 
 void HostKitSelectWindow(WindowPtr window)
 {
-    if (isFloating(window)) {
-        raise(window);
+    if (!window)
         return;
-    }
-    bool wasShown = isShown(window);
     BringToFront(window);
     raise(window);
-    if (!wasShown)
+    if (!isShown(window))
         MacShowWindow(window);
     followFront();
 }
 
 void HostKitSendBehind(WindowPtr window, WindowPtr behindWindow)
 {
+    if (!window)
+        return;
     if (behindWindow) {
         SendBehind(window, behindWindow);
     } else {
@@ -157,24 +175,36 @@ void HostKitSendBehind(WindowPtr window, WindowPtr behindWindow)
 
 void HostKitMoveWindow(WindowPtr window, SInt16 h, SInt16 v, Boolean front)
 {
-    if (nativeOf(window))
+    HWND native = nativeOf(window);
+    if (native)
         MacMoveWindow(window, h, v, front);
-    if (front)
+    if (front && isStill(window, native))
+        HostKitSelectWindow(window);
+}
+
+void HostKitZoomWindow(WindowPtr window, SInt16 part, Boolean front)
+{
+    HWND native = nativeOf(window);
+    if (native)
+        ZoomWindow(window, part, front);
+    if (front && isStill(window, native))
         HostKitSelectWindow(window);
 }
 
 void HostKitShowWindow(WindowPtr window)
 {
+    if (!window)
+        return;
     MacShowWindow(window);
-    if (isFloating(window)) {
-        drawFrame(window, isActiveApp);
-        liftFloating();
-    }
+    if (isFloating(window))
+        showFloating(window);
     followFront();
 }
 
 void HostKitHideWindow(WindowPtr window)
 {
+    if (!window)
+        return;
     HideWindow(window);
     followFront();
 }

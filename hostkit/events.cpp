@@ -7,18 +7,25 @@
 namespace hostkit {
 namespace {
 
-// The input that the program has not taken. Beyond its length, input stays in the system's queue.
+// A box of a frame that was asked for without the mouse; hostWords[0] holds the part.
+bool isPostedPress(const EventRecord &event)
+{
+    return event.what == mouseDown && event.nativeMessage == WM_SYSCOMMAND;
+}
+
+// The input that the program has not taken. While it is full, further input stays in the system's queue.
 class InputQueue {
 public:
-    bool isFull() const { return count_ == events_.size(); }
+    bool isFull() const { return count_ >= wellFilled; }
     bool has(EventMask mask) const { return find(mask) < count_; }
     void clear() { count_ = 0; }
     void push(const EventRecord &event)
     {
-        if (isFull())
-            remove(0);
+        if (count_ == events_.size())
+            dropOldest();
         events_[count_++] = event;
     }
+    void dropOldest() { remove(0); }
     bool take(EventMask mask, EventRecord &event, bool isTaken)
     {
         size_t place = find(mask);
@@ -29,14 +36,22 @@ public:
             remove(place);
         return true;
     }
-    // Up to the first event of the stopping mask.
-    void flush(EventMask which, EventMask stop)
+    bool hasPosted(HWND native, UINT message) const
     {
-        size_t end = find(stop);
-        auto first = events_.begin(), last = first + static_cast<std::ptrdiff_t>(end);
-        auto kept = std::remove_if(first, last, [&](const EventRecord &event) { return (which & (1 << event.what)) != 0; });
-        std::copy(last, first + static_cast<std::ptrdiff_t>(count_), kept);
-        count_ -= static_cast<size_t>(last - kept);
+        return std::any_of(events_.begin(), events_.begin() + static_cast<std::ptrdiff_t>(count_), [&](const EventRecord &event) {
+            return event.nativeWindow == native && event.nativeMessage == message;
+        });
+    }
+    // Up to the first event of the stopping mask. True when any went.
+    bool flush(EventMask which, EventMask stop)
+    {
+        return removeIf(find(stop), [&](const EventRecord &event) { return (which & (1 << event.what)) != 0; });
+    }
+    void forgetPostedPresses(HWND native)
+    {
+        removeIf(count_, [&](const EventRecord &event) {
+            return event.nativeWindow == native && isPostedPress(event);
+        });
     }
 
 private:
@@ -50,23 +65,33 @@ private:
     }
     void remove(size_t place)
     {
-        std::copy(events_.begin() + static_cast<std::ptrdiff_t>(place) + 1, events_.begin() + static_cast<std::ptrdiff_t>(count_),
-                  events_.begin() + static_cast<std::ptrdiff_t>(place));
+        auto next = events_.begin() + static_cast<std::ptrdiff_t>(place) + 1;
+        std::copy(next, end(), next - 1);
         --count_;
     }
+    template <class IsUnwanted> bool removeIf(size_t before, IsUnwanted isUnwanted)
+    {
+        auto last = events_.begin() + static_cast<std::ptrdiff_t>(before);
+        auto kept = std::remove_if(events_.begin(), last, isUnwanted);
+        auto removed = static_cast<size_t>(last - kept);
+        std::copy(last, end(), kept);
+        count_ -= removed;
+        return removed != 0;
+    }
+    std::array<EventRecord, 64>::iterator end() { return events_.begin() + static_cast<std::ptrdiff_t>(count_); }
 
+    // What is posted at once, such as the steps of a wheel, finds the rest free.
+    static constexpr size_t wellFilled = 48;
     std::array<EventRecord, 64> events_;
     size_t count_ = 0;
 };
 
 InputQueue input;
-
-enum class Switch { None, Suspend, Resume };
-Switch pendingSwitch;
+constexpr EventMask inputMask = mDownMask | mUpMask | keyDownMask | keyUpMask | autoKeyMask;
 
 HostKitQuitProcPtr quitProc;
 
-// A box of a frame that was asked for without the mouse.
+// The press that the program took last, if it was posted.
 struct PostedPress {
     WindowPtr window = nullptr;
     SInt16 part = 0;
@@ -74,23 +99,25 @@ struct PostedPress {
 };
 PostedPress postedPress;
 
-bool takeSwitch(EventRecord &event, bool isTaken)
+void noteTakenPress(const EventRecord &event)
 {
-    if (pendingSwitch == Switch::None)
-        return false;
-    event = eventOf(osEvt, hWndMain, WM_ACTIVATEAPP);
-    event.message = URefCon{suspendResumeMessage} << 24;
-    if (pendingSwitch == Switch::Resume)
-        event.message |= resumeFlag;
-    if (isTaken)
-        pendingSwitch = Switch::None;
-    return true;
+    postedPress = {};
+    if (isPostedPress(event))
+        postedPress = {GetHwndMacWindowPtr(event.nativeWindow), static_cast<SInt16>(event.hostWords[0]), event.where};
+}
+
+EventMask maskOf(UInt16 what)
+{
+    constexpr UInt16 kinds = 16;
+    if (what == kHighLevelEvent)
+        return highLevelEventMask;
+    return what < kinds ? static_cast<EventMask>(1 << what) : EventMask{everyEvent};
 }
 
 // What the program or a window procedure of its own has put into the slot comes first.
 bool takeSlot(EventMask mask, EventRecord &event, bool isTaken)
 {
-    if (gTheEvent.what == nullEvent || gTheEvent.what > 15 || !(mask & (1 << gTheEvent.what)))
+    if (gTheEvent.what == nullEvent || !(mask & maskOf(gTheEvent.what)))
         return false;
     event = gTheEvent;
     if (isTaken)
@@ -98,10 +125,8 @@ bool takeSlot(EventMask mask, EventRecord &event, bool isTaken)
     return true;
 }
 
-} // namespace
-
 // The modifiers as they were when the message came, where GetModifiersState tells how they are now.
-static UInt16 modifiersOfMessage()
+UInt16 modifiersOfMessage()
 {
     auto isDown = [](int key) { return GetKeyState(key) < 0; };
     int button = GetSystemMetrics(SM_SWAPBUTTON) ? VK_RBUTTON : VK_LBUTTON;
@@ -109,6 +134,8 @@ static UInt16 modifiersOfMessage()
                   | ((GetKeyState(VK_CAPITAL) & 1) ? alphaLock : 0) | (isDown(button) ? btnState : 0);
     return static_cast<UInt16>(modifiers);
 }
+
+} // namespace
 
 EventRecord eventOf(UInt16 what, HWND native, UINT message)
 {
@@ -148,28 +175,28 @@ bool isInputFull()
     return input.isFull();
 }
 
-bool isReleasePending()
+bool hasInput(EventMask mask)
 {
-    return input.has(mUpMask);
+    return input.has(mask);
+}
+
+void makeRoomFor(EventMask mask)
+{
+    if (input.isFull() && (mask & inputMask) && !input.has(mask))
+        input.dropOldest();
+}
+
+bool takeInputEvent(EventMask mask, EventRecord &event, bool isTaken)
+{
+    return input.take(mask, event, isTaken);
 }
 
 void forgetEvents()
 {
     input.clear();
-    pendingSwitch = Switch::None;
     postedPress = {};
     gTheEvent = {};
     quitProc = nullptr;
-}
-
-void postSuspendOrResume(bool isResume)
-{
-    pendingSwitch = isResume ? Switch::Resume : Switch::Suspend;
-}
-
-void forgetSwitch()
-{
-    pendingSwitch = Switch::None;
 }
 
 void setQuitProc(HostKitQuitProcPtr proc)
@@ -183,21 +210,31 @@ void askToQuit()
         quitProc();
         return;
     }
+    if (input.hasPosted(hWndMain, WM_CLOSE))
+        return;
     constexpr UInt32 keyQ = 12 << 8;
     EventRecord event = eventOf(keyDown, hWndMain, WM_CLOSE);
     event.message = keyQ | 'q';
     event.modifiers = cmdKey;
-    postInput(event);
+    input.push(event);
 }
 
 void postPressIn(WindowPtr window, SInt16 part)
 {
+    if (input.hasPosted(nativeOf(window), WM_SYSCOMMAND))
+        return;
     Rect content = contentOf(window);
     EventRecord event = eventOf(mouseDown, nativeOf(window), WM_SYSCOMMAND);
     event.where = {static_cast<SInt16>(content.top - 1), content.left};
     event.modifiers = 0;
-    postedPress = {window, part, event.where};
+    event.hostWords[0] = static_cast<UInt32>(part);
     postInput(event);
+}
+
+void forgetPresses(WindowPtr window, HWND native)
+{
+    takePostedPress(window);
+    input.forgetPostedPresses(native);
 }
 
 bool findPostedPress(Point where, WindowPtr *window, SInt16 *part)
@@ -219,20 +256,20 @@ bool takePostedPress(WindowPtr window)
 
 bool nextEvent(EventMask mask, EventRecord &event, bool isTaken)
 {
-    if (takeSlot(mask, event, isTaken))
-        return true;
-    if ((mask & activMask) && takeActivation(event, isTaken))
-        return true;
-    if (input.take(mask, event, isTaken))
-        return true;
-    if ((mask & updateMask) && takeUpdateEvent(event))
-        return true;
-    return (mask & osMask) && takeSwitch(event, isTaken);
+    followFront();
+    bool isFound = takeSlot(mask, event, isTaken) || ((mask & activMask) && takeActivation(event, isTaken))
+                || input.take(mask, event, isTaken) || ((mask & updateMask) && takeUpdateEvent(event))
+                || ((mask & osMask) && takeSwitch(event, isTaken));
+    if (isFound && isTaken && event.what == mouseDown)
+        noteTakenPress(event);
+    return isFound;
 }
 
-void flushInput(EventMask which, EventMask stop)
+bool flushInput(EventMask which, EventMask stop)
 {
-    input.flush(which, stop);
+    if (which & ~stop & maskOf(gTheEvent.what) & inputMask)
+        gTheEvent.what = nullEvent;
+    return input.flush(which, stop);
 }
 
 } // namespace hostkit

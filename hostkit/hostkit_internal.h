@@ -12,6 +12,7 @@ namespace hostkit {
 constexpr char mainClassName[] = "HostKitMain";
 constexpr char windowClassName[] = "HostKitWindow";
 
+void setDesktopBrush(HBRUSH brush);
 LRESULT CALLBACK mainProcedure(HWND native, UINT message, WPARAM wParam, LPARAM lParam);
 LRESULT CALLBACK windowProcedure(HWND native, UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -24,8 +25,10 @@ HWND nativeOf(WindowPtr window);
 bool isShown(WindowPtr window);
 // Floating windows, which the library keeps out of its list.
 bool isFloating(WindowPtr window);
+// Whether the window still has this native window: the record itself may be gone.
+bool isStill(WindowPtr window, HWND native);
 // Forgets a window that goes: no event names it afterwards.
-void forgetWindow(WindowPtr window);
+void forgetWindow(WindowPtr window, HWND native);
 // Calls for each window, from the front to the back, until one call gives true; that window, or null.
 WindowPtr findWindow(bool (*isWanted)(WindowPtr window));
 // Palettes stay above the others.
@@ -33,21 +36,29 @@ void raise(WindowPtr window);
 void liftFloating();
 // What the library keeps is brought in step with a native window that was moved or sized.
 void noteGeometry(WindowPtr window);
-// The content in global coordinates, and the window's two states for zooming.
+// The content in global coordinates.
 Rect contentOf(WindowPtr window);
-Rect wholeDesktopFor(WindowPtr window);
+// The states for ZoomWindow: that of the user, and the whole desktop until the program sets another.
+Rect *zoomStatesOf(WindowPtr window);
+void noteUserState(WindowPtr window);
+void noteDesktopSize();
+void disposeWindows();
 void forgetAllWindows();
 
 // Activation.
 
 // The window in front becomes the active one, if it is another.
 void followFront();
-void showActive(bool isAppActive);
+void showFloating(WindowPtr window);
+// Whether the program is the one that the user works with.
+void showActive(bool isActive);
+bool isProgramActive();
 void forgetActivation(WindowPtr window);
 bool takeActivation(EventRecord &event, bool isTaken);
+bool takeSwitch(EventRecord &event, bool isTaken);
 // The native window that the keyboard belongs to.
 HWND keyboardWindow();
-void resetActivation();
+void resetActivation(bool isActive);
 
 // Events.
 
@@ -55,12 +66,13 @@ void resetActivation();
 bool nextEvent(EventMask mask, EventRecord &event, bool isTaken);
 EventRecord eventOf(UInt16 what, HWND native, UINT message);
 void postInput(const EventRecord &event);
-void postSuspendOrResume(bool isResume);
-void forgetSwitch();
+// Full with events that no mask asked for: the oldest is given up for what the mask asks for.
 bool isInputFull();
-bool isReleasePending();
-// Drops the events of the one mask that come before any of the other.
-void flushInput(EventMask which, EventMask stop);
+void makeRoomFor(EventMask mask);
+bool hasInput(EventMask mask);
+bool takeInputEvent(EventMask mask, EventRecord &event, bool isTaken);
+// Drops the events of the one mask that come before any of the other; true when there were any.
+bool flushInput(EventMask which, EventMask stop);
 void forgetEvents();
 void askToQuit();
 void setQuitProc(HostKitQuitProcPtr proc);
@@ -71,6 +83,7 @@ void postPressIn(WindowPtr window, SInt16 part);
 bool findPostedPress(Point where, WindowPtr *window, SInt16 *part);
 // Whether the box was asked for so; the next press is the mouse's again.
 bool takePostedPress(WindowPtr window);
+void forgetPresses(WindowPtr window, HWND native);
 
 // True when the message is mouse or keyboard input, which is an event now.
 bool takeInput(HWND native, UINT message, WPARAM wParam, LPARAM lParam);
@@ -78,6 +91,9 @@ void convertKeyMessage(const MSG *message, EventRecord *event);
 bool turnWheel(WindowPtr window, POINT screenPoint, int delta);
 // The program's cursor over content, the system's over frames.
 LRESULT setCursor(HWND native, WPARAM wParam, LPARAM lParam);
+// Whether Alt was held for something else than the menu that its release would open.
+bool wasAltUsed();
+void forgetInput();
 
 // Updates.
 
@@ -85,26 +101,37 @@ LRESULT setCursor(HWND native, WPARAM wParam, LPARAM lParam);
 void takeUpdate(HWND native, WindowPtr window);
 // The window in front that has something to be drawn.
 bool takeUpdateEvent(EventRecord &event);
+void forgetUpdates();
 
 // Loops of the system's own.
 
+bool isInSystemLoop();
 void enterSystemLoop();
 void leaveSystemLoop();
-bool isInSystemLoop();
 void handleInSystemLoop(EventRecord &event);
+void forgetLoops();
 
+// A window that goes in its own loop is not told of the loop's end.
 class SystemLoop {
 public:
-    SystemLoop() { enterSystemLoop(); }
-    ~SystemLoop() { leaveSystemLoop(); }
+    SystemLoop();
+    ~SystemLoop();
     SystemLoop(const SystemLoop &) = delete;
     SystemLoop &operator=(const SystemLoop &) = delete;
+
+private:
+    int depthBefore_;
 };
 
 // Tracking.
 
 // Answers the messages of a window that is being moved or sized, or whose box is being pressed.
 bool trackMessage(WindowPtr window, UINT message, WPARAM wParam, LPARAM lParam, LRESULT &result);
+// While one is, the mouse is the system's.
+bool isTracking();
+void forgetTracking(WindowPtr window);
+// The button is down, and no release waits to be taken.
+bool isButtonHeld();
 
 // Memory and classes.
 

@@ -9,6 +9,15 @@ namespace {
 
 HostKitWheelProcPtr wheelProc;
 
+constexpr LPARAM wasDown = LPARAM{1} << 30;
+
+// Since Alt was pressed.
+bool isAltUsed;
+int wheelRest; // fine wheels turn by parts of a notch
+
+// The program's cursor, while the system's shows over a frame.
+HCURSOR programsCursor, framesCursor;
+
 // A Macintosh key's number and the character that it gives without a native one; 0 for none.
 struct MacKey {
     UInt8 code;
@@ -107,23 +116,48 @@ bool hasMacCharacterOnly(const MacKey &key)
     return key.character < ' ' || key.character == 127;
 }
 
-// The character that the system made of the key press, which is in the queue already; 0 for none.
-UInt8 takeNativeCharacter(HWND native, bool isWithAlt)
+bool isDown(int key)
+{
+    return GetKeyState(key) < 0;
+}
+
+// The message that the system made of the key press, which is in the queue already.
+bool takeMessageOf(HWND native, UINT number, WPARAM &character)
 {
     MSG message;
-    UINT wanted = isWithAlt ? UINT{WM_SYSCHAR} : UINT{WM_CHAR};
-    if (!PeekMessageA(&message, native, wanted, wanted, PM_REMOVE))
-        return 0;
-    return static_cast<UInt8>(message.wParam);
+    if (!PeekMessageA(&message, native, number, number, PM_REMOVE))
+        return false;
+    character = message.wParam;
+    return true;
+}
+
+// What a key press says natively: a character, 0 for none. A dead key waits for the next one.
+struct NativeCharacter {
+    UInt8 character = 0;
+    bool isDead = false;
+};
+
+NativeCharacter takeNativeCharacter(HWND native, bool isWithAlt)
+{
+    WPARAM character = 0;
+    if (takeMessageOf(native, isWithAlt ? UINT{WM_SYSCHAR} : UINT{WM_CHAR}, character))
+        return {static_cast<UInt8>(character), false};
+    return {0, takeMessageOf(native, isWithAlt ? UINT{WM_SYSDEADCHAR} : UINT{WM_DEADCHAR}, character)};
 }
 
 // With Control as the command key, the letter itself counts.
 UInt8 characterOf(const MacKey &key, UInt8 native)
 {
-    bool isCommand = GetKeyState(VK_CONTROL) < 0;
-    if (!native || hasMacCharacterOnly(key) || (isCommand && native < ' '))
+    if (!native || hasMacCharacterOnly(key) || (isDown(VK_CONTROL) && native < ' '))
         return key.character;
     return native;
+}
+
+// The right Alt of many keyboards is Control and Alt, to type a third sign: no command.
+UInt16 withoutThirdShift(UInt16 modifiers, UInt8 native)
+{
+    bool isSign = native >= ' ' && native != 127;
+    return isSign && (modifiers & cmdKey) && (modifiers & optionKey) ? static_cast<UInt16>(modifiers & ~cmdKey) : modifiers;
 }
 
 // When the user did it, and not when the program came to look.
@@ -136,16 +170,17 @@ EventRecord inputEvent(UInt16 what, HWND native, UINT message)
 
 void postKey(HWND native, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    constexpr LPARAM wasDown = LPARAM{1} << 30;
     bool isPress = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
+    bool isRepeat = isPress && (lParam & wasDown);
     MacKey key = macKeyOf(wParam, (HIWORD(lParam) & KF_EXTENDED) != 0);
-    UInt8 character = isPress ? takeNativeCharacter(native, message == WM_SYSKEYDOWN) : UInt8{0};
-    UInt16 what = !isPress ? UInt16{keyUp} : (lParam & wasDown) ? UInt16{autoKey} : UInt16{keyDown};
-    EventRecord event = inputEvent(what, native, message);
-    event.message = UInt32{key.code} << 8 | characterOf(key, character);
-    if (!(event.message & charCodeMask) && key.code == 127)
-        return; // a key that a Macintosh has not
-    for (int i = 0; i < (isPress ? std::max<int>(LOWORD(lParam), 1) : 1); ++i)
+    NativeCharacter typed = isPress ? takeNativeCharacter(native, message == WM_SYSKEYDOWN) : NativeCharacter{};
+    EventRecord event = inputEvent(!isPress ? UInt16{keyUp} : isRepeat ? UInt16{autoKey} : UInt16{keyDown}, native, message);
+    event.modifiers = withoutThirdShift(event.modifiers, typed.character);
+    event.message = UInt32{key.code} << 8 | characterOf(key, typed.character);
+    bool isUnknown = !(event.message & charCodeMask) && key.code == 127; // a key that a Macintosh has not
+    // Repeats that the program is too slow for are none.
+    bool isTooFast = isRepeat && hasInput(autoKeyMask);
+    if (!typed.isDead && !isUnknown && !isTooFast)
         postInput(event);
 }
 
@@ -164,6 +199,8 @@ bool takeKey(HWND native, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_KEYUP:
     case WM_SYSKEYDOWN:
     case WM_SYSKEYUP:
+        if (message == WM_SYSKEYDOWN)
+            isAltUsed = wParam != VK_MENU || (isAltUsed && (lParam & wasDown));
         if (isSystemKey(message, wParam))
             return false;
         postKey(native, message, wParam, lParam);
@@ -204,6 +241,7 @@ bool takeMouse(HWND native, UINT message, WPARAM hit)
     MouseKind kind = mouseKindOf(message);
     if (kind.what == nullEvent || (kind.isInFrame && (native == hWndMain || hit == HTSYSMENU)))
         return false;
+    isAltUsed = true;
     if (kind.what == mouseDown)
         SetCapture(native);
     else if (GetCapture() == native)
@@ -235,20 +273,21 @@ void convertKeyMessage(const MSG *message, EventRecord *event)
     WORD native = 0;
     GetKeyboardState(keys);
     bool isCharacter = ToAscii(static_cast<UINT>(message->wParam), HIWORD(message->lParam), keys, &native, 0) == 1;
+    auto character = static_cast<UInt8>(isCharacter ? native : 0);
     event->what = isPress ? UInt16{keyDown} : UInt16{keyUp};
     event->when = ticksOf(message->time);
     event->where = globalOf(message->pt);
-    event->message = UInt32{key.code} << 8 | characterOf(key, isCharacter ? static_cast<UInt8>(native) : UInt8{0});
+    event->message = UInt32{key.code} << 8 | characterOf(key, character);
+    event->modifiers = withoutThirdShift(event->modifiers, character);
     event->nativeWindow = message->hwnd;
     event->nativeMessage = message->message;
 }
 
 bool turnWheel(WindowPtr window, POINT screenPoint, int delta)
 {
-    static int rest; // fine wheels turn by parts of a notch
-    rest += delta;
-    auto notches = static_cast<SInt16>(rest / WHEEL_DELTA);
-    rest %= WHEEL_DELTA;
+    wheelRest += delta;
+    auto notches = static_cast<SInt16>(wheelRest / WHEEL_DELTA);
+    wheelRest %= WHEEL_DELTA;
     // It goes to the window under the mouse, not to the one with the keyboard.
     Point where = globalOf(screenPoint);
     WindowPtr under = nullptr;
@@ -261,26 +300,37 @@ bool turnWheel(WindowPtr window, POINT screenPoint, int delta)
     constexpr int linesForNotch = 3;
     EventRecord event = eventOf(keyDown, nativeOf(under), WM_MOUSEWHEEL);
     event.message = notches > 0 ? 126u << 8 | 30 : 125u << 8 | 31;
-    for (int i = 0; i < std::abs(notches) * linesForNotch; ++i)
+    for (int i = 0; i < std::abs(notches) * linesForNotch && !isInputFull(); ++i)
         postInput(event);
     return true;
 }
 
 LRESULT setCursor(HWND native, WPARAM wParam, LPARAM lParam)
 {
-    // The program's cursor, while the system's shows over a frame.
-    static HCURSOR programs, frames;
     if (static_cast<SInt16>(LOWORD(lParam)) == HTCLIENT) {
-        if (programs && GetCursor() == frames)
-            SetCursor(programs);
-        programs = nullptr;
+        if (programsCursor && GetCursor() == framesCursor)
+            SetCursor(programsCursor);
+        programsCursor = nullptr;
         return TRUE;
     }
-    if (!programs)
-        programs = GetCursor();
+    if (!programsCursor)
+        programsCursor = GetCursor();
     LRESULT result = DefWindowProcA(native, WM_SETCURSOR, wParam, lParam);
-    frames = GetCursor();
+    framesCursor = GetCursor();
     return result;
+}
+
+bool wasAltUsed()
+{
+    return isAltUsed;
+}
+
+void forgetInput()
+{
+    wheelProc = nullptr;
+    isAltUsed = false;
+    wheelRest = 0;
+    programsCursor = framesCursor = nullptr;
 }
 
 } // namespace hostkit

@@ -14,7 +14,7 @@ HostKitPurgeProcPtr soleProc;
 
 SInt32 growZone(UInt64 bytesWanted)
 {
-    auto wanted = static_cast<SInt32>(std::min<UInt64>(bytesWanted, std::numeric_limits<SInt32>::max()));
+    auto wanted = static_cast<SInt32>(std::clamp<UInt64>(bytesWanted, 1, std::numeric_limits<SInt32>::max()));
     SInt32 freed = 0;
     for (size_t i = 0; i < purgeProcCount && freed < wanted; ++i)
         freed += std::clamp(purgeProcs[i](wanted - freed), SInt32{0}, wanted - freed);

@@ -1,17 +1,19 @@
 // Start and stop: the main window, and the library's own order.
 #include "hostkit_internal.h"
 
-#include <cstring>
+#include <algorithm>
+#include <utility>
 
 namespace hostkit {
 namespace {
 
-constexpr SInt16 defaultDepthOfName = MAX_PATH;
+bool isStarted;
+UInt64 purgeAboveBefore, refuseAboveBefore;
 
 std::string programPath()
 {
     char path[MAX_PATH] = "";
-    DWORD length = GetModuleFileNameA(nullptr, path, defaultDepthOfName);
+    DWORD length = GetModuleFileNameA(nullptr, path, sizeof path);
     return {path, length};
 }
 
@@ -35,21 +37,23 @@ std::string titleOf(const HostKitOptions &options)
     return path.substr(path.find_last_of("\\/:") + 1);
 }
 
-bool registerClass(const char *name, WNDPROC procedure, HBRUSH background)
+bool registerClass(const char *name, WNDPROC procedure, HBRUSH background, int extraBytes)
 {
     WNDCLASSA description = {};
     description.lpfnWndProc = procedure;
+    description.cbWndExtra = extraBytes;
     description.hInstance = hExeInst;
     description.hbrBackground = background;
     description.lpszClassName = name;
     return RegisterClassA(&description) != 0;
 }
 
-bool registerClasses(HBRUSH background)
+bool registerClasses()
 {
-    return registerClass(mainClassName, mainProcedure, background)
-        && registerClass(windowClassName, windowProcedure, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)))
-        && registerDialogClasses();
+    auto workspace = reinterpret_cast<HBRUSH>(static_cast<ULONG_PTR>(COLOR_APPWORKSPACE + 1));
+    auto white = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+    return registerClass(mainClassName, mainProcedure, workspace, 0)
+        && registerClass(windowClassName, windowProcedure, white, sizeof(LONG_PTR)) && registerDialogClasses();
 }
 
 void unregisterClasses()
@@ -69,45 +73,62 @@ RECT mainFrame(const HostKitOptions &options, DWORD style)
     RECT frame = {0, 0, options.width, options.height};
     AdjustWindowRectEx(&frame, style, FALSE, 0);
     OffsetRect(&frame, area.left - frame.left, area.top - frame.top);
-    OffsetRect(&frame, std::max<LONG>((area.right - frame.right) / 2, 0), std::max<LONG>((area.bottom - frame.bottom) / 2, 0));
+    OffsetRect(&frame, std::max<LONG>((area.right - frame.right) / 2, 0),
+               std::max<LONG>((area.bottom - frame.bottom) / 2, 0));
     return frame;
 }
 
-bool makeMainWindow(const HostKitOptions &options)
+bool makeMainWindow(const HostKitOptions &options, const std::string &title)
 {
     constexpr DWORD style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
     RECT frame = mainFrame(options, style);
-    hWndMain = CreateWindowExA(0, mainClassName, titleOf(options).c_str(), style, frame.left, frame.top,
-                               frame.right - frame.left, frame.bottom - frame.top, nullptr, nullptr, hExeInst, nullptr);
+    setDesktopBrush(options.background);
+    hWndMain = CreateWindowExA(0, mainClassName, title.c_str(), style, frame.left, frame.top, frame.right - frame.left,
+                               frame.bottom - frame.top, nullptr, nullptr, hExeInst, nullptr);
     return hWndMain != nullptr;
 }
 
-// Windows that the program left.
-void disposeWindows()
+void destroyMainWindow()
 {
-    while (WindowPtr window = findWindow([](WindowPtr each) { return nativeOf(each) != nullptr; }))
-        DisposeWindow(window);
+    if (HWND native = std::exchange(hWndMain, nullptr))
+        DestroyWindow(native);
+    unregisterClasses();
 }
 
-void startLibrary(const HostKitOptions &options)
+// The library keeps its limits beyond its end.
+void setLimits(const HostKitOptions &options)
 {
-    MTBX_SetZPPrefsFile(settingsOf(options).c_str());
+    UInt64 purgeAbove = 0, refuseAbove = 0;
+    MTBX_GetMemUsageLimits(&purgeAbove, &refuseAbove);
+    if (options.purgeAbove || options.refuseAbove)
+        MTBX_SetMemUsageLimits(options.purgeAbove ? options.purgeAbove : purgeAbove,
+                               options.refuseAbove ? options.refuseAbove : refuseAbove);
+}
+
+void startLibrary(const HostKitOptions &options, const std::string &settings)
+{
+    MTBX_GetMemUsageLimits(&purgeAboveBefore, &refuseAboveBefore);
+    MTBX_SetZPPrefsFile(settings.c_str());
     MTBX_InitializeMemorySubsystem();
-    if (options.purgeAbove && options.refuseAbove)
-        MTBX_SetMemUsageLimits(options.purgeAbove, options.refuseAbove);
+    setLimits(options);
     startPurging();
     InitResources();
 }
 
-void startToolbox()
+// False when memory was too short for a part of it.
+bool startToolbox()
 {
     InitGraf(&qd.thePort);
+    if (!gDesktopWindow || !qd.thePort)
+        return false;
     InitFonts();
     InitWindows();
     TEInit();
     InitDialogs();
     InitCursor();
     InstallMsgToEventConverter(convertKeyMessage);
+    HFONT font = nullptr;
+    return MTBX_GetSmallHFnt(&font) == noErr;
 }
 
 void stopToolbox()
@@ -123,15 +144,53 @@ void stopLibrary()
     MTBX_ShutdownResources();
     stopPurging();
     MTBX_ShutdownMemory();
+    MTBX_SetMemUsageLimits(purgeAboveBefore, refuseAboveBefore);
 }
 
-void destroyMainWindow()
+void forgetAll()
 {
-    HWND native = hWndMain;
-    hWndMain = nullptr;
-    if (IsWindow(native))
-        DestroyWindow(native);
-    unregisterClasses();
+    forgetAllWindows();
+    resetActivation(false);
+    forgetEvents();
+    forgetInput();
+    forgetUpdates();
+    forgetLoops();
+    hExeInst = hCurInst = hResInst = nullptr;
+    gEventMask = 0;
+    gApplicationHidden = false;
+    isStarted = false;
+}
+
+void setVariables(const HostKitOptions &options)
+{
+    hExeInst = hCurInst = GetModuleHandleA(nullptr);
+    hResInst = options.resources ? options.resources : hExeInst;
+    setQuitProc(options.quitProc);
+    gEventMask = static_cast<SInt16>(everyEvent & ~keyUpMask);
+}
+
+OSErr start(const HostKitOptions &options)
+{
+    std::string settings = settingsOf(options), title = titleOf(options);
+    if (settings.size() >= MAX_PATH)
+        return paramErr;
+    setVariables(options);
+    isStarted = true;
+    if (!registerClasses() || !makeMainWindow(options, title)) {
+        destroyMainWindow();
+        forgetAll();
+        return memFullErr;
+    }
+    noteDesktopSize();
+    startLibrary(options, settings);
+    if (!startToolbox()) {
+        HostKitStop();
+        return memFullErr;
+    }
+    ShowWindow(hWndMain, SW_SHOW);
+    UpdateWindow(hWndMain);
+    resetActivation(GetForegroundWindow() == hWndMain); // the program starts, it does not resume
+    return noErr;
 }
 
 } // namespace
@@ -139,34 +198,24 @@ void destroyMainWindow()
 
 using namespace hostkit;
 
-OSErr HostKitStart(const HostKitOptions *given)
+OSErr HostKitStart(const HostKitOptions *options)
 {
-    HostKitOptions options = given ? *given : HostKitOptions{};
-    hExeInst = hCurInst = GetModuleHandleA(nullptr);
-    hResInst = options.resources ? options.resources : hExeInst;
-    setQuitProc(options.quitProc);
-    gEventMask = static_cast<SInt16>(everyEvent & ~keyUpMask);
-    HBRUSH workspace = reinterpret_cast<HBRUSH>(static_cast<ULONG_PTR>(COLOR_APPWORKSPACE + 1));
-    bool isMade = registerClasses(options.background ? options.background : workspace) && makeMainWindow(options);
-    if (!isMade) {
-        unregisterClasses();
+    if (hWndMain)
+        return paramErr;
+    try {
+        return start(options ? *options : HostKitOptions{});
+    } catch (const std::bad_alloc &) {
         return memFullErr;
     }
-    startLibrary(options);
-    startToolbox();
-    ShowWindow(hWndMain, SW_SHOW);
-    UpdateWindow(hWndMain);
-    forgetSwitch(); // the program starts, it does not resume
-    return noErr;
 }
 
 void HostKitStop()
 {
+    if (!isStarted)
+        return;
     disposeWindows();
     stopToolbox();
     stopLibrary();
     destroyMainWindow();
-    forgetAllWindows();
-    resetActivation();
-    forgetEvents();
+    forgetAll();
 }

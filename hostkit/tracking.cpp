@@ -2,6 +2,7 @@
 #include "hostkit_internal.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace hostkit {
 namespace {
@@ -19,8 +20,15 @@ struct Tracked {
 };
 Tracked tracked;
 
-// The edge that a press in a frame took hold of, for growing.
-int lastHit = HTBOTTOMRIGHT;
+bool isBox(UINT command)
+{
+    return command != SC_MOVE && command != SC_SIZE;
+}
+
+bool hasCaption(WindowPtr window)
+{
+    return (GetWindowLongA(nativeOf(window), GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+}
 
 bool isGrowable(WindowPtr window)
 {
@@ -28,20 +36,24 @@ bool isGrowable(WindowPtr window)
     return native && (GetWindowLongA(native, GWL_STYLE) & WS_THICKFRAME) && !IsZoomed(native);
 }
 
+// The box is there in the active window only: a press in another one selects it.
 bool isInSizeBox(WindowPtr window, Point where)
 {
     Rect content = contentOf(window);
-    return isGrowable(window) && where.h >= content.right - sizeBoxSide && where.v >= content.bottom - sizeBoxSide;
+    return recordOf(window)->hilited && isGrowable(window) && where.h >= content.right - sizeBoxSide && where.v >= content.bottom - sizeBoxSide;
 }
 
 SInt16 zoomPartOf(WindowPtr window)
 {
-    Rect content = contentOf(window), standard = wholeDesktopFor(window);
-    return MacEqualRect(&content, &standard) ? SInt16{inZoomIn} : SInt16{inZoomOut};
+    Rect content = contentOf(window);
+    const Rect *states = zoomStatesOf(window);
+    return states && MacEqualRect(&content, &states[1]) ? SInt16{inZoomIn} : SInt16{inZoomOut};
 }
 
 SInt16 framePart(WindowPtr window, int hit)
 {
+    if (!hasCaption(window))
+        return inContent; // a dialog's edge, by which it cannot be dragged
     switch (hit) {
     case HTCLOSE:
         return recordOf(window)->goAwayFlag ? SInt16{inGoAway} : SInt16{inDrag};
@@ -67,11 +79,6 @@ int hitAt(HWND native, Point where)
     return static_cast<int>(SendMessageA(native, WM_NCHITTEST, 0, packedOf(screenOf(where))));
 }
 
-bool isHeld()
-{
-    return StillDown() && !isReleasePending();
-}
-
 Point mouseNow()
 {
     Point mouse;
@@ -79,18 +86,22 @@ Point mouseNow()
     return mouse;
 }
 
-// Runs the system's loop for one command; the mouse must still be down, or it would wait for the next click.
+// Runs the system's loop for one command; the mouse must still be down, or it would wait for the next click. The
+// program's event procedure may do anything meanwhile. False when the window is gone, or the box not confirmed.
 bool runLoop(const Tracked &what, UINT message, WPARAM wParam)
 {
+    if (isTracking())
+        return false;
     tracked = what;
     HWND native = nativeOf(what.window);
     GetWindowRect(native, &tracked.frame);
-    SystemLoop loop;
-    ReleaseCapture();
-    DefWindowProcA(native, message, wParam, packedOf(screenOf(what.start)));
-    bool isConfirmed = tracked.isConfirmed;
-    tracked = {};
-    return isConfirmed;
+    {
+        SystemLoop loop;
+        ReleaseCapture();
+        DefWindowProcA(native, message, wParam, packedOf(screenOf(what.start)));
+    }
+    Tracked done = std::exchange(tracked, {});
+    return isStill(what.window, native) && (done.isConfirmed || !isBox(done.command));
 }
 
 bool trackBox(WindowPtr window, Point start, int hit, UINT command)
@@ -100,7 +111,7 @@ bool trackBox(WindowPtr window, Point start, int hit, UINT command)
         return true;
     if (!native)
         return false;
-    if (!isHeld())
+    if (!isButtonHeld())
         return hitAt(native, mouseNow()) == hit;
     Tracked box;
     box.window = window;
@@ -233,27 +244,38 @@ bool trackMessage(WindowPtr window, UINT message, WPARAM wParam, LPARAM lParam, 
     if (window != tracked.window || !window)
         return false;
     result = 0;
-    UINT command = wParam & 0xFFF0;
     switch (message) {
-    case WM_SYSCOMMAND:
+    case WM_SYSCOMMAND: {
         // The box was released inside: the program does what it means.
-        if (tracked.command == SC_MOVE || tracked.command == SC_SIZE)
-            return false;
-        tracked.isConfirmed = true;
-        return command == SC_CLOSE || command == SC_MAXIMIZE || command == SC_RESTORE;
+        UINT command = wParam & 0xFFF0;
+        bool isPressed = isBox(tracked.command) && (command == SC_CLOSE || command == SC_MAXIMIZE || command == SC_RESTORE);
+        tracked.isConfirmed = tracked.isConfirmed || isPressed;
+        return isPressed;
+    }
     case WM_MOVING:
         if (tracked.bounds && tracked.command == SC_MOVE)
             keepInside(*reinterpret_cast<RECT *>(lParam));
         result = TRUE;
         return true;
     case WM_GETMINMAXINFO:
-        if (!tracked.bounds || tracked.command != SC_SIZE)
-            return false;
-        setLimits(*reinterpret_cast<MINMAXINFO *>(lParam));
-        return true;
+        // Without limits the system's hold, which leave something to take hold of.
+        if (tracked.command == SC_SIZE && tracked.bounds)
+            setLimits(*reinterpret_cast<MINMAXINFO *>(lParam));
+        return tracked.command == SC_SIZE;
     default:
         return false;
     }
+}
+
+bool isTracking()
+{
+    return tracked.window != nullptr;
+}
+
+void forgetTracking(WindowPtr window)
+{
+    if (tracked.window == window)
+        tracked = {};
 }
 
 } // namespace hostkit
@@ -277,33 +299,37 @@ SInt16 HostKitFindWindow(Point where, WindowPtr *window)
     }
     if (part == inContent)
         return isInSizeBox(*window, where) ? SInt16{inGrow} : part;
-    lastHit = hitAt(native, where);
-    return framePart(*window, lastHit);
+    return framePart(*window, hitAt(native, where));
 }
 
 void HostKitDragWindow(WindowPtr window, Point start, const Rect *boundsRect)
 {
-    if (!nativeOf(window))
-        return;
-    if (!(GetModifiersState() & cmdKey))
+    HWND native = nativeOf(window);
+    if (native && !(GetModifiersState() & cmdKey))
         HostKitSelectWindow(window);
-    if (!isHeld()) {
-        moveBy(window, start, boundsRect);
+    if (!isStill(window, native))
         return;
-    }
     Tracked move;
     move.window = window;
     move.command = SC_MOVE;
     move.start = start;
     move.bounds = boundsRect;
-    runLoop(move, WM_SYSCOMMAND, SC_MOVE | HTCAPTION);
+    if (!isButtonHeld())
+        moveBy(window, start, boundsRect);
+    else if (!runLoop(move, WM_SYSCOMMAND, SC_MOVE | HTCAPTION))
+        return;
+    noteUserState(window);
 }
 
 SInt32 HostKitGrowWindow(WindowPtr window, Point start, const Rect *limits)
 {
-    if (!isGrowable(window) || !isHeld())
+    if (!isGrowable(window))
         return 0;
-    int hit = hitAt(nativeOf(window), start);
+    HWND native = nativeOf(window);
+    HostKitSelectWindow(window);
+    if (!isStill(window, native) || !isButtonHeld())
+        return 0;
+    int hit = hitAt(native, start);
     bool isEdge = hit >= HTLEFT && hit <= HTBOTTOMRIGHT;
     Tracked size;
     size.window = window;
@@ -311,9 +337,10 @@ SInt32 HostKitGrowWindow(WindowPtr window, Point start, const Rect *limits)
     size.start = start;
     size.bounds = limits;
     SInt32 before = packedSize(window);
-    runLoop(size, WM_SYSCOMMAND, static_cast<WPARAM>(SC_SIZE | ((isEdge ? hit : HTBOTTOMRIGHT) - HTLEFT + WMSZ_LEFT)));
-    if (!nativeOf(window) || packedSize(window) == before)
+    auto edge = static_cast<WPARAM>((isEdge ? hit : HTBOTTOMRIGHT) - HTLEFT + WMSZ_LEFT);
+    if (!runLoop(size, WM_SYSCOMMAND, SC_SIZE | edge) || packedSize(window) == before)
         return 0;
+    noteUserState(window);
     return packedSize(window);
 }
 
@@ -327,13 +354,8 @@ Boolean HostKitTrackBox(WindowPtr window, Point start, SInt16 part)
     if (!trackBox(window, start, HTMAXBUTTON, SC_MAXIMIZE))
         return false;
     // The state to come back to is that from before the window was zoomed out.
-    Handle states = recordOf(window)->dataHandle;
-    if (GetHandleSize(states) >= static_cast<Size>(2 * sizeof(Rect))) {
-        auto rects = reinterpret_cast<Rect *>(*states);
-        if (part == inZoomOut)
-            rects[0] = contentOf(window);
-        rects[1] = wholeDesktopFor(window);
-    }
+    if (part == inZoomOut)
+        noteUserState(window);
     return true;
 }
 

@@ -23,15 +23,10 @@ void addNativeUpdate(HWND native, WindowPtr window)
         addWhole(native, recordOf(window)->updateRgn);
         return;
     }
-    MacRegion &region = **part;
-    RECT box = {};
-    if (GetUpdateRgn(native, region.rgnNative, FALSE) == ERROR) {
+    if (GetUpdateRgn(native, (**part).rgnNative, FALSE) == ERROR)
         addWhole(native, part);
-    } else {
-        GetRgnBox(region.rgnNative, &box);
-        MacSetRect(&region.rgnBBox, static_cast<SInt16>(box.left), static_cast<SInt16>(box.top), static_cast<SInt16>(box.right),
-                   static_cast<SInt16>(box.bottom));
-    }
+    else
+        CalcRgnBox(part);
     MacUnionRgn(recordOf(window)->updateRgn, part, recordOf(window)->updateRgn);
     DisposeRgn(part);
 }
@@ -77,11 +72,20 @@ void takeUpdate(HWND native, WindowPtr window)
 
 bool takeUpdateEvent(EventRecord &event)
 {
-    WindowPtr window = isUpdateNoted ? findWindow(isToBeDrawn) : nullptr;
-    isUpdateNoted = window != nullptr;
-    if (window)
+    if (!isUpdateNoted)
+        return false;
+    if (WindowPtr window = findWindow(isToBeDrawn)) {
         event = updateEventOf(window);
-    return window != nullptr;
+        return true;
+    }
+    // One that is hidden or being drawn has its turn later.
+    isUpdateNoted = findWindow([](WindowPtr window) { return IsWindowUpdatePending(window) != 0; }) != nullptr;
+    return false;
+}
+
+void forgetUpdates()
+{
+    isUpdateNoted = false;
 }
 
 } // namespace hostkit

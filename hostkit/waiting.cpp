@@ -8,24 +8,43 @@ namespace {
 
 HostKitEventProcPtr eventProc;
 int systemLoopDepth;
+// The program has taken all its events.
+bool isWaiting;
 
 // Where the mouse was when a movement was last an event.
 Point lastMove;
 
 constexpr int mostMessagesAtOnce = 500; // a flood must not keep the program from its own events
 
+// Input stays where it is while there is no room for it, and while the system follows the mouse.
+bool isInputLeft()
+{
+    return isInputFull() || (isTracking() && Button());
+}
+
+// A queue that may be empty is not looked into: whoever watches a program, as replays do, takes a look in vain for a
+// sign that it has nothing left to do.
 bool takeMessage(MSG &message)
 {
     UINT flags = PM_REMOVE;
-    if (isInputFull())
+    if (isInputLeft())
         flags |= PM_QS_PAINT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
-    return PeekMessageA(&message, nullptr, 0, 0, flags);
+    return HIWORD(GetQueueStatus(QS_ALLINPUT)) && PeekMessageA(&message, nullptr, 0, 0, flags);
 }
 
-void deliverMessages()
+void lookInVain()
 {
     MSG message;
-    for (int i = 0; i < mostMessagesAtOnce && takeMessage(message); ++i) {
+    PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
+}
+
+void deliverMessages(EventMask mask)
+{
+    MSG message;
+    for (int i = 0; i < mostMessagesAtOnce; ++i) {
+        makeRoomFor(mask);
+        if (!takeMessage(message))
+            return;
         if (message.message == WM_QUIT) {
             askToQuit();
             continue;
@@ -46,7 +65,7 @@ void letGoOfMouse()
 
 bool takeMouseMove(EventMask mask, RgnHandle mouseRgn, EventRecord &event)
 {
-    if (!(mask & osMask) || !mouseRgn || EmptyRgn(mouseRgn))
+    if (!(mask & osMask) || !isProgramActive() || !mouseRgn || EmptyRgn(mouseRgn))
         return false;
     Point mouse;
     GetGlobalMouse(&mouse);
@@ -59,11 +78,15 @@ bool takeMouseMove(EventMask mask, RgnHandle mouseRgn, EventRecord &event)
     return true;
 }
 
-// The event passes through the slot, as the library's own calls expect.
-bool handOver(EventRecord &found, EventRecord *event)
+// The event passes through the slot, as the library's own calls expect. What waits there for another mask stays.
+bool handOver(const EventRecord &found, EventRecord *event)
 {
+    EventRecord kept = gTheEvent;
     gTheEvent = found;
-    return GetNextEvent(everyEvent, event) != 0;
+    bool isEvent = GetNextEvent(everyEvent, event) != 0;
+    if (kept.what != nullEvent)
+        gTheEvent = kept;
+    return isEvent;
 }
 
 bool giveNull(EventRecord *event)
@@ -99,25 +122,39 @@ private:
 
 void sleepUpTo(DWORD milliseconds)
 {
-    // Input that there is no room for must not end the sleep at once.
-    DWORD flags = MWMO_ALERTABLE | (isInputFull() ? 0u : unsigned{MWMO_INPUTAVAILABLE});
-    MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT, flags);
+    // The names of some headers have bits that older systems refuse.
+    constexpr DWORD mouseAndKeys = 0x0007, all = 0x04FF;
+    // Input that is left where it is must not end the sleep.
+    DWORD wakers = isInputLeft() ? all & ~mouseAndKeys : all;
+    MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, wakers, MWMO_ALERTABLE | MWMO_INPUTAVAILABLE);
 }
 
-bool isButtonHeld()
+// A program that follows the mouse has seen this place, and found the mouse there again.
+POINT restPlace;
+bool isAtRest;
+
+POINT cursorPlace()
 {
-    return StillDown() && !isReleasePending();
+    POINT mouse = {};
+    GetCursorPos(&mouse);
+    return mouse;
+}
+
+bool isMouseAtRest()
+{
+    POINT mouse = cursorPlace();
+    return isAtRest && mouse.x == restPlace.x && mouse.y == restPlace.y;
 }
 
 // While the mouse rests the processor may, too.
 void yieldWhileAtRest()
 {
-    static POINT last;
-    POINT mouse = {};
-    GetCursorPos(&mouse);
-    if (mouse.x == last.x && mouse.y == last.y)
-        MsgWaitForMultipleObjectsEx(0, nullptr, 2, QS_MOUSE, 0);
-    last = mouse;
+    constexpr DWORD moment = 2;
+    POINT mouse = cursorPlace();
+    isAtRest = mouse.x == restPlace.x && mouse.y == restPlace.y;
+    restPlace = mouse;
+    if (isAtRest)
+        MsgWaitForMultipleObjectsEx(0, nullptr, moment, QS_MOUSE, 0);
 }
 
 } // namespace
@@ -132,6 +169,15 @@ void leaveSystemLoop()
     systemLoopDepth = std::max(systemLoopDepth - 1, 0);
 }
 
+SystemLoop::SystemLoop() : depthBefore_(systemLoopDepth++)
+{
+}
+
+SystemLoop::~SystemLoop()
+{
+    systemLoopDepth = depthBefore_;
+}
+
 bool isInSystemLoop()
 {
     return systemLoopDepth > 0;
@@ -143,9 +189,23 @@ void handleInSystemLoop(EventRecord &event)
         return;
     GrafPtr port;
     GetPort(&port);
+    HWND native = nativeOf(port);
     eventProc(&event);
-    if (port != nullptr)
+    bool isGone = native && !isStill(port, native);
+    if (port && !isGone)
         MacSetPort(port);
+}
+
+void forgetLoops()
+{
+    systemLoopDepth = 0;
+    eventProc = nullptr;
+    lastMove = {};
+}
+
+bool isButtonHeld()
+{
+    return StillDown() && !hasInput(mUpMask);
 }
 
 } // namespace hostkit
@@ -156,16 +216,27 @@ Boolean HostKitWaitNextEvent(EventMask mask, EventRecord *event, UInt32 sleep, R
 {
     Deadline deadline(sleep);
     EventRecord found = {};
+    isWaiting = isAtRest = false;
     for (;;) {
-        deliverMessages();
+        deliverMessages(mask);
         letGoOfMouse();
-        if (nextEvent(mask, found, true) || takeMouseMove(mask, mouseRgn, found))
+        if (nextEvent(mask, found, true) || takeMouseMove(mask, mouseRgn, found)) {
+            isWaiting = false;
             return handOver(found, event);
+        }
         DWORD left = deadline.left();
-        if (left == 0)
+        if (left == 0) {
+            lookInVain();
             return giveNull(event);
+        }
+        isWaiting = true;
         sleepUpTo(left);
     }
+}
+
+Boolean HostKitIsWaiting()
+{
+    return isWaiting || isInSystemLoop() || isMouseAtRest();
 }
 
 Boolean HostKitGetNextEvent(EventMask mask, EventRecord *event)
@@ -175,7 +246,7 @@ Boolean HostKitGetNextEvent(EventMask mask, EventRecord *event)
 
 Boolean HostKitEventAvail(EventMask mask, EventRecord *event)
 {
-    deliverMessages();
+    deliverMessages(mask);
     if (nextEvent(mask, *event, false))
         return true;
     return giveNull(event);
@@ -183,26 +254,33 @@ Boolean HostKitEventAvail(EventMask mask, EventRecord *event)
 
 void HostKitFlushEvents(EventMask which, EventMask stop)
 {
-    deliverMessages();
-    flushInput(which, stop);
+    // Input beyond what there was room for comes behind what goes.
+    do
+        deliverMessages(0);
+    while (flushInput(which, stop));
 }
 
 Boolean HostKitStillDown()
 {
-    if (!isButtonHeld())
-        return false;
-    yieldWhileAtRest();
-    return isButtonHeld();
+    bool isHeld = isButtonHeld();
+    if (isHeld) {
+        yieldWhileAtRest();
+        isHeld = isButtonHeld();
+    }
+    isAtRest = isAtRest && isHeld;
+    return isHeld;
 }
 
 Boolean HostKitWaitMouseUp()
 {
     if (HostKitStillDown())
         return true;
+    EventRecord release;
     MSG message;
-    PeekMessageA(&message, nullptr, WM_LBUTTONUP, WM_LBUTTONUP, PM_REMOVE);
-    PeekMessageA(&message, nullptr, WM_RBUTTONUP, WM_RBUTTONUP, PM_REMOVE);
-    flushInput(mUpMask, 0);
+    if (!takeInputEvent(mUpMask, release, true)) {
+        PeekMessageA(&message, nullptr, WM_LBUTTONUP, WM_LBUTTONUP, PM_REMOVE)
+            || PeekMessageA(&message, nullptr, WM_NCLBUTTONUP, WM_NCLBUTTONUP, PM_REMOVE);
+    }
     letGoOfMouse();
     return false;
 }

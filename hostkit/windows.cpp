@@ -2,10 +2,14 @@
 #include "hostkit_internal.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 namespace hostkit {
 namespace {
+
+// In the extra bytes of a native window.
+constexpr int kitsStorage = 0;
 
 // The front one first.
 std::vector<WindowPtr> floatingWindows;
@@ -68,6 +72,18 @@ HWND makeNative(WindowPtr window)
                            outer.right - outer.left, outer.bottom - outer.top, hWndMain, nullptr, hExeInst, window);
 }
 
+// The property that leads from the native window to the record takes memory.
+bool bind(WindowPtr window, HWND native)
+{
+    SetHwndMacWindowPtr(native, window);
+    if (GetHwndMacWindowPtr(native) != window) {
+        DestroyWindow(native);
+        return false;
+    }
+    (**GetPortPixMap(window)).pmWindow = native;
+    return true;
+}
+
 // portRect begins at 0, 0 from here on.
 void placeRecord(WindowPtr window, HWND native)
 {
@@ -77,15 +93,33 @@ void placeRecord(WindowPtr window, HWND native)
     AdjustWindow(window);
 }
 
-// The states that ZoomWindow takes.
+// The desktop's size that the standard states of windows were made for.
+RECT desktopSize;
+
+Rect wholeDesktopFor(WindowPtr window, const RECT &desktop)
+{
+    FrameStyle frame = frameOf(window);
+    RECT edges = {};
+    AdjustWindowRectEx(&edges, frame.style, FALSE, frame.extended);
+    return {static_cast<SInt16>(-edges.top), static_cast<SInt16>(-edges.left),
+            static_cast<SInt16>(desktop.bottom - edges.bottom), static_cast<SInt16>(desktop.right - edges.right)};
+}
+
 void setStates(WindowPtr window)
 {
-    Handle states = recordOf(window)->dataHandle;
-    if (GetHandleSize(states) < static_cast<Size>(2 * sizeof(Rect)))
-        return;
-    auto rects = reinterpret_cast<Rect *>(*states);
-    rects[0] = contentOf(window);
-    rects[1] = wholeDesktopFor(window);
+    if (Rect *states = zoomStatesOf(window)) {
+        states[0] = contentOf(window);
+        states[1] = wholeDesktopFor(window, desktopSize);
+    }
+}
+
+// A standard state that the program has not changed goes with the desktop.
+void followDesktop(WindowPtr window, const RECT &before)
+{
+    Rect *states = zoomStatesOf(window);
+    Rect old = wholeDesktopFor(window, before);
+    if (states && MacEqualRect(&states[1], &old))
+        states[1] = wholeDesktopFor(window, desktopSize);
 }
 
 void placeBehind(WindowPtr window, WindowPtr behind)
@@ -94,14 +128,58 @@ void placeBehind(WindowPtr window, WindowPtr behind)
         HostKitSendBehind(window, behind);
 }
 
-WindowPtr finish(WindowPtr window, bool isVisible, WindowPtr behind)
+// Where the library's list leads to the window.
+WindowPtr *linkTo(WindowPtr window)
+{
+    for (WindowPtr *link = &gFrontWindow; *link; link = &recordOf(*link)->nextWindow) {
+        if (*link == window)
+            return link;
+    }
+    return nullptr;
+}
+
+// The copy takes the record's place wherever the library knows it.
+void replaceRecord(WindowPtr window, WindowPeek copy)
+{
+    if (window == qd.thePort)
+        MacSetPort(nullptr);
+    *copy = *recordOf(window);
+    if (WindowPtr *link = linkTo(window))
+        *link = &copy->port;
+}
+
+// What can be done without memory.
+void endNative(WindowPtr window)
+{
+    if (WindowPtr *link = linkTo(window))
+        *link = recordOf(window)->nextWindow;
+    if (HWND native = nativeOf(window))
+        DestroyWindow(native);
+    followFront();
+}
+
+bool isKits(WindowPtr window)
+{
+    char name[sizeof windowClassName + 1] = {};
+    HWND native = nativeOf(window);
+    return native && GetClassNameA(native, name, sizeof name) && strcmp(name, windowClassName) == 0;
+}
+
+// Remembered by the native window: a record of the kit's own may be disposed.
+void noteStorage(WindowPtr window, bool isKits)
+{
+    SetWindowLongPtrA(nativeOf(window), kitsStorage, isKits);
+}
+
+WindowPtr finish(WindowPtr window, void *storage, bool isVisible, WindowPtr behind)
 {
     if (!window)
         return nullptr;
     if (HostKitAttachWindow(window) != noErr) {
-        DisposeWindow(window);
+        storage ? HostKitCloseWindow(window) : DisposeWindow(window);
         return nullptr;
     }
+    noteStorage(window, !storage);
     placeBehind(window, behind);
     if (isVisible)
         HostKitShowWindow(window);
@@ -126,7 +204,7 @@ bool isShown(WindowPtr window)
 
 bool isFloating(WindowPtr window)
 {
-    return window->portLayerFlag != 0;
+    return window && window->portLayerFlag != 0;
 }
 
 WindowPtr findWindow(bool (*isWanted)(WindowPtr window))
@@ -142,16 +220,30 @@ WindowPtr findWindow(bool (*isWanted)(WindowPtr window))
     return nullptr;
 }
 
-void forgetWindow(WindowPtr window)
+bool isStill(WindowPtr window, HWND native)
+{
+    return native && GetHwndMacWindowPtr(native) == window;
+}
+
+void forgetWindow(WindowPtr window, HWND native)
 {
     std::erase(floatingWindows, window);
     forgetActivation(window);
-    takePostedPress(window);
+    forgetTracking(window);
+    forgetPresses(window, native);
+}
+
+void disposeWindows()
+{
+    // Each round takes one out of the lists.
+    while (WindowPtr window = findWindow(isKits))
+        GetWindowLongPtrA(nativeOf(window), kitsStorage) ? DisposeWindow(window) : HostKitCloseWindow(window);
 }
 
 void forgetAllWindows()
 {
-    floatingWindows.clear();
+    floatingWindows = std::vector<WindowPtr>();
+    desktopSize = {};
 }
 
 void liftFloating()
@@ -180,15 +272,31 @@ Rect contentOf(WindowPtr window)
     return content;
 }
 
-Rect wholeDesktopFor(WindowPtr window)
+Rect *zoomStatesOf(WindowPtr window)
 {
-    FrameStyle frame = frameOf(window);
-    RECT edges = {};
-    AdjustWindowRectEx(&edges, frame.style, FALSE, frame.extended);
-    RECT desktop = {};
-    GetClientRect(hWndMain, &desktop);
-    return {static_cast<SInt16>(-edges.top), static_cast<SInt16>(-edges.left),
-            static_cast<SInt16>(desktop.bottom - edges.bottom), static_cast<SInt16>(desktop.right - edges.right)};
+    Handle states = recordOf(window)->dataHandle;
+    bool isWhole = GetHandleSize(states) >= static_cast<Size>(2 * sizeof(Rect));
+    return isWhole ? reinterpret_cast<Rect *>(*states) : nullptr;
+}
+
+void noteUserState(WindowPtr window)
+{
+    Rect *states = zoomStatesOf(window);
+    Rect content = contentOf(window);
+    if (states && !MacEqualRect(&content, &states[1]))
+        states[0] = content;
+}
+
+void noteDesktopSize()
+{
+    static RECT before;
+    before = desktopSize;
+    GetClientRect(hWndMain, &desktopSize);
+    findWindow([](WindowPtr window) {
+        if (nativeOf(window))
+            followDesktop(window, before);
+        return false;
+    });
 }
 
 void noteGeometry(WindowPtr window)
@@ -210,7 +318,7 @@ using namespace hostkit;
 
 OSErr HostKitAttachWindow(WindowPtr window)
 {
-    if (!IsValidWindowPtr(window) || nativeOf(window))
+    if (!hWndMain || !IsValidWindowPtr(window) || window == gDesktopWindow || GetMacWindowPtrHwnd(window))
         return paramErr;
     try {
         if (isFloating(window))
@@ -219,12 +327,10 @@ OSErr HostKitAttachWindow(WindowPtr window)
         return memFullErr;
     }
     HWND native = makeNative(window);
-    if (!native) {
+    if (!native || !bind(window, native)) {
         std::erase(floatingWindows, window);
         return memFullErr;
     }
-    (**GetPortPixMap(window)).pmWindow = native;
-    SetHwndMacWindowPtr(native, window);
     // The system puts a new child behind its siblings.
     raise(window);
     placeRecord(window, native);
@@ -237,11 +343,26 @@ OSErr HostKitAttachWindow(WindowPtr window)
 WindowPtr HostKitNewWindow(void *wStorage, const Rect *boundsRect, ConstStr255Param title, Boolean visible, SInt16 procID,
                            WindowPtr behind, Boolean goAwayFlag, SRefCon refCon)
 {
-    return finish(NewCWindow(wStorage, boundsRect, title, visible, procID, behind, goAwayFlag, refCon), visible, behind);
+    WindowPtr window = NewCWindow(wStorage, boundsRect, title, visible, procID, behind, goAwayFlag, refCon);
+    return finish(window, wStorage, visible, behind);
 }
 
 WindowPtr HostKitGetNewWindow(SInt16 windowID, void *wStorage, WindowPtr behind)
 {
     WindowPtr window = GetNewCWindow(windowID, wStorage, behind);
-    return finish(window, window && recordOf(window)->visible, behind);
+    return finish(window, wStorage, window && recordOf(window)->visible, behind);
+}
+
+void HostKitCloseWindow(WindowPtr window)
+{
+    if (!window)
+        return;
+    // The library closes and frees in one call: it gets a copy.
+    auto copy = reinterpret_cast<WindowPeek>(NewPtr(sizeof(WindowRecord)));
+    if (!copy) {
+        endNative(window);
+        return;
+    }
+    replaceRecord(window, copy);
+    DisposeWindow(&copy->port);
 }

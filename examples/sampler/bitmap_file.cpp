@@ -117,8 +117,9 @@ private:
 
 void append(std::vector<char> &file, const void *bytes, size_t count)
 {
-    auto begin = static_cast<const char *>(bytes);
-    file.insert(file.end(), begin, begin + count);
+    size_t size = file.size();
+    file.resize(size + count);
+    memcpy(file.data() + size, bytes, count);
 }
 
 void appendRow(std::vector<char> &file, Indexed &image, SInt16 row)

@@ -4,16 +4,16 @@
 namespace {
 
 // An open file, closed at the end.
-class OpenFile {
+class FileInUse {
 public:
-    OpenFile(const FSSpec &spec, SInt8 permission) : error_(FSpOpenDF(&spec, permission, &refNum_)) {}
-    ~OpenFile()
+    FileInUse(const FSSpec &spec, SInt8 permission) : error_(FSpOpenDF(&spec, permission, &refNum_)) {}
+    ~FileInUse()
     {
         if (error_ == noErr)
             FSClose(refNum_);
     }
-    OpenFile(const OpenFile &) = delete;
-    OpenFile &operator=(const OpenFile &) = delete;
+    FileInUse(const FileInUse &) = delete;
+    FileInUse &operator=(const FileInUse &) = delete;
 
     OSErr error() const { return error_; }
     SInt16 refNum() const { return refNum_; }
@@ -31,7 +31,7 @@ OSErr readFile(const std::string &path, Handle data)
     OSErr error = FSMakeFSSpec(0, 0, PascalText(path), &spec);
     if (error != noErr)
         return error;
-    OpenFile file(spec, fsRdPerm);
+    FileInUse file(spec, fsRdPerm);
     SInt32 size = 0;
     error = file.error() == noErr ? GetEOF(file.refNum(), &size) : file.error();
     if (error != noErr)
@@ -48,7 +48,7 @@ OSErr writeFile(const std::string &path, const std::vector<char> &bytes)
         error = FSpCreate(&spec, 'SMPL', 'BMPf', 0);
     if (error != noErr && error != dupFNErr)
         return error;
-    OpenFile file(spec, fsWrPerm);
+    FileInUse file(spec, fsWrPerm);
     if (file.error() != noErr)
         return file.error();
     auto count = static_cast<SInt32>(bytes.size());

@@ -5,6 +5,10 @@
 #include <cstdlib>
 #include <cstring>
 
+#ifdef SAMPLER_PLAYS_REPLAYS
+#include <replay.h>
+#endif
+
 bool isOver;
 UInt32 handled[16];
 
@@ -13,6 +17,7 @@ namespace {
 struct Arguments {
     std::vector<std::string> documents;
     UInt64 memory = 0; // bytes, 0 for the library's own limit
+    int redraws = 0;
     bool isReporting = false;
 };
 
@@ -30,6 +35,8 @@ Arguments readArguments(int count, char **values)
     for (int i = 1; i < count; ++i) {
         if (strncmp(values[i], "--memory=", 9) == 0)
             arguments.memory = strtoull(values[i] + 9, nullptr, 10) * megabyte;
+        else if (strncmp(values[i], "--redraws=", 10) == 0)
+            arguments.redraws = atoi(values[i] + 10);
         else if (strcmp(values[i], "--report") == 0)
             arguments.isReporting = true;
         else
@@ -134,6 +141,7 @@ void command(char key)
     case 'n': newPainting(); return;
     case 'q': quit(); return;
     case 'b': showAbout(); return;
+    case 'p': purgeDocuments(0x7FFFFFFF); return;
     default: break;
     }
     if (!document)
@@ -170,12 +178,6 @@ void update(WindowPtr window)
     else if (Document *document = documentOf(window))
         drawDocument(*document);
     EndUpdate(window);
-}
-
-void report()
-{
-    printf("handled: mouse %u, keys %u, updates %u, activations %u, other %u\n", handled[mouseDown],
-           handled[keyDown] + handled[autoKey], handled[updateEvt], handled[activateEvt], handled[osEvt]);
 }
 
 void run()
@@ -227,16 +229,23 @@ int main(int count, char **values)
         fputs("sampler: the main window cannot be made\n", stderr);
         return 1;
     }
+#ifdef SAMPLER_PLAYS_REPLAYS
+    Replay_SetIdleTest([] { return HostKitIsWaiting() != 0; });
+#endif
     HostKitAddPurgeProc(purgeDocuments);
     HostKitSetEventProc([](const EventRecord *event) { handleEvent(*event); });
     openPalette();
+    noteMemory();
     for (const std::string &path : arguments.documents)
         openDocument(path);
-    run();
+    if (arguments.redraws > 0)
+        measureRedraws(arguments.redraws);
+    else
+        run();
     closeAllDocuments();
-    closePalette();
-    HostKitStop();
     if (arguments.isReporting)
         report();
+    closePalette();
+    HostKitStop();
     return 0;
 }

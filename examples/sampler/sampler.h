@@ -132,8 +132,12 @@ void closeNotices();
 // The program.
 
 void handleEvent(const EventRecord &event);
-bool isQuitting();
 void quit();
 extern bool isOver;
 // How many events of each kind were handled.
 extern UInt32 handled[16];
+// Prints how fast the front document is redrawn, so many times through the whole cycle of an update.
+void measureRedraws(int count);
+// Prints the events that were handled, and the memory at the start and now.
+void noteMemory();
+void report();

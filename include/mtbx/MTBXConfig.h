@@ -9,6 +9,9 @@
 #define MTBX_API __declspec(dllimport)
 #endif
 
+/* A record that shares its place with others, which the compiler must expect. */
+#define MTBX_MAY_ALIAS __attribute__((may_alias))
+
 /* A check of a record's layout in the 32-bit build, which fixes the widths of all records. In a
    64-bit build fields with a pointer, a native handle or a host's reference value are wider. */
 #ifdef __cplusplus

@@ -61,8 +61,8 @@ typedef UInt8 Style;
 
 #pragma pack(push, 2)
 
-/* Passed by value as one 32-bit word with v in its low half. */
-typedef struct Point {
+/* Passed by value as one 32-bit word with v in its low half. Old sources take the corners of a Rect for Points. */
+typedef struct MTBX_MAY_ALIAS Point {
     SInt16 v;
     SInt16 h;
 } Point;

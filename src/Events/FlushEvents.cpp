@@ -191,19 +191,32 @@ private:
     int count = 0;
 };
 
+bool isSame(const MSG &first, const MSG &second)
+{
+    return first.hwnd == second.hwnd && first.message == second.message && first.wParam == second.wParam
+           && first.lParam == second.lParam && first.time == second.time;
+}
+
 void flushRange(MessageRange range, EventMask whichMask, FlushStop &stop, QuitRequest &quit)
 {
     VainPaints paints;
-    MSG message;
+    MSG message, vanished = {};
     while (PeekMessageA(&message, nullptr, range.first, range.last, PM_NOREMOVE)) {
-        if (!range.contains(message.message) || stop.stopsAt(message.message) || paints.isEndless(message)
-            || !removeMessage(message))
+        if (!range.contains(message.message) || stop.stopsAt(message.message) || paints.isEndless(message))
             return;
-        if (message.message == WM_QUIT)
-            quit.take(message);
+        // A message is gone when its window ends in one that was sent meanwhile; those behind it are still there.
+        MSG taken = message;
+        if (!removeMessage(taken)) {
+            if (isSame(message, vanished))
+                return;
+            vanished = message;
+            continue;
+        }
+        if (taken.message == WM_QUIT)
+            quit.take(taken);
         else
-            handOn(message, whichMask);
-        paints.served(message);
+            handOn(taken, whichMask);
+        paints.served(taken);
     }
 }
 

@@ -42,11 +42,25 @@ bool isDeep(const BitMap &bitmap)
     return rowBytes == (width + 3) / 4 || rowBytes == (width + 1) / 2 || rowBytes == width;
 }
 
+// Of a PixMap the native bitmap tells where its memory ends, whatever the host has written into the record.
+SInt64 countRowsThere(const BitMap &bitmap)
+{
+    constexpr UInt16 kindBits = 0xC000, pixMapKind = 0x8000;
+    constexpr SInt64 unknown = 32767;
+    BITMAP native;
+    bool isPixMap = (static_cast<UInt16>(bitmap.rowBytes) & kindBits) == pixMapKind && rowBytesOf(bitmap) != 0;
+    HBITMAP pixels = isPixMap ? reinterpret_cast<const PixMap &>(bitmap).pmBitmap : nullptr;
+    if (!pixels || !GetObjectA(pixels, sizeof native, &native))
+        return unknown;
+    return SInt64{native.bmWidthBytes} * native.bmHeight / rowBytesOf(bitmap);
+}
+
 BitRows rowsOf(const BitMap &bitmap)
 {
     SInt32 rowBytes = rowBytesOf(bitmap), width = std::max<SInt32>(widthOf(bitmap), 0);
+    SInt64 height = std::clamp<SInt64>(heightOf(bitmap), 0, countRowsThere(bitmap));
     return {reinterpret_cast<const UInt8 *>(bitmap.baseAddr), rowBytes, std::min(rowBytes, (width + 7) / 8),
-            std::max<SInt32>(heightOf(bitmap), 0)};
+            static_cast<SInt32>(height)};
 }
 
 // Up to 64 pixels, the first in the highest bit; what the row does not have is clear.

@@ -114,7 +114,8 @@ bool MTBX_RecordsPoly(GrafPort &port)
 {
     if (!port.polySave) [[likely]]
         return false;
-    if (std::count(std::begin(recorded), std::end(recorded), port.polySave))
+    Handle poly = port.polySave;
+    if (std::count(std::begin(recorded), std::end(recorded), poly))
         return true;
     stopRecording(port);
     return false;

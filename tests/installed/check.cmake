@@ -2,7 +2,7 @@
 # with pkg-config where programs run natively.
 #   BUILD the library's build folder, CONFIGURATION its configuration, SOURCES the host's project, WORK a folder to
 #   use, FORBIDDEN folders that nothing installed may name, OPTIONS for the host's configuration, EMULATOR runs a
-#   program, PKG_CONFIG and COMPILER for the other way.
+#   program, PKG_CONFIG and the compilers for the other way.
 
 function(run output_variable)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
@@ -43,14 +43,23 @@ expect_relocatable("${prefix}")
 
 run(unused "${CMAKE_COMMAND}" -S "${SOURCES}" -B "${WORK}/host" "-DCMAKE_PREFIX_PATH=${prefix}" ${OPTIONS})
 run(unused "${CMAKE_COMMAND}" --build "${WORK}/host" --config "${CONFIGURATION}")
-file(GLOB host "${WORK}/host/host" "${WORK}/host/host.exe")
-expect_greeting("Hello" ${EMULATOR} "${host}")
+foreach(name IN ITEMS host classic)
+    file(GLOB program "${WORK}/host/${name}" "${WORK}/host/${name}.exe")
+    expect_greeting("Hello" ${EMULATOR} "${program}")
+endforeach()
 
 if(PKG_CONFIG)
     set(ENV{PKG_CONFIG_PATH} "${prefix}/lib/pkgconfig")
-    run(flags "${PKG_CONFIG}" --cflags --libs mtbx)
+    run(flags "${PKG_CONFIG}" --cflags --libs mtbx-hostkit)
     separate_arguments(flags UNIX_COMMAND "${flags}")
-    run(unused "${COMPILER}" -std=c++20 -Wall -Wextra -Werror -Wno-multichar "${SOURCES}/host.cpp" -o "${WORK}/plain" ${flags}
-        "-Wl,-rpath,${prefix}/lib")
+    list(APPEND flags "-Wl,-rpath,${prefix}/lib" -Wall -Wextra -Werror -Wno-multichar)
+    run(unused "${CXX_COMPILER}" -std=c++20 "${SOURCES}/host.cpp" -o "${WORK}/plain" ${flags})
     expect_greeting("(non)" "${WORK}/plain")
+
+    run(unused "${prefix}/bin/mtbx-classic-source" --long=32 "${SOURCES}/classic.c" "${WORK}/classic.c")
+    run(classic_headers "${PKG_CONFIG}" --variable=classicdir mtbx-hostkit)
+    separate_arguments(classic_headers UNIX_COMMAND "${classic_headers}")
+    run(unused "${C_COMPILER}" -I "${classic_headers}" -include hostkit/classic.h -Wno-pointer-sign
+        "${WORK}/classic.c" -o "${WORK}/plain_classic" ${flags})
+    expect_greeting("Hello" "${WORK}/plain_classic")
 endif()

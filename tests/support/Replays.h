@@ -5,24 +5,32 @@
 
 #include <string>
 
-// The exit code of a program that is played the replay "steps" of a folder, there; what it prints goes to "errors".
-// environment: more variables, NAME=VALUE and a blank after each.
-int playReplay(const std::string &program, const std::string &folder, const std::string &environment);
+// The exit code of a program that is played the replay "steps" of a folder, there; what it prints goes to "output" and
+// "errors". environment: more variables, NAME=VALUE and a blank after each.
+int playReplay(const std::string &program, const std::string &folder, const std::string &environment,
+               const std::string &arguments);
 
 class Replays {
 public:
     struct Result {
         int status;
         std::string errors;
+        std::string output;
     };
 
-    Result play(const std::string &program, const std::string &steps, const std::string &environment = "") const
+    Result play(const std::string &program, const std::string &steps, const std::string &environment = "",
+                const std::string &arguments = "") const
     {
         folder.write("steps", steps);
-        int status = playReplay(program, folder.path(), environment);
-        std::string errors = folder.read("errors");
-        std::erase(errors, '\r');
-        return {status, errors};
+        int status = playReplay(program, folder.path(), environment, arguments);
+        return {status, printed("errors"), printed("output")};
+    }
+
+    std::string printed(const std::string &name) const
+    {
+        std::string text = folder.read(name);
+        std::erase(text, '\r');
+        return text;
     }
 
     TemporaryFolder folder{"replay"};

@@ -2,7 +2,8 @@
 
 #include <cstdlib>
 
-int playReplay(const std::string &program, const std::string &folder, const std::string &environment)
+int playReplay(const std::string &program, const std::string &folder, const std::string &environment,
+               const std::string &arguments)
 {
     std::string command = "cd /d \"" + folder + "\" && set WIN32_REPLAY=steps&& ";
     for (size_t place = 0; place < environment.size();) {
@@ -11,5 +12,5 @@ int playReplay(const std::string &program, const std::string &folder, const std:
         place = end + 1;
     }
     // The shell takes the outer pair of quotes off.
-    return system(('"' + command + '"' + folderOfProgram() + program + ".exe\" 2> errors\"").c_str());
+    return system(('"' + command + '"' + folderOfProgram() + program + ".exe\" " + arguments + " > output 2> errors\"").c_str());
 }

@@ -4,7 +4,9 @@
 // again, with the right one it reads messages; the main window's title then tells how many places were seen.
 #include <windows.h>
 
+#include <set>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -28,22 +30,14 @@ void openDocument()
     UpdateWindow(window);
 }
 
-void tellSeen(int count)
+// Windows may lose a place when much goes on.
+void tellSeen(size_t count)
 {
-    SetWindowTextA(mainWindow, ("Seen " + std::to_string(count)).c_str());
+    SetWindowTextA(mainWindow, ("Seen about " + std::to_string((count + 5) / 10 * 10)).c_str());
 }
 
-// Where the mouse was, the same place one after another counting once.
-struct Places {
-    int count = 0;
-    POINT last{-1, -1};
-
-    void see(POINT point)
-    {
-        count += point.x != last.x || point.y != last.y;
-        last = point;
-    }
-};
+// Where the mouse was, each place once: Windows may tell an earlier one again.
+using Places = std::set<std::pair<LONG, LONG>>;
 
 void followMouse()
 {
@@ -51,9 +45,9 @@ void followMouse()
     while (GetAsyncKeyState(VK_LBUTTON) & 0x8000) {
         POINT point;
         GetCursorPos(&point);
-        places.see(point);
+        places.insert({point.x, point.y});
     }
-    tellSeen(places.count);
+    tellSeen(places.size());
 }
 
 void followMessages(HWND window)
@@ -63,11 +57,11 @@ void followMessages(HWND window)
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0 && message.message != WM_RBUTTONUP) {
         if (message.message == WM_MOUSEMOVE)
-            places.see(message.pt);
+            places.insert({message.pt.x, message.pt.y});
         DispatchMessageA(&message);
     }
     ReleaseCapture();
-    tellSeen(places.count);
+    tellSeen(places.size());
 }
 
 LRESULT CALLBACK documentProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)

@@ -6,11 +6,23 @@
 namespace classic {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '$'; }
-bool isWordPart(char c) { return isLetter(c) || isDigit(c); }
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+bool isLetter(char c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '$';
+}
+bool isWordPart(char c)
+{
+    return isLetter(c) || isDigit(c);
+}
 // 0xCA is the space of a Macintosh's Option key, which editors put into sources unseen.
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\xCA'; }
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\xCA';
+}
 
 template <size_t count> bool isOneOf(std::string_view word, const std::string_view (&words)[count])
 {
@@ -176,7 +188,8 @@ private:
 
     void word()
     {
-        static const std::string_view prefixes[] = {"L", "u", "U", "u8"}, rawPrefixes[] = {"R", "LR", "uR", "UR", "u8R"};
+        static const std::string_view prefixes[] = {"L", "u", "U", "u8"},
+                                      rawPrefixes[] = {"R", "LR", "uR", "UR", "u8R"};
         size_t end = wordEnd(position_);
         std::string_view word = text_.substr(position_, end - position_);
         if (at(end) == '"' && isOneOf(word, rawPrefixes)) {
@@ -235,9 +248,8 @@ private:
         size_t position = position_;
         for (;;) {
             char c = at(position), following = at(position + 1);
-            if ((c == 'e' || c == 'E' || c == 'p' || c == 'P') && (following == '+' || following == '-'))
-                position += 2;
-            else if (c == '\'' && isWordPart(following))
+            bool isExponent = c == 'e' || c == 'E' || c == 'p' || c == 'P';
+            if ((isExponent && (following == '+' || following == '-')) || (c == '\'' && isWordPart(following)))
                 position += 2;
             else if (isWordPart(c) || c == '.')
                 ++position;
@@ -256,7 +268,10 @@ private:
 
 } // namespace
 
-std::vector<Token> tokenize(std::string_view text) { return Lexer(text).run(); }
+std::vector<Token> tokenize(std::string_view text)
+{
+    return Lexer(text).run();
+}
 
 size_t spliceLength(std::string_view text, size_t position)
 {

@@ -2,6 +2,8 @@
 #include "edits.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 #include <iterator>
 
 namespace classic {
@@ -50,16 +52,16 @@ void narrowNumber(Source &source, const Token &token)
     std::string_view text = token.text(source.text);
     bool isHexadecimal = text.starts_with("0x") || text.starts_with("0X");
     size_t digits = isHexadecimal ? 2 : 0;
-    size_t suffix = std::min(text.find_first_not_of(isHexadecimal ? "0123456789abcdefABCDEF" : "0123456789", digits),
-                             text.size());
+    size_t suffix =
+        std::min(text.find_first_not_of(isHexadecimal ? "0123456789abcdefABCDEF" : "0123456789", digits), text.size());
     std::string letters(text.substr(suffix));
     std::transform(letters.begin(), letters.end(), letters.begin(), [](char c) { return c == 'l' ? 'L' : c; });
     if (letters != "L" && letters != "uL" && letters != "UL" && letters != "Lu" && letters != "LU")
         return;
-    size_t first = std::min(text.find_first_not_of('0', digits), suffix);
-    std::string value(text.substr(first, suffix - first));
+    uint32_t value;
     int base = isHexadecimal ? 16 : text[0] == '0' ? 8 : 10;
-    if (value.size() > 11 || (!value.empty() && std::stoull(value, nullptr, base) > 0xFFFFFFFF))
+    auto [end, error] = std::from_chars(text.data() + digits, text.data() + suffix, value, base);
+    if (error != std::errc() || end != text.data() + suffix)
         return;
     size_t letter = token.begin + suffix + letters.find('L');
     source.edits.push_back({letter, letter + 1, ""});

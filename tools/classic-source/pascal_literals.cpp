@@ -74,7 +74,8 @@ private:
     size_t convert(size_t first)
     {
         const Token &literal = token(first);
-        if (first > 0 && token(first - 1).kind == TokenKind::String && token(first - 1).definition == literal.definition) {
+        if (first > 0 && token(first - 1).kind == TokenKind::String
+            && token(first - 1).definition == literal.definition) {
             source_.report(literal, "\\p does not begin the string, another literal does");
             return first;
         }
@@ -133,8 +134,7 @@ private:
         const Token &literal = token(first);
         bool isPlain = initialisesArray(first);
         if (!isPlain)
-            source_.edits.push_back(
-                {literal.begin, literal.begin, "MTBX_PASCAL_(" + std::to_string(count + 2) + ", "});
+            source_.edits.push_back({literal.begin, literal.begin, "MTBX_PASCAL_(" + std::to_string(count + 2) + ", "});
         source_.edits.push_back({literal.content, literal.content + 2, octalEscape(static_cast<unsigned char>(count))});
         if (!isPlain)
             source_.edits.push_back({token(last).end, token(last).end, ")"});
@@ -249,6 +249,9 @@ bool isPascalLiteral(const Source &source, const Token &token)
     return token.kind == TokenKind::String && !token.hasPrefix && token.contentText(source.text).starts_with("\\p");
 }
 
-void convertPascalLiterals(Source &source, Encoding encoding) { PascalLiterals(source, encoding).run(); }
+void convertPascalLiterals(Source &source, Encoding encoding)
+{
+    PascalLiterals(source, encoding).run();
+}
 
 } // namespace classic

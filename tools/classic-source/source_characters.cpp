@@ -63,8 +63,7 @@ void convertLiteral(Source &source, const Token &token, Encoding encoding)
 
 void convertOther(Source &source, const Token &token)
 {
-    for (const Character &character :
-         foreignCharacters(source.text, token.begin, token.end, Encoding::MacRoman)) {
+    for (const Character &character : foreignCharacters(source.text, token.begin, token.end, Encoding::MacRoman)) {
         bool isSpace = token.kind == TokenKind::Blank;
         source.edits.push_back({character.begin, character.end, isSpace ? " " : toUtf8(character.value)});
     }

@@ -2,32 +2,28 @@
 #include "screen/injection.h"
 
 #include "held_buttons.h"
-
+#include "pointer.h"
 #include "program_thread.h"
 #include "program_windows.h"
+
+#include <atomic>
 
 namespace win32::screen {
 namespace {
 
-bool isHeld[3];
-
-RECT allMonitors()
-{
-    LONG left = GetSystemMetrics(SM_XVIRTUALSCREEN), top = GetSystemMetrics(SM_YVIRTUALSCREEN);
-    return {left, top, left + GetSystemMetrics(SM_CXVIRTUALSCREEN), top + GetSystemMetrics(SM_CYVIRTUALSCREEN)};
-}
+std::atomic<bool> isHeld[3];
 
 } // namespace
 
 void injectMove(POINT point)
 {
-    sendMove(point, allMonitors());
+    replay::moveMouse(point);
 }
 
 void injectButton(MouseButton button, Press press)
 {
-    sendButton(button, press);
     isHeld[static_cast<int>(button)] = press == Press::Down;
+    sendButton(button, press);
 }
 
 void injectWheel(int notches)

@@ -1,5 +1,7 @@
 #include "program_thread.h"
 
+#include "replay.h"
+
 #include <algorithm>
 
 namespace replay {
@@ -11,11 +13,12 @@ constexpr UINT longestQuestion = 1000;
 
 HWND listener;
 DWORD thread;
+bool (*idleTest)();
 
 bool isQueueEmpty()
 {
     constexpr UINT work = QS_INPUT | QS_POSTMESSAGE | QS_ALLPOSTMESSAGE | QS_PAINT;
-    return HIWORD(GetQueueStatus(work)) == 0;
+    return HIWORD(GetQueueStatus(work)) == 0 && (!idleTest || idleTest());
 }
 
 LRESULT CALLBACK answer(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -71,3 +74,8 @@ void postQuitToProgram()
 }
 
 } // namespace replay
+
+void Replay_SetIdleTest(bool (*isIdle)())
+{
+    replay::idleTest = isIdle;
+}

@@ -13,12 +13,12 @@ BOOL CALLBACK add(HWND window, LPARAM list)
     return TRUE;
 }
 
+} // namespace
+
 bool hasCaption(HWND window)
 {
     return (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
 }
-
-} // namespace
 
 // EnumWindows goes by what lies on top; EnumThreadWindows need not.
 Windows windowsOnDesktop()
@@ -74,10 +74,12 @@ HWND frontOnDesktop()
     return nullptr;
 }
 
+// Palettes of tools float above the window that counts.
 HWND topmostWithTitle(HWND parent)
 {
     HWND window = GetWindow(parent, GW_CHILD);
-    while (window && !(IsWindowVisible(window) && hasCaption(window)))
+    auto isPalette = [](HWND each) { return (GetWindowLongA(each, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0; };
+    while (window && !(IsWindowVisible(window) && hasCaption(window) && !isPalette(window)))
         window = GetWindow(window, GW_HWNDNEXT);
     return window;
 }

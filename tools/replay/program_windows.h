@@ -12,6 +12,7 @@ namespace replay {
 std::vector<HWND> windowsOnDesktop();
 // The visible ones on the desktop and those with a caption in them.
 std::vector<HWND> shownWindows();
+bool hasCaption(HWND window);
 // Without asking the window. In UTF-8.
 std::string titleOf(HWND window);
 // The active window, or the topmost; null for none.

@@ -5,10 +5,12 @@
 #include "png_writer.h"
 #include "program_thread.h"
 #include "program_windows.h"
+#include "screen/injection.h"
 #include "window_picture.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 using namespace replay;
 
@@ -18,42 +20,60 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
+SIZE realScreen()
+{
+    return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+}
+
 // What the replay takes for the screen, at the corner of the first monitor. The player may begin before this file's
 // variables do.
 SIZE &screen()
 {
-    static SIZE size{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    static SIZE size = realScreen();
     return size;
 }
 
-// On the replay's screen, as large as there: maximised ones hang over it with their frames.
+// What lies outside is moved inside when there is room for it.
+LONG placed(LONG start, LONG size, LONG available)
+{
+    return size <= available ? std::clamp<LONG>(start, 0, available - size) : start;
+}
+
+// As on a screen of the replay's size. Maximised windows hang over it with their frames.
 void place(HWND window)
 {
     RECT rect;
     GetWindowRect(window, &rect);
-    LONG overlap = IsZoomed(window) ? GetSystemMetrics(SM_CXFRAME) : 0;
-    LONG width = std::min<LONG>(rect.right - rect.left, screen().cx + 2 * overlap);
-    LONG height = std::min<LONG>(rect.bottom - rect.top, screen().cy + 2 * overlap);
-    LONG left = std::clamp<LONG>(rect.left, -overlap, screen().cx + overlap - width);
-    LONG top = std::clamp<LONG>(rect.top, -overlap, screen().cy + overlap - height);
-    bool isInside =
-        left == rect.left && top == rect.top && width == rect.right - rect.left && height == rect.bottom - rect.top;
-    if (!isInside)
-        SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    SIZE size{rect.right - rect.left, rect.bottom - rect.top};
+    POINT corner{placed(rect.left, size.cx, screen().cx), placed(rect.top, size.cy, screen().cy)};
+    if (IsZoomed(window)) {
+        LONG overlap = GetSystemMetrics(SM_CXFRAME);
+        corner = {-overlap, -overlap};
+        size = {screen().cx + 2 * overlap, screen().cy + 2 * overlap};
+    }
+    RECT wanted{corner.x, corner.y, corner.x + size.cx, corner.y + size.cy};
+    if (!EqualRect(&wanted, &rect))
+        SetWindowPos(window, nullptr, corner.x, corner.y, size.cx, size.cy,
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS);
 }
 
-// A real screen may be larger than the replay's, so windows may open outside of that. Once for each: later the program
-// or the replay may move it out.
+// The real screen may be larger than the replay's, so windows may open outside of that. Once for each, and again when
+// it is maximised: otherwise the program or the replay may move it out. Menus and the like are left where they are.
 void placeNewWindows()
 {
-    static std::vector<HWND> placedWindows;
-    std::vector<HWND> windows = windowsOnDesktop();
-    std::erase_if(windows, [](HWND window) { return !IsWindowVisible(window); });
-    for (HWND window : windows) {
-        if (std::find(placedWindows.begin(), placedWindows.end(), window) == placedWindows.end())
+    using Placed = std::pair<HWND, bool>; // and whether it is maximised
+    static std::vector<Placed> placedWindows;
+    if (screen().cx == realScreen().cx && screen().cy == realScreen().cy)
+        return;
+    std::vector<Placed> now;
+    for (HWND window : windowsOnDesktop()) {
+        if (!IsWindowVisible(window) || !hasCaption(window))
+            continue;
+        now.emplace_back(window, IsZoomed(window) != FALSE);
+        if (std::find(placedWindows.begin(), placedWindows.end(), now.back()) == placedWindows.end())
             place(window);
     }
-    placedWindows = std::move(windows);
+    placedWindows = std::move(now);
 }
 
 bool isIdle(milliseconds longest)
@@ -65,7 +85,7 @@ bool isIdle(milliseconds longest)
 // times at the buttons. looks: their number when it last read messages.
 bool isTrackingOrIdle(unsigned &looks, milliseconds longest)
 {
-    constexpr unsigned looksOfLoop = 3;
+    constexpr unsigned looksOfLoop = 6; // some programs look twice before they see where the mouse is
     constexpr milliseconds longestAtOnce{2};
     if (buttonLooks() - looks >= looksOfLoop)
         return true;
@@ -79,7 +99,10 @@ bool isTrackingOrIdle(unsigned &looks, milliseconds longest)
 
 void startPlayerThread(void (*play)())
 {
-    std::thread(play).detach();
+    std::thread([play] {
+        injectMove({0, 0}); // wherever a person left it
+        play();
+    }).detach();
 }
 
 // Without the libraries' farewells, which would wait for locks of threads that are no more.

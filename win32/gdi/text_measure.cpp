@@ -64,7 +64,7 @@ BOOL GetTextMetricsA(HDC context, LPTEXTMETRICA metrics)
         for (LONG *height :
              {&metrics->tmAscent, &metrics->tmDescent, &metrics->tmInternalLeading, &metrics->tmExternalLeading})
             *height = logicalHeight(dc, *height);
-        metrics->tmHeight = metrics->tmAscent + metrics->tmDescent;
+        metrics->tmHeight = wrappingSum(metrics->tmAscent, metrics->tmDescent);
         for (LONG *width : {&metrics->tmAveCharWidth, &metrics->tmMaxCharWidth, &metrics->tmOverhang})
             *width = logicalWidth(dc, *width);
     });

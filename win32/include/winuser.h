@@ -9,6 +9,7 @@
 #define RT_CURSOR ((LPSTR)1)
 #define RT_BITMAP ((LPSTR)2)
 #define RT_ICON ((LPSTR)3)
+#define RT_MENU ((LPSTR)4)
 #define RT_STRING ((LPSTR)6)
 #define RT_GROUP_CURSOR ((LPSTR)12)
 #define RT_GROUP_ICON ((LPSTR)14)
@@ -31,6 +32,14 @@ WINUSERAPI BOOL WINAPI ScrollDC(HDC context, int x, int y, const RECT *area, con
 
 #define LoadBitmap LoadBitmapA
 #define LoadString LoadStringA
+#define AppendMenu AppendMenuA
+#define InsertMenu InsertMenuA
+#define ModifyMenu ModifyMenuA
+#define GetMenuString GetMenuStringA
+#define GetMenuItemInfo GetMenuItemInfoA
+#define SetMenuItemInfo SetMenuItemInfoA
+#define LoadMenu LoadMenuA
+#define LoadMenuIndirect LoadMenuIndirectA
 #define CharNext CharNextA
 #define CharPrev CharPrevA
 
@@ -132,7 +141,9 @@ WINUSERAPI BOOL WINAPI ScrollDC(HDC context, int x, int y, const RECT *area, con
 #define WM_MENUSELECT 0x011F
 #define WM_MENUCHAR 0x0120
 #define WM_ENTERIDLE 0x0121
+#define WM_MENURBUTTONUP 0x0122
 #define WM_UNINITMENUPOPUP 0x0125
+#define WM_MENUCOMMAND 0x0126
 #define WM_CTLCOLORMSGBOX 0x0132
 #define WM_CTLCOLOREDIT 0x0133
 #define WM_CTLCOLORLISTBOX 0x0134
@@ -1068,6 +1079,7 @@ WINUSERAPI HMONITOR WINAPI MonitorFromWindow(HWND window, DWORD flags);
 #define SPI_GETWORKAREA 0x0030
 #define SPI_GETDRAGFULLWINDOWS 0x0026
 #define SPI_GETWHEELSCROLLLINES 0x0068
+#define SPI_GETMENUSHOWDELAY 0x006A
 // The actions named above; others give FALSE with ERROR_INVALID_PARAMETER.
 WINUSERAPI BOOL WINAPI SystemParametersInfoA(UINT action, UINT parameter, PVOID data, UINT update);
 // 0xFFFFFFFF is the plain sound. Without a loudspeaker the call is heard by nobody.
@@ -1576,5 +1588,69 @@ WINUSERAPI BOOL WINAPI GetMenuInfo(HMENU menu, LPMENUINFO info);
 WINUSERAPI BOOL WINAPI SetMenuInfo(HMENU menu, LPCMENUINFO info);
 WINUSERAPI HMENU WINAPI GetMenu(HWND window);
 WINUSERAPI BOOL WINAPI SetMenu(HWND window, HMENU menu);
+WINUSERAPI BOOL WINAPI DrawMenuBar(HWND window);
+WINUSERAPI BOOL WINAPI HiliteMenuItem(HWND window, HMENU menu, UINT item, UINT flags);
+// With a null window only a menu that is on the screen as a pop-up has rectangles.
+WINUSERAPI BOOL WINAPI GetMenuItemRect(HWND window, HMENU menu, UINT item, LPRECT rect);
+WINUSERAPI HMENU WINAPI GetSystemMenu(HWND window, BOOL reset);
+typedef void MENUTEMPLATEA;
+WINUSERAPI HMENU WINAPI LoadMenuA(HINSTANCE module, LPCSTR name);
+WINUSERAPI HMENU WINAPI LoadMenuIndirectA(const MENUTEMPLATEA *menuTemplate);
+
+#define MSGF_MENU 2
+#define MNC_IGNORE 0
+#define MNC_CLOSE 1
+#define MNC_EXECUTE 2
+#define MNC_SELECT 3
+
+#define ODT_MENU 1
+#define ODA_DRAWENTIRE 0x0001
+#define ODA_SELECT 0x0002
+#define ODS_SELECTED 0x0001
+#define ODS_GRAYED 0x0002
+#define ODS_DISABLED 0x0004
+#define ODS_CHECKED 0x0008
+#define ODS_DEFAULT 0x0020
+typedef struct tagMEASUREITEMSTRUCT {
+    UINT CtlType;
+    UINT CtlID;
+    UINT itemID;
+    UINT itemWidth;
+    UINT itemHeight;
+    ULONG_PTR itemData;
+} MEASUREITEMSTRUCT, *PMEASUREITEMSTRUCT, *LPMEASUREITEMSTRUCT;
+typedef struct tagDRAWITEMSTRUCT {
+    UINT CtlType;
+    UINT CtlID;
+    UINT itemID;
+    UINT itemAction;
+    UINT itemState;
+    HWND hwndItem; // of a menu's item the menu
+    HDC hDC;
+    RECT rcItem;
+    ULONG_PTR itemData;
+} DRAWITEMSTRUCT, *PDRAWITEMSTRUCT, *LPDRAWITEMSTRUCT;
+
+#define TPM_LEFTBUTTON 0x0000
+#define TPM_RECURSE 0x0001
+#define TPM_RIGHTBUTTON 0x0002
+#define TPM_LEFTALIGN 0x0000
+#define TPM_CENTERALIGN 0x0004
+#define TPM_RIGHTALIGN 0x0008
+#define TPM_TOPALIGN 0x0000
+#define TPM_VCENTERALIGN 0x0010
+#define TPM_BOTTOMALIGN 0x0020
+#define TPM_HORIZONTAL 0x0000
+#define TPM_VERTICAL 0x0040
+#define TPM_NONOTIFY 0x0080
+#define TPM_RETURNCMD 0x0100
+typedef struct tagTPMPARAMS {
+    UINT cbSize;
+    RECT rcExclude;
+} TPMPARAMS, *LPTPMPARAMS;
+WINUSERAPI BOOL WINAPI TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int reserved, HWND owner, const RECT *ignored);
+WINUSERAPI BOOL WINAPI TrackPopupMenuEx(HMENU menu, UINT flags, int x, int y, HWND owner, LPTPMPARAMS parameters);
+// Ends the menu that the calling thread shows.
+WINUSERAPI BOOL WINAPI EndMenu(void);
 
 #endif

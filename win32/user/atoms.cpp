@@ -2,8 +2,10 @@
 
 #include "kernel/kernel_internal.h"
 
+#include <algorithm>
 #include <cstring>
 #include <mutex>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -14,24 +16,42 @@ constexpr unsigned firstAtom = 0xc000;
 constexpr size_t mostAtoms = 0x10000 - firstAtom;
 constexpr size_t longestName = 255;
 
+// Names are looked up as they come, in either case: a known one needs no memory.
+struct FoldedHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view name) const
+    {
+        uint64_t hash = 0xcbf29ce484222325;
+        for (char character : name)
+            hash = (hash ^ static_cast<unsigned char>(lowerAscii(character))) * 0x100000001b3;
+        return static_cast<size_t>(hash);
+    }
+};
+struct FoldedEqual {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const
+    {
+        return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                          [](char x, char y) { return lowerAscii(x) == lowerAscii(y); });
+    }
+};
+
 struct Table {
     std::mutex mutex;
-    std::unordered_map<std::string, ATOM> byFoldedName;
+    std::unordered_map<std::string, ATOM, FoldedHash, FoldedEqual> byName;
     std::vector<std::string> names;
+
+    ATOM find(std::string_view name) const
+    {
+        auto found = byName.find(name);
+        return found != byName.end() ? found->second : ATOM{0};
+    }
 };
 
 Table &table()
 {
     static Table *made = new Table;
     return *made;
-}
-
-std::string folded(LPCSTR name)
-{
-    std::string result(name);
-    for (char &character : result)
-        character = lowerAscii(character);
-    return result;
 }
 
 bool isAtom(LPCSTR name)
@@ -46,17 +66,15 @@ ATOM add(LPCSTR name)
     if (!*name || strnlen(name, longestName + 1) > longestName)
         return fail(ERROR_INVALID_PARAMETER, ATOM{0});
     return guarded(ATOM{0}, [&]() -> ATOM {
-        std::string key = folded(name);
         std::lock_guard lock(table().mutex);
-        auto found = table().byFoldedName.find(key);
-        if (found != table().byFoldedName.end())
-            return found->second;
+        if (ATOM known = table().find(name))
+            return known;
         if (table().names.size() == mostAtoms)
             return fail(ERROR_NOT_ENOUGH_MEMORY, ATOM{0});
         auto atom = static_cast<ATOM>(firstAtom + table().names.size());
         table().names.emplace_back(name);
         try {
-            table().byFoldedName.emplace(std::move(key), atom);
+            table().byName.emplace(name, atom);
         } catch (...) {
             table().names.pop_back();
             throw;
@@ -67,12 +85,8 @@ ATOM add(LPCSTR name)
 
 ATOM find(LPCSTR name)
 {
-    return guarded(ATOM{0}, [&]() -> ATOM {
-        std::string key = folded(name);
-        std::lock_guard lock(table().mutex);
-        auto found = table().byFoldedName.find(key);
-        return found != table().byFoldedName.end() ? found->second : ATOM{0};
-    });
+    std::lock_guard lock(table().mutex);
+    return table().find(name);
 }
 
 std::string nameOf(ATOM atom)

@@ -81,9 +81,35 @@ void settleDefaults(CREATESTRUCTA &record)
     }
 }
 
+// The menu that the class names, for a window that was given none: the window's once it is made.
+class ClassMenu {
+public:
+    explicit ClassMenu(const Creation &creation)
+    {
+        const WindowClass &windowClass = *creation.windowClass;
+        bool isChild = (creation.record.style & (WS_CHILD | WS_POPUP)) == WS_CHILD;
+        if (isChild || creation.record.hMenu)
+            return;
+        if (!windowClass.menuName.empty())
+            menu_ = LoadMenuA(windowClass.instance, windowClass.menuName.c_str());
+        else if (windowClass.menuNumber)
+            menu_ = LoadMenuA(windowClass.instance, reinterpret_cast<LPCSTR>(windowClass.menuNumber));
+    }
+    ~ClassMenu() { destroyMenuTree(menu_); }
+    ClassMenu(const ClassMenu &) = delete;
+    ClassMenu &operator=(const ClassMenu &) = delete;
+
+    HMENU get() const { return menu_; }
+    void release() { menu_ = nullptr; }
+
+private:
+    HMENU menu_ = nullptr;
+};
+
 // The handle of the new window, in the tree but without a word to its procedure yet.
 HWND enterWindow(const Creation &creation)
 {
+    ClassMenu classMenu(creation);
     const CREATESTRUCTA &record = creation.record;
     auto window = std::make_unique<Window>(*creation.windowClass);
     window->procedure = creation.windowClass->procedure;
@@ -99,7 +125,7 @@ HWND enterWindow(const Creation &creation)
     else if (record.hMenu && !findMenu(record.hMenu))
         return nullptr;
     else
-        window->menu = record.hMenu;
+        window->menu = record.hMenu ? record.hMenu : classMenu.get();
     POINT origin = window->isChild() ? clientOrigin(*creation.parent) : POINT{0, 0};
     gdi::Box box{record.x, record.y, gdi::wrappingSum(record.x, std::max(record.cx, 0)),
                  gdi::wrappingSum(record.y, std::max(record.cy, 0))};
@@ -110,6 +136,7 @@ HWND enterWindow(const Creation &creation)
     ++creation.windowClass->windowCount;
     setOwner(*window, creation.owner);
     linkBelow(*window, window->isChild() ? creation.parent->lastChild : nullptr);
+    classMenu.release();
     return window.release()->hwnd();
 }
 

@@ -47,6 +47,9 @@ Cursor *findCursor(HCURSOR handle);
 // Enters a cursor into the table of handles. Null with the last error set when that fails.
 HCURSOR enterCursor(std::unique_ptr<Cursor> cursor);
 
+// Draws an icon in the size of a rectangle.
+BOOL drawIcon(HDC context, const RECT &rect, HICON icon);
+
 // The picture that shows at this moment; null for none.
 const Cursor *shownCursor();
 // How long it stays if nothing changes it; INFINITE for a cursor that is not animated.

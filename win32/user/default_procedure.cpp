@@ -2,6 +2,8 @@
 #include "focus.h"
 #include "frame.h"
 #include "kernel/kernel_internal.h"
+#include "menu_bar.h"
+#include "menu_loop.h"
 #include "message_queue.h"
 #include "placement.h"
 #include "position_flags.h"
@@ -96,11 +98,14 @@ LRESULT paint(HWND handle)
 
 LRESULT calculateClient(HWND handle, WPARAM isFull, LPARAM parameter)
 {
-    UserLock lock;
-    Window *window = findWindowQuietly(handle);
-    if (!window || !parameter)
+    if (!parameter)
         return 0;
     RECT &rect = isFull ? reinterpret_cast<NCCALCSIZE_PARAMS *>(parameter)->rgrc[0] : *reinterpret_cast<RECT *>(parameter);
+    layOutMenuBar(handle, gdi::wrappingDifference(rect.right, rect.left));
+    UserLock lock;
+    Window *window = findWindowQuietly(handle);
+    if (!window)
+        return 0;
     shrinkToClient(*window, rect);
     UINT classStyle = window->windowClass->style;
     LRESULT result = 0;
@@ -220,6 +225,12 @@ LRESULT carryOutSystemCommand(HWND handle, WPARAM command, LPARAM point)
         break;
     case SC_CLOSE:
         return sendMessage(handle, WM_CLOSE, 0, 0);
+    case SC_MOUSEMENU:
+        trackMenuByMouse(handle, static_cast<int>(command & 0xf), screenPoint);
+        break;
+    case SC_KEYMENU:
+        trackMenuByKey(handle, static_cast<WORD>(point));
+        break;
     default:
         break;
     }
@@ -288,9 +299,34 @@ LRESULT controlColor(HDC context, UINT message)
     return reinterpret_cast<LRESULT>(GetSysColorBrush(isField ? COLOR_WINDOW : COLOR_3DFACE));
 }
 
+constexpr LPARAM altIsDown = 1 << 29, wasDown = 1 << 30;
+
+// Alt or F10, pressed and let go with nothing between, goes to the menu.
+LRESULT menuKeyUp(HWND handle, WPARAM key)
+{
+    if ((key == VK_MENU || key == VK_F10) && std::exchange(MessageQueue::current().menuKey, 0) == key)
+        sendMessage(GetAncestor(handle, GA_ROOT), WM_SYSCOMMAND, SC_KEYMENU, 0);
+    constexpr LPARAM byKey = -1;
+    if (key == VK_APPS)
+        sendMessage(handle, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle), byKey);
+    return 0;
+}
+
+// Alt with a letter opens the menu that it marks.
+LRESULT systemCharacter(HWND handle, WPARAM character, LPARAM parameter)
+{
+    MessageQueue::current().menuKey = 0;
+    bool isForMenu = (parameter & altIsDown) && character != VK_TAB && character != VK_ESCAPE && character != VK_RETURN;
+    if (isForMenu)
+        sendMessage(handle, WM_SYSCOMMAND, SC_KEYMENU, static_cast<LPARAM>(character));
+    return 0;
+}
+
 LRESULT systemKey(HWND handle, WPARAM key, LPARAM parameter)
 {
-    constexpr LPARAM altIsDown = 1 << 29;
+    bool isMenuKey = (key == VK_MENU || (key == VK_F10 && GetKeyState(VK_SHIFT) >= 0)) && !(parameter & wasDown);
+    if (isMenuKey)
+        MessageQueue::current().menuKey = static_cast<BYTE>(key);
     if (key == VK_F4 && (parameter & altIsDown)) {
         HWND top = GetAncestor(handle, GA_ROOT);
         UINT classStyle = factsOf(top).classStyle;
@@ -306,6 +342,35 @@ LRESULT passToParent(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
     return parent ? sendMessage(parent, message, wParam, lParam) : 0;
 }
 
+POINT pointOf(LPARAM parameter)
+{
+    return {static_cast<short>(LOWORD(parameter)), static_cast<short>(HIWORD(parameter))};
+}
+
+bool isOfCaption(int hit)
+{
+    return hit == HTCAPTION || hit == HTSYSMENU;
+}
+
+LRESULT rightButtonUpInFrame(HWND handle, int hit, LPARAM parameter)
+{
+    if (isOfCaption(hit))
+        sendMessage(handle, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle), parameter);
+    return 0;
+}
+
+// In the caption it is the system menu, elsewhere the parent may have one.
+LRESULT showContextMenu(HWND handle, WPARAM from, LPARAM parameter)
+{
+    constexpr LPARAM byKey = -1;
+    bool isHere = reinterpret_cast<HWND>(from) == handle && parameter != byKey;
+    if (isHere && isOfCaption(defaultHitTest(handle, pointOf(parameter)))) {
+        trackSystemMenuAt(handle, pointOf(parameter));
+        return 0;
+    }
+    return passToParent(handle, WM_CONTEXTMENU, from, parameter);
+}
+
 LRESULT rightButtonUp(HWND handle, LPARAM parameter)
 {
     POINT point{static_cast<short>(LOWORD(parameter)), static_cast<short>(HIWORD(parameter))};
@@ -314,10 +379,6 @@ LRESULT rightButtonUp(HWND handle, LPARAM parameter)
     return 0;
 }
 
-POINT pointOf(LPARAM parameter)
-{
-    return {static_cast<short>(LOWORD(parameter)), static_cast<short>(HIWORD(parameter))};
-}
 
 } // namespace
 } // namespace win32::user
@@ -349,8 +410,15 @@ LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     case WM_SYSCOMMAND:
         return carryOutSystemCommand(window, wParam, lParam);
+    case WM_NCRBUTTONUP:
+        return rightButtonUpInFrame(window, static_cast<int>(wParam), lParam);
     case WM_SYSKEYDOWN:
         return systemKey(window, wParam, lParam);
+    case WM_KEYUP:
+    case WM_SYSKEYUP:
+        return menuKeyUp(window, wParam);
+    case WM_SYSCHAR:
+        return systemCharacter(window, wParam, lParam);
     case WM_SETTEXT:
         return setText(window, reinterpret_cast<LPCSTR>(lParam));
     case WM_GETTEXT:
@@ -406,6 +474,7 @@ LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_RBUTTONUP:
         return rightButtonUp(window, lParam);
     case WM_CONTEXTMENU:
+        return showContextMenu(window, wParam, lParam);
     case WM_MOUSEWHEEL:
         return passToParent(window, message, wParam, lParam);
     case WM_VKEYTOITEM:

@@ -60,6 +60,7 @@ void release(HWND handle)
     releaseContextsOf(*window);
     if (!window->isChild())
         destroyMenuTree(window->menu);
+    destroyMenuTree(window->systemMenu);
     removeObject(window.get());
     --window->windowClass->windowCount;
 }

@@ -153,7 +153,7 @@ TextBlock::TextBlock(HDC context, RECT &rect, UINT flags, const DRAWTEXTPARAMS *
         area_.left = wrappingSum(area_.left, leftMargin_);
         area_.right = wrappingDifference(area_.right, rightMargin_);
     }
-    lineHeight_ = metrics_.tmHeight + (flags_ & DT_EXTERNALLEADING ? metrics_.tmExternalLeading : 0);
+    lineHeight_ = wrappingSum(metrics_.tmHeight, flags_ & DT_EXTERNALLEADING ? metrics_.tmExternalLeading : 0);
 }
 
 // Where text ends that begins at x, counted from the start of its line.
@@ -166,7 +166,7 @@ int TextBlock::advanced(std::string_view text, int x) const
         x = wrappingSum(x, widthOf(context_, text.substr(0, tab)));
         if (tab == none)
             return x;
-        x = wrappingSum(x, tabWidth_ - x % tabWidth_);
+        x = wrappingSum(x, wrappingDifference(tabWidth_, x % tabWidth_));
         text.remove_prefix(tab + 1);
     }
 }
@@ -234,7 +234,7 @@ std::string_view TextBlock::withEllipsis(const Line &line)
     bool isWanted = (flags_ & DT_WORD_ELLIPSIS) || (line.isLast && (flags_ & (DT_END_ELLIPSIS | DT_PATH_ELLIPSIS)));
     if (!isWanted || advanced(line.text, 0) <= width())
         return line.text;
-    int room = std::max(width(), 0) - widthOf(context_, ellipsis);
+    int room = wrappingDifference(std::max(width(), 0), widthOf(context_, ellipsis));
     std::string_view tail;
     if (flags_ & DT_PATH_ELLIPSIS) {
         size_t separator = line.text.rfind('\\');
@@ -242,7 +242,7 @@ std::string_view TextBlock::withEllipsis(const Line &line)
             tail = line.text.substr(separator);
     }
     std::string_view head = line.text.substr(0, line.text.size() - tail.size());
-    size_t kept = fitting(context_, head, room - widthOf(context_, tail));
+    size_t kept = fitting(context_, head, wrappingDifference(room, widthOf(context_, tail)));
     shortened_.assign(head.substr(0, kept)).append(ellipsis).append(tail);
     return shortened_;
 }
@@ -251,7 +251,7 @@ int TextBlock::startOf(int lineWidth) const
 {
     int room = wrappingDifference(width(), lineWidth);
     if (flags_ & DT_CENTER)
-        return wrappingSum(area_.left, room >= 0 ? room / 2 : -((1 - room) / 2));
+        return wrappingSum(area_.left, room >> 1);
     return flags_ & DT_RIGHT ? wrappingSum(area_.left, room) : area_.left;
 }
 
@@ -280,7 +280,7 @@ void TextBlock::underline(std::string_view text, size_t place, int y)
     letter = letter.substr(0, characterLength(letter));
     int start = startOf(advanced(text, 0));
     int left = wrappingSum(start, advanced(text.substr(0, place), 0));
-    int top = wrappingSum(y, metrics_.tmAscent + 1);
+    int top = wrappingSum(wrappingSum(y, metrics_.tmAscent), 1);
     Box line{left, top, wrappingSum(left, widthOf(context_, letter)), wrappingSum(top, 1)};
     if (!(flags_ & DT_NOCLIP))
         line = intersected(line, boxOf(rect_));

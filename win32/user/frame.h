@@ -5,8 +5,13 @@
 
 namespace win32::user {
 
-// How much a frame takes on each side of the client area, scroll bars aside.
+// How much a frame takes on each side of the client area, scroll bars aside. A menu bar counts with one row.
 RECT frameMargins(DWORD style, DWORD extendedStyle, bool hasMenu);
+
+// A menu that the program has ended is none.
+bool hasMenuBar(const Window &window);
+// The space that the bar of a window has when the window is so wide, in coordinates that begin at its corner.
+RECT menuBarSpace(const Window &window, int width);
 
 // The parts of a window's frame, in coordinates that begin at the window's corner. Empty where there is none.
 struct FrameLayout {

@@ -35,12 +35,6 @@ int edgeOf(DWORD style, DWORD extendedStyle)
     return extendedStyle & WS_EX_STATICEDGE ? border + 1 : border;
 }
 
-// A menu that the program has ended takes no room.
-bool hasMenuBar(const Window &window)
-{
-    return !window.isChild() && findMenuQuietly(window.menu);
-}
-
 int captionHeight(DWORD extendedStyle)
 {
     return GetSystemMetrics(extendedStyle & WS_EX_TOOLWINDOW ? SM_CYSMCAPTION : SM_CYCAPTION);
@@ -96,6 +90,18 @@ void layScrollBars(const Window &window, FrameLayout &layout, RECT &client)
 
 } // namespace
 
+bool hasMenuBar(const Window &window)
+{
+    return !window.isChild() && findMenuQuietly(window.menu);
+}
+
+RECT menuBarSpace(const Window &window, int width)
+{
+    int edge = edgeOf(window.style, window.extendedStyle);
+    int top = edge + (hasCaption(window.style) ? captionHeight(window.extendedStyle) : 0);
+    return {edge, top, width - edge, top};
+}
+
 RECT frameMargins(DWORD style, DWORD extendedStyle, bool hasMenu)
 {
     int edge = edgeOf(style, extendedStyle);
@@ -129,7 +135,7 @@ FrameLayout layoutOf(const Window &window)
         return layout;
     if (hasMenuBar(window)) {
         layout.menuBar = inner;
-        layout.menuBar.bottom = inner.top + GetSystemMetrics(SM_CYMENU);
+        layout.menuBar.bottom = std::min<LONG>(inner.top + window.menuBarHeight, std::max(inner.top, inner.bottom));
         inner.top = layout.menuBar.bottom;
     }
     if (window.extendedStyle & WS_EX_CLIENTEDGE) {
@@ -147,7 +153,9 @@ void shrinkToClient(const Window &window, RECT &rect)
         rect.bottom = rect.top;
         return;
     }
-    RECT margins = frameMargins(window.style, window.extendedStyle, hasMenuBar(window));
+    RECT margins = frameMargins(window.style, window.extendedStyle, false);
+    if (hasMenuBar(window))
+        margins.top += window.menuBarHeight;
     rect.left += margins.left;
     rect.top += margins.top;
     rect.right = std::max(rect.right - margins.right, rect.left);

@@ -4,6 +4,7 @@
 #include "message_queue.h"
 #include "placement.h"
 #include "scroll_bar.h"
+#include "system_menu.h"
 
 namespace win32::user {
 namespace {
@@ -101,9 +102,9 @@ bool trackButton(HWND window, int hit)
     return isDone && isOn;
 }
 
-bool isButtonEnabled(DWORD style, int hit)
+bool isButtonEnabled(HWND window, DWORD style, int hit)
 {
-    return hit == HTCLOSE || (hit == HTMINBUTTON ? (style & WS_MINIMIZEBOX) != 0 : (style & WS_MAXIMIZEBOX) != 0);
+    return hit == HTCLOSE ? isCloseEnabled(window) : (hit == HTMINBUTTON ? (style & WS_MINIMIZEBOX) != 0 : (style & WS_MAXIMIZEBOX) != 0);
 }
 
 } // namespace
@@ -144,12 +145,17 @@ void pressInFrame(HWND window, int hit, POINT point, bool isDouble)
     case HTCLOSE:
     case HTMINBUTTON:
     case HTMAXBUTTON:
-        if (isButtonEnabled(style, hit) && trackButton(window, hit))
+        if (isButtonEnabled(window, style, hit) && trackButton(window, hit))
             sendMessage(window, WM_SYSCOMMAND, commandOf(hit, isMaximized, isMinimized), where);
         break;
     case HTSYSMENU:
-        if (isDouble)
+        if (isDouble && isCloseEnabled(window))
             sendMessage(window, WM_SYSCOMMAND, SC_CLOSE, where);
+        else if (!isDouble)
+            sendMessage(window, WM_SYSCOMMAND, SC_MOUSEMENU + HTSYSMENU, where);
+        break;
+    case HTMENU:
+        sendMessage(window, WM_SYSCOMMAND, SC_MOUSEMENU + HTMENU, where);
         break;
     case HTHSCROLL:
         trackScrollBar(window, SB_HORZ, point);

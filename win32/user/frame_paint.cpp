@@ -1,10 +1,13 @@
 // Paints frames: edges, caption, buttons, scroll bars.
 #include "control_text.h"
+#include "cursor.h"
 #include "frame.h"
 #include "gdi/font.h"
 #include "kernel/kernel_internal.h"
+#include "menu_bar.h"
 #include "message_queue.h"
 #include "scroll_bar.h"
+#include "system_menu.h"
 
 #include <cstring>
 
@@ -21,6 +24,7 @@ struct Picture {
     bool isActive;
     int buttonDown; // hit code of the caption's button that the mouse holds
     RECT clientEdge;
+    bool isCloseEnabled;
 };
 
 bool takePicture(HWND handle, Picture &picture)
@@ -30,7 +34,7 @@ bool takePicture(HWND handle, Picture &picture)
     if (!window || !isShown(*window))
         return false;
     picture = {layoutOf(*window), window->style,          window->extendedStyle, window->text,
-               window->smallIcon ? window->smallIcon : window->icon, window->isActiveFrame, window->captionButtonDown, {}};
+               window->smallIcon ? window->smallIcon : window->icon, window->isActiveFrame, window->captionButtonDown, {}, isCloseEnabled(handle)};
     picture.clientEdge = movedBack(window->clientRect, {window->windowRect.left, window->windowRect.top});
     return true;
 }
@@ -123,12 +127,14 @@ void paintCaption(HDC context, const Picture &picture)
     fill(context, line, COLOR_3DFACE);
     bar.bottom -= 1;
     fill(context, bar, picture.isActive ? COLOR_ACTIVECAPTION : COLOR_INACTIVECAPTION);
-    paintButton(context, layout.closeButton, DFCS_CAPTIONCLOSE, picture.buttonDown == HTCLOSE, true);
+    paintButton(context, layout.closeButton, DFCS_CAPTIONCLOSE, picture.buttonDown == HTCLOSE, picture.isCloseEnabled);
     paintButton(context, layout.maximizeButton,
                 picture.style & WS_MAXIMIZE ? UINT{DFCS_CAPTIONRESTORE} : UINT{DFCS_CAPTIONMAX},
                 picture.buttonDown == HTMAXBUTTON, (picture.style & WS_MAXIMIZEBOX) != 0);
     paintButton(context, layout.minimizeButton, picture.style & WS_MINIMIZE ? UINT{DFCS_CAPTIONRESTORE} : UINT{DFCS_CAPTIONMIN},
                 picture.buttonDown == HTMINBUTTON, (picture.style & WS_MINIMIZEBOX) != 0);
+    if (!IsRectEmpty(&layout.icon) && picture.icon)
+        drawIcon(context, layout.icon, picture.icon);
     paintTitle(context, picture);
 }
 
@@ -154,8 +160,7 @@ void paintFrame(HWND handle, HRGN area)
     }
     paintEdges(context, picture);
     paintCaption(context, picture);
-    if (!IsRectEmpty(&picture.layout.menuBar))
-        fill(context, picture.layout.menuBar, COLOR_MENU);
+    paintMenuBar(handle, context, picture.layout.menuBar);
     if (!IsRectEmpty(&picture.layout.corner))
         fill(context, picture.layout.corner, COLOR_3DFACE);
     paintScrollBars(handle, context, picture.layout);

@@ -121,8 +121,8 @@ private:
     uint32_t *pixels_ = nullptr;
 };
 
-// A copy in the size of icons, with which drawing can go on without a lock.
-std::unique_ptr<Cursor> drawnCopy(HICON icon)
+// A copy in a size, with which drawing can go on without a lock.
+std::unique_ptr<Cursor> drawnCopy(HICON icon, int width, int height)
 {
     UserLock lock;
     const Cursor *picture = findCursor(icon);
@@ -134,11 +134,26 @@ std::unique_ptr<Cursor> drawnCopy(HICON icon)
     copy->width = picture->width;
     copy->height = picture->height;
     copy->pixels = picture->pixels;
-    resize(*copy, GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON));
+    resize(*copy, width, height);
     return copy;
 }
 
 } // namespace
+
+BOOL drawIcon(HDC context, const RECT &rect, HICON icon)
+{
+    return guarded(FALSE, [&]() -> BOOL {
+        auto picture = drawnCopy(icon, rect.right - rect.left, rect.bottom - rect.top);
+        if (!picture)
+            return FALSE;
+        Copied copied(context, rect);
+        if (!copied.pixels())
+            return FALSE;
+        for (size_t i = 0; i < picture->pixels.size(); ++i)
+            copied.pixels()[i] = laidOn(copied.pixels()[i] & 0xFFFFFF, picture->pixels[i]);
+        return copied.putBack();
+    });
+}
 
 HCURSOR loadShared(HINSTANCE module, LPCSTR name, PictureKind kind)
 {
@@ -212,15 +227,5 @@ BOOL DestroyIcon(HICON icon)
 
 BOOL DrawIcon(HDC context, int x, int y, HICON icon)
 {
-    return guarded(FALSE, [&]() -> BOOL {
-        auto picture = drawnCopy(icon);
-        if (!picture)
-            return FALSE;
-        Copied copied(context, {x, y, x + picture->width, y + picture->height});
-        if (!copied.pixels())
-            return FALSE;
-        for (size_t i = 0; i < picture->pixels.size(); ++i)
-            copied.pixels()[i] = laidOn(copied.pixels()[i] & 0xFFFFFF, picture->pixels[i]);
-        return copied.putBack();
-    });
+    return drawIcon(context, {x, y, x + GetSystemMetrics(SM_CXICON), y + GetSystemMetrics(SM_CYICON)}, icon);
 }

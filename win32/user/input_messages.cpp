@@ -247,6 +247,8 @@ private:
             return false;
         queue_.keys = keys;
         queue_.messageExtraInfo = static_cast<LPARAM>(event.extraInfo);
+        if (!event.isUp && publishedKey(event) != queue_.menuKey)
+            queue_.menuKey = 0;
         return true;
     }
 
@@ -286,6 +288,8 @@ private:
             return false;
         queue_.keys = keys;
         queue_.messageExtraInfo = static_cast<LPARAM>(event.extraInfo);
+        if (event.kind == InputEvent::Kind::MouseButton)
+            queue_.menuKey = 0;
         return finish(event, target, made, message);
     }
 

@@ -20,8 +20,17 @@ struct MenuItem {
     ULONG_PTR data = 0;
     std::string text;
 
+    // Where it was laid out last: from the corner of its window, or of the pop-up's content. Empty: never.
+    RECT rect{};
+    int shortcutLeft = 0; // of the text behind a tab, in a pop-up
+    // What the owner has said of an owner-drawn item.
+    SIZE ownSize{};
+    bool isMeasured = false;
+
+    bool isOwnerDrawn() const { return (type & MFT_OWNERDRAW) != 0; }
     bool isSeparator() const { return (type & MFT_SEPARATOR) != 0; }
     bool isDisabled() const { return (state & MFS_DISABLED) != 0; }
+    bool isGrayed() const { return (state & MF_GRAYED) != 0; }
 };
 
 class Menu final : public UserObject {
@@ -37,6 +46,11 @@ public:
     HBRUSH background = nullptr;
     DWORD helpId = 0;
     ULONG_PTR data = 0;
+
+    // The pop-up that shows it, maybe gone, and how far its content is moved in there.
+    HWND popup = nullptr;
+    int popupShift = 0;
+    int textInset = 0; // from an item's side to its text, in a pop-up
 
     // Of the walk that is under way. Menus nest as deep as programs like and one may hang in several places, so
     // walks keep their way here: they need neither stack nor memory, and meet each menu once.

@@ -90,6 +90,8 @@ void writeContent(MenuItem &item, const MENUITEMINFOA &info)
 void write(MenuItem &item, const MENUITEMINFOA &info)
 {
     writeContent(item, info);
+    if (info.fMask & (MIIM_TYPE | MIIM_FTYPE | MIIM_DATA))
+        item.isMeasured = false;
     if (info.fMask & MIIM_STATE)
         item.state = info.fState & stateBits;
     if (info.fMask & MIIM_ID)

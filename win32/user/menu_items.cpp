@@ -28,6 +28,7 @@ bool describe(MenuItem &item, const Menu &menu, UINT flags, UINT_PTR id, LPCSTR 
     made.data = item.data;
     made.checkedBitmap = item.checkedBitmap;
     made.uncheckedBitmap = item.uncheckedBitmap;
+    made.rect = item.rect;
     made.type = flags & typeBits;
     made.state = flags & stateBits;
     made.id = static_cast<UINT>(id);

@@ -95,6 +95,7 @@ public:
     HWND capture = nullptr;
     HWND moveSizeWindow = nullptr;
     KeyStates keys; // as of the last message taken
+    BYTE menuKey = 0; // Alt or F10 while it is down and nothing else has been pressed since
     std::vector<Timer> timers;
     int cursorLevel = 0;
     HCURSOR cursor = nullptr; // the arrow until the thread chooses another

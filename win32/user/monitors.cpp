@@ -206,6 +206,9 @@ BOOL SystemParametersInfoA(UINT action, UINT, PVOID data, UINT)
     case SPI_GETKEYBOARDDELAY:
         *static_cast<int *>(data) = 1;
         return TRUE;
+    case SPI_GETMENUSHOWDELAY:
+        *static_cast<DWORD *>(data) = 400;
+        return TRUE;
     case SPI_GETWHEELSCROLLLINES:
         *static_cast<UINT *>(data) = 3;
         return TRUE;

@@ -69,7 +69,6 @@ private:
     bool takeKey(WPARAM key)
     {
         constexpr int step = 8;
-        POINT point = cursorPosition();
         switch (key) {
         case VK_ESCAPE:
             place(first_);
@@ -77,20 +76,25 @@ private:
         case VK_RETURN:
             return false;
         case VK_LEFT:
-            SetCursorPos(point.x - step, point.y);
-            return true;
+            return moveCursor(-step, 0);
         case VK_RIGHT:
-            SetCursorPos(point.x + step, point.y);
-            return true;
+            return moveCursor(step, 0);
         case VK_UP:
-            SetCursorPos(point.x, point.y - step);
-            return true;
+            return moveCursor(0, -step);
         case VK_DOWN:
-            SetCursorPos(point.x, point.y + step);
-            return true;
+            return moveCursor(0, step);
         default:
             return true;
         }
+    }
+
+    // The window follows at once: further keys may wait in front of the message of the mouse.
+    bool moveCursor(int x, int y)
+    {
+        POINT point = cursorPosition();
+        SetCursorPos(point.x + x, point.y + y);
+        follow(cursorPosition());
+        return true;
     }
 
     void follow(POINT point)
@@ -151,6 +155,17 @@ private:
     RECT current_{};
 };
 
+// Without the mouse on the frame, it is put where it will hold the window.
+POINT startByKey(HWND window, bool isSize)
+{
+    RECT rect;
+    GetWindowRect(window, &rect);
+    POINT point = isSize ? POINT{rect.right - 1, rect.bottom - 1}
+                         : POINT{(rect.left + rect.right) / 2, rect.top + GetSystemMetrics(SM_CYFRAME) + GetSystemMetrics(SM_CYCAPTION) / 2};
+    SetCursorPos(point.x, point.y);
+    return cursorPosition();
+}
+
 } // namespace
 
 void moveOrSize(HWND window, UINT command, POINT point)
@@ -159,7 +174,7 @@ void moveOrSize(HWND window, UINT command, POINT point)
     bool isSize = (command & 0xfff0) == SC_SIZE;
     if ((style & (WS_MAXIMIZE)) || (isSize && !(style & WS_THICKFRAME)) || (isSize && (style & WS_MINIMIZE)))
         return;
-    Tracking(window, command, point).run();
+    Tracking(window, command, command & 0xf ? point : startByKey(window, isSize)).run();
 }
 
 MINMAXINFO askLimits(HWND window)

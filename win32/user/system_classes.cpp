@@ -29,6 +29,7 @@ void registerSystemClasses()
         addSystemClass("Message", 0, DefWindowProcA, 0, nullptr, nullptr);
         registerStaticClass();
         registerButtonClass();
+        registerMenuClass();
     });
 }
 

@@ -17,10 +17,10 @@ public:
     {
         TEXTMETRICA metrics{};
         GetTextMetricsA(context, &metrics);
-        constexpr int usualCharacters = 8;
-        usual_ = std::max<int>(metrics.tmAveCharWidth * usualCharacters, 1);
+        constexpr int64_t usualCharacters = 8;
+        usual_ = std::max<int64_t>(metrics.tmAveCharWidth * usualCharacters, 1);
         if (count_ == 1 && positions_[0] != 0) {
-            usual_ = std::max(std::abs(std::max(positions_[0], -INT_MAX)), 1);
+            usual_ = std::abs(int64_t{positions_[0]});
             isUsualRight_ = positions_[0] < 0;
             count_ = 0;
         }
@@ -45,7 +45,7 @@ public:
 private:
     int count_;
     const INT *positions_;
-    int usual_;
+    int64_t usual_;
     bool isUsualRight_ = false;
 };
 

@@ -42,11 +42,11 @@ bool hasTitle(const Window &window)
     return window.isTopLevel() || (window.style & WS_CAPTION) == WS_CAPTION;
 }
 
-// To be called with the lock held.
+// To be called with the lock held. Palettes of tools float above the window that counts.
 Window *topmostWithTitle(const Window &parent)
 {
     Window *window = parent.firstChild;
-    while (window && !(window->isVisible() && hasTitle(*window)))
+    while (window && !(window->isVisible() && hasTitle(*window) && !(window->extendedStyle & WS_EX_TOOLWINDOW)))
         window = window->next;
     return window;
 }
@@ -94,7 +94,7 @@ IdleWatch::Seen IdleWatch::stateOf(const MessageQueue &queue)
 
 bool IdleWatch::isIdle(const MessageQueue &queue)
 {
-    constexpr unsigned looksOfLoop = 3;
+    constexpr unsigned looksOfLoop = 6; // some programs look twice before they see where the mouse is
     auto seen = std::find_if(seen_.begin(), seen_.end(), [&](const Seen &each) { return each.queue == &queue; });
     if (seen == seen_.end())
         return hasNothingToDo(queue);

@@ -58,6 +58,8 @@ public:
     LONG_PTR userData = 0;
     UINT_PTR id = 0; // of a child; of others the menu
     HMENU menu = nullptr;
+    int menuBarHeight = 0;      // as laid out last
+    HMENU systemMenu = nullptr; // holds the menu that GetSystemMenu gives; made when first needed
     std::string text;
     std::vector<BYTE> extra;
     std::vector<WindowProperty> properties;

@@ -35,6 +35,7 @@ WindowClass *findClass(LPCSTR name, HINSTANCE instance);
 void registerSystemClasses();
 void registerStaticClass();
 void registerButtonClass();
+void registerMenuClass();
 // For registerSystemClasses: one of them. The name may be a number.
 void addSystemClass(LPCSTR name, UINT style, WNDPROC procedure, int windowBytes, HCURSOR cursor, HBRUSH background);
 

@@ -1,6 +1,10 @@
-/* Strings.h of a Macintosh source; where file names have no case, it is the system's strings.h as well. */
+/* Strings.h of a Macintosh source. Where file names have no case it is the system's strings.h as well, and that
+   alone until a header of the library has been included: before, it may be a system header that asks, half read. */
 #pragma GCC system_header
-#include <mtbx/TextUtils.h>
 #if __has_include_next(<Strings.h>)
 #include_next <Strings.h>
+#define MTBX_CLASSIC_NAMES_HAVE_NO_CASE
+#endif
+#if !defined(MTBX_CLASSIC_NAMES_HAVE_NO_CASE) || defined(MTBX_API)
+#include <mtbx/TextUtils.h>
 #endif

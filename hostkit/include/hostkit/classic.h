@@ -14,12 +14,16 @@
 #define HOSTKIT_CLASSIC_H
 
 #include <hostkit/hostkit.h>
+#include <hostkit/pascal_literals.h>
 
+#ifndef __cplusplus
+#include <stdbool.h>
+#endif
 #include <string.h>
 
-#ifndef pascal
+/* The system's headers make it a calling convention, which procedures for the Toolbox do not have here. */
+#undef pascal
 #define pascal
-#endif
 #ifndef nil
 #define nil NULL
 #endif
@@ -34,7 +38,9 @@
 /* The host kit's part. */
 #define WaitNextEvent HostKitWaitNextEvent
 #define GetNextEvent HostKitGetNextEvent
+#define GetOSEvent HostKitGetNextEvent
 #define EventAvail HostKitEventAvail
+#define OSEventAvail HostKitEventAvail
 #define FlushEvents HostKitFlushEvents
 #define StillDown HostKitStillDown
 #define WaitMouseUp HostKitWaitMouseUp
@@ -49,10 +55,12 @@
 #define FrontWindow HostKitFrontWindow
 #define DragWindow HostKitDragWindow
 #define GrowWindow HostKitGrowWindow
+#define ZoomWindow HostKitZoomWindow
 #define TrackGoAway HostKitTrackGoAway
 #define TrackBox HostKitTrackBox
 #define DragGrayRgn HostKitDragGrayRgn
 #define SetGrowZone HostKitSetGrowZone
+#define HiliteMenu HostKitHiliteMenu
 
 /* Names that Win32 has, too. */
 #ifdef __cplusplus
@@ -63,6 +71,10 @@ inline void ShowWindow(WindowPtr window)
 inline void MoveWindow(WindowPtr window, SInt16 h, SInt16 v, Boolean front)
 {
     HostKitMoveWindow(window, h, v, front);
+}
+inline void CloseWindow(WindowPtr window)
+{
+    HostKitCloseWindow(window);
 }
 inline SInt16 FindWindow(Point where, WindowPtr *window)
 {
@@ -179,8 +191,10 @@ inline void LoadResource(Handle resource)
 #else
 #undef FindWindow
 #undef DrawText
+#undef SetPort
 #define ShowWindow HostKitShowWindow
 #define MoveWindow HostKitMoveWindow
+#define CloseWindow HostKitCloseWindow
 #define FindWindow HostKitFindWindow
 #define SetPort MacSetPort
 #define SetRect MacSetRect
@@ -215,8 +229,8 @@ inline void LoadResource(Handle resource)
 #define DisposHandle DisposeHandle
 #define DisposPtr DisposePtr
 #define DisposeRgnHandle DisposeRgn
-#define topLeft(rect) (((Point *)&(rect))[0])
-#define botRight(rect) (((Point *)&(rect))[1])
+#define topLeft(rect) (*(Point *)&(rect).top)
+#define botRight(rect) (*(Point *)&(rect).bottom)
 
 /* Events and the mouse. */
 static inline void SetEventMask(EventMask mask)
@@ -232,19 +246,23 @@ static inline void SysBeep(SInt16 duration)
 /* What is to be drawn of the current port's window. */
 static inline void InvalRect(const Rect *rect)
 {
-    InvalWindowRect((WindowPtr)qd.thePort, rect);
+    if (qd.thePort)
+        InvalWindowRect((WindowPtr)qd.thePort, rect);
 }
 static inline void ValidRect(const Rect *rect)
 {
-    ValidWindowRect((WindowPtr)qd.thePort, rect);
+    if (qd.thePort)
+        ValidWindowRect((WindowPtr)qd.thePort, rect);
 }
 static inline void InvalRgn(RgnHandle rgn)
 {
-    InvalWindowRgn((WindowPtr)qd.thePort, rgn);
+    if (qd.thePort)
+        InvalWindowRgn((WindowPtr)qd.thePort, rgn);
 }
 static inline void ValidRgn(RgnHandle rgn)
 {
-    ValidWindowRgn((WindowPtr)qd.thePort, rgn);
+    if (qd.thePort)
+        ValidWindowRgn((WindowPtr)qd.thePort, rgn);
 }
 
 /* Windows, dialogs and ports are one record here. */
@@ -388,6 +406,23 @@ static inline SInt16 HasDepth(GDHandle device, SInt16 depth, SInt16 whichFlags, 
 }
 
 /* Procedure pointers are handed through: a universal procedure pointer is the procedure. */
+#define GrowZoneProcPtr HostKitPurgeProcPtr
+#define GrowZoneUPP HostKitPurgeProcPtr
+#define DragGrayRgnUPP DragGrayRgnProcPtr
+#define ControlActionUPP ControlActionProcPtr
+#define QDTextUPP QDTextProcPtr
+#define QDLineUPP QDLineProcPtr
+#define QDRectUPP QDRectProcPtr
+#define QDRRectUPP QDRRectProcPtr
+#define QDOvalUPP QDOvalProcPtr
+#define QDArcUPP QDArcProcPtr
+#define QDPolyUPP QDPolyProcPtr
+#define QDRgnUPP QDRgnProcPtr
+#define QDBitsUPP QDBitsProcPtr
+#define QDCommentUPP QDCommentProcPtr
+#define QDTxMeasUPP QDTxMeasProcPtr
+#define QDGetPicUPP QDGetPicProcPtr
+#define QDPutPicUPP QDPutPicProcPtr
 #define NewModalFilterUPP(proc) (proc)
 #define NewUserItemUPP(proc) (proc)
 #define NewControlActionUPP(proc) (proc)
@@ -417,6 +452,10 @@ static inline SInt16 HasDepth(GDHandle device, SInt16 depth, SInt16 whichFlags, 
 #define NewQDPolyUPP(proc) (proc)
 #define NewQDRgnUPP(proc) (proc)
 #define NewQDBitsUPP(proc) (proc)
+#define NewQDCommentUPP(proc) (proc)
+#define NewQDTxMeasUPP(proc) (proc)
+#define NewQDGetPicUPP(proc) (proc)
+#define NewQDPutPicUPP(proc) (proc)
 #define DisposeModalFilterUPP(proc) ((void)(proc))
 #define DisposeUserItemUPP(proc) ((void)(proc))
 #define DisposeControlActionUPP(proc) ((void)(proc))
@@ -446,5 +485,9 @@ static inline SInt16 HasDepth(GDHandle device, SInt16 depth, SInt16 whichFlags, 
 #define DisposeQDPolyUPP(proc) ((void)(proc))
 #define DisposeQDRgnUPP(proc) ((void)(proc))
 #define DisposeQDBitsUPP(proc) ((void)(proc))
+#define DisposeQDCommentUPP(proc) ((void)(proc))
+#define DisposeQDTxMeasUPP(proc) ((void)(proc))
+#define DisposeQDGetPicUPP(proc) ((void)(proc))
+#define DisposeQDPutPicUPP(proc) ((void)(proc))
 
 #endif

@@ -22,7 +22,7 @@
 #elif defined(__cplusplus)
 #define HOSTKIT_HAS_PASCAL_LITERALS ("\pab"[0] == 2)
 #else
-#define HOSTKIT_HAS_PASCAL_LITERALS _Generic("\pab"[0], unsigned char: 1, default: 0)
+#define HOSTKIT_HAS_PASCAL_LITERALS _Generic("\pab"[0], unsigned char : 1, default : 0)
 #endif
 
 #ifdef __cplusplus

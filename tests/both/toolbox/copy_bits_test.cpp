@@ -312,6 +312,7 @@ TEST_F(CopyBitsTest, RecordsThatLieDoNoHarm)
             if (random() % 2)
                 to = from;
             CopyBits(source->bits(), destination->bits(), &from, &to, someOf({0, 1, 2, 34}), nullptr);
+            CopyMask(source->bits(), source->bits(), destination->bits(), &from, &from, &to);
         }
         PixMap &map = static_cast<WorldImage &>(*source).world.map();
         const UInt32 masks[4] = {0xFF, 0xFF00, 0xFF0000, 0};

@@ -289,6 +289,29 @@ TEST_F(Events, AFlushEndsThoughAWindowStaysToBePainted)
     EXPECT_TRUE(isQueued(WM_PAINT, WM_PAINT)) << "the host still has to paint it";
 }
 
+TEST_F(Events, AFlushGoesOnBehindAMessageWhoseWindowEnds)
+{
+    // It ends when the press is hit-tested the second time: seen already, and not yet removed.
+    static int hitTests;
+    hitTests = 0;
+    HWND over = CreateWindowExA(WS_EX_TOPMOST | WS_EX_NOACTIVATE, "Static", "", WS_POPUP | WS_VISIBLE, 140, 90, 40, 40, nullptr,
+                                nullptr, GetModuleHandleA(nullptr), nullptr);
+    clearQueue();
+    auto ending = [](HWND handle, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+        if (message == WM_MOUSEACTIVATE)
+            return MA_NOACTIVATE;
+        if (message == WM_NCHITTEST && ++hitTests == 2)
+            DestroyWindow(handle);
+        return message == WM_NCHITTEST ? HTCLIENT : DefWindowProcA(handle, message, wParam, lParam);
+    };
+    SetWindowLongPtrA(over, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(ending)));
+    input.pressButton();
+    input.releaseButton();
+    FlushEvents(mDownMask | mUpMask, 0);
+    EXPECT_FALSE(IsWindow(over));
+    EXPECT_FALSE(isQueued(WM_LBUTTONDOWN, WM_LBUTTONUP));
+}
+
 TEST_F(Events, ARequestToQuitIsNeitherAnEventNorFlushed)
 {
     PostQuitMessage(16);

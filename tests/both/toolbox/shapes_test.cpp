@@ -359,25 +359,60 @@ TEST_F(Shapes, FramedOvalsAreDotsOfThePen)
     EXPECT_EQ(seen, dotsOf(rects[1], {1, 1}));
 }
 
-TEST_F(Shapes, OvalsAreThoseOfGdi)
+TEST_F(Shapes, OvalsRoundRectanglesAndRegionsAreThoseOfGdi)
 {
+    RgnHandle rgn = NewRgn(), hole = NewRgn();
+    MacSetRectRgn(rgn, 5, 5, 45, 40);
+    MacSetRectRgn(hole, 20, 15, 30, 25);
+    DiffRgn(rgn, hole, rgn);
+    HRGN native = (*rgn)->rgnNative, round = CreateRoundRectRgn(5, 6, 41, 31, 12, 8);
     Rect rect = ltrb(5, 6, 40, 30);
-    auto ellipse = [&](int stockPen, int outset = 0) {
-        HGDIOBJ former = SelectObject(context(), GetStockObject(stockPen));
-        Ellipse(context(), rect.left - outset, rect.top - outset, rect.right + outset, rect.bottom + outset);
-        SelectObject(context(), former);
+    auto with = [&](HGDIOBJ pen, HGDIOBJ brush, auto draw) {
+        return drawn([&] {
+            HGDIOBJ formerPen = SelectObject(context(), pen), formerBrush = SelectObject(context(), brush);
+            draw();
+            SelectObject(context(), formerPen);
+            SelectObject(context(), formerBrush);
+        });
     };
     PenPat(&stripes);
-    std::string painted = drawn([&] { ellipse(BLACK_PEN); });
-    std::string erased = drawn([&] { ellipse(NULL_PEN); });
-    EXPECT_EQ(drawn([&] { PaintOval(&rect); }), painted);
-    PenNormal();
-    EXPECT_EQ(drawn([&] { FillOval(&rect, &stripes); }), painted);
+    PenSize(3, 2);
+    HGDIOBJ striped = GetCurrentObject(context(), OBJ_BRUSH), noPen = GetStockObject(NULL_PEN);
+    auto brush = static_cast<HBRUSH>(striped);
+    HPEN wide = CreatePen(PS_SOLID, 3, 0);
+    auto ellipse = [&] { Ellipse(context(), 5, 6, 40, 30); };
+    std::string oval = with(GetStockObject(BLACK_PEN), striped, ellipse), erased = with(noPen, striped, ellipse);
+    std::string frame = with(wide, GetStockObject(NULL_BRUSH), [&] { RoundRect(context(), 5, 6, 40, 30, 12, 8); });
+    std::string inverted = drawn([&] { InvertRgn(context(), round); });
+    std::string region = drawn([&] { FillRgn(context(), native, brush); });
+    std::string regionsFrame = drawn([&] { FrameRgn(context(), native, brush, 3, 2); });
+    std::string shape = drawn([&] { InvertRgn(context(), native); });
+    EXPECT_EQ(drawn([&] { PaintOval(&rect); }), oval);
+    EXPECT_EQ(drawn([&] { MacPaintRgn(rgn); }), region);
+    EXPECT_EQ(drawn([&] { MacFrameRgn(rgn); }), regionsFrame);
+    EXPECT_EQ(drawn([&] { MacInvertRgn(rgn); }), shape);
+    EXPECT_EQ(drawn([&] {
+                  PatBlt(context(), 0, 0, side, side, BLACKNESS);
+                  EraseRgn(rgn);
+                  PatBlt(context(), 0, 0, side, side, DSTINVERT);
+              }),
+              shape);
+    EXPECT_EQ(drawn([&] { InvertRoundRect(&rect, 12, 8); }), inverted);
+    EXPECT_EQ(drawn([&] { PaintRoundRect(&rect, 12, 8), EraseRoundRect(&rect, 12, 8); }), rectangles({}));
+    PenPat(&qd.black);
     port()->bkPat = stripes;
     EXPECT_EQ(drawn([&] { EraseOval(&rect); }), erased) << "with bkPat and no outline";
+    EXPECT_EQ(GetCurrentObject(context(), OBJ_PEN), GetStockObject(BLACK_PEN));
+    EXPECT_EQ(drawn([&] { FillOval(&rect, &stripes); }), oval);
+    EXPECT_EQ(drawn([&] { MacFillRgn(rgn, &stripes); }), region);
     EXPECT_EQ(port()->pnPat, qd.black);
-    HGDIOBJ pen = GetCurrentObject(context(), OBJ_PEN);
-    EXPECT_EQ(pen, GetStockObject(BLACK_PEN));
+    RGBColor red = {65535, 0, 0};
+    RGBForeColor(&red);
+    EXPECT_EQ(drawn([&] { FrameRoundRect(&rect, 12, 8); }), frame) << "black, without a filling";
+    DeleteObject(wide);
+    DeleteObject(round);
+    DisposeRgn(rgn);
+    DisposeRgn(hole);
 }
 
 TEST_F(Shapes, InvertingAnOvalTwiceLeavesNothing)
@@ -398,61 +433,6 @@ TEST_F(Shapes, InvertingAnOvalTwiceLeavesNothing)
     EXPECT_EQ(state.pnLoc, (Point{8, 9}));
     InvertOval(&rect);
     EXPECT_EQ(countBlack(), 0);
-}
-
-TEST_F(Shapes, RoundRectangles)
-{
-    Rect rect = ltrb(5, 6, 40, 30);
-    RGBColor red = {65535, 0, 0};
-    RGBForeColor(&red);
-    PenPat(&stripes);
-    PenSize(3, 9);
-    HGDIOBJ formerPen = SelectObject(context(), CreatePen(PS_SOLID, 3, 0));
-    HGDIOBJ formerBrush = SelectObject(context(), GetStockObject(NULL_BRUSH));
-    std::string framed = drawn([&] { RoundRect(context(), 5, 6, 40, 30, 12, 8); });
-    SelectObject(context(), formerBrush);
-    DeleteObject(SelectObject(context(), formerPen));
-    EXPECT_EQ(drawn([&] { FrameRoundRect(&rect, 12, 8); }), framed) << "black, without a filling";
-    HRGN shape = CreateRoundRectRgn(5, 6, 41, 31, 12, 8);
-    std::string inverted = drawn([&] { InvertRgn(context(), shape); });
-    DeleteObject(shape);
-    EXPECT_EQ(drawn([&] { InvertRoundRect(&rect, 12, 8); }), inverted);
-    EXPECT_EQ(drawn([&] {
-                  PaintRoundRect(&rect, 12, 8);
-                  EraseRoundRect(&rect, 12, 8);
-                  FillRoundRect(&rect, 12, 8, &stripes);
-              }),
-              rectangles({}));
-}
-
-TEST_F(Shapes, RegionsAreFramedPaintedErasedInvertedAndFilled)
-{
-    RgnHandle rgn = NewRgn(), hole = NewRgn();
-    MacSetRectRgn(rgn, 5, 5, 45, 40);
-    MacSetRectRgn(hole, 20, 15, 30, 25);
-    DiffRgn(rgn, hole, rgn);
-    HRGN native = (*rgn)->rgnNative;
-    std::string shape = drawn([&] { FillRgn(context(), native, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))); });
-    EXPECT_EQ(countBlack(), 40 * 35 - 100);
-    EXPECT_EQ(drawn([&] { MacPaintRgn(rgn); }), shape);
-    EXPECT_EQ(drawn([&] { MacInvertRgn(rgn); }), shape);
-    EXPECT_EQ(drawn([&] {
-                  PatBlt(context(), 0, 0, side, side, BLACKNESS);
-                  EraseRgn(rgn);
-                  PatBlt(context(), 0, 0, side, side, DSTINVERT);
-              }),
-              shape);
-    PenSize(3, 2);
-    EXPECT_EQ(drawn([&] { FrameRgn(context(), native, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)), 3, 2); }),
-              drawn([&] { MacFrameRgn(rgn); }));
-    HBRUSH brush = port()->portBrush;
-    std::string filled = drawn([&] { MacFillRgn(rgn, &stripes); });
-    EXPECT_EQ(+port()->portBrush, brush);
-    EXPECT_EQ(port()->pnPat, qd.black);
-    PenPat(&stripes);
-    EXPECT_EQ(drawn([&] { MacPaintRgn(rgn); }), filled);
-    DisposeRgn(rgn);
-    DisposeRgn(hole);
 }
 
 TEST_F(Shapes, HooksDrawInTheLibrarysPlace)

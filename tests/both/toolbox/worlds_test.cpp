@@ -37,26 +37,6 @@ TEST_F(Worlds, AWorldIsAHiddenPortWhoseCoordinatesBeginAtZero)
     EXPECT_FALSE(+reinterpret_cast<WindowPeek>(world.port())->nextWindow);
     EXPECT_EQ(GetPixelsState(GetGWorldPixMap(world.port())), 192u);
     EXPECT_EQ(GetGWorldDevice(world.port()), GetMainDevice());
-}
-
-TEST_F(Worlds, NativeDrawingShowsInTheMemoryOfEachDepth)
-{
-    for (SInt16 depth : {1, 4, 8, 16, 24, 32}) {
-        World world(depth, ltrb(0, 0, 37, 5));
-        GrafPtr former = qd.thePort;
-        SetGWorld(world.port(), nullptr);
-        CGrafPtr port;
-        GDHandle device;
-        GetGWorld(&port, &device);
-        EXPECT_EQ(port, world.port());
-        RECT all = {0, 0, 37, 5};
-        FillRect(world.context(), &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-        SetPixel(world.context(), 36, 4, RGB(0, 0, 0));
-        SetGWorld(former, nullptr);
-        EXPECT_EQ(world.color(36, 4), 0u) << depth;
-        EXPECT_EQ(world.color(35, 4), 0xFFFFFFu) << depth;
-        EXPECT_EQ(world.color(36, 3), 0xFFFFFFu) << depth;
-    }
     World ofTheScreen(0, ltrb(0, 0, 3, 3));
     EXPECT_EQ(ofTheScreen.map().pixelSize, gbits_per_pixel);
 }

@@ -77,7 +77,8 @@ TEST(PascalLiterals, StandAloneWhereTheyInitialiseArrays)
         {R"(char a[2][8] = {"\pa", "\pb"};)", R"(char a[2][8] = {"\001a", "\001b"};)"},
         {R"(StringPtr a[] = {"\pa"};)", R"(StringPtr a[] = {MTBX_PASCAL_(3, "\001a")};)"},
         {R"(unsigned char *a[] = {"\pa"};)", R"(unsigned char *a[] = {MTBX_PASCAL_(3, "\001a")};)"},
-        {R"(Str255 *a = "\pa"; b[1] = "\pb";)", R"(Str255 *a = MTBX_PASCAL_(3, "\001a"); b[1] = MTBX_PASCAL_(3, "\001b");)"},
+        {R"(Str255 *a = "\pa"; b[1] = "\pb";)",
+         R"(Str255 *a = MTBX_PASCAL_(3, "\001a"); b[1] = MTBX_PASCAL_(3, "\001b");)"},
         {R"(void f(const Str255 a = "\pa") { return "\pb"; })",
          R"(void f(const Str255 a = MTBX_PASCAL_(3, "\001a")) { return MTBX_PASCAL_(3, "\001b"); })"},
     };
@@ -105,14 +106,30 @@ TEST(PascalLiterals, AreRefusedWhereTheirLengthCannotBeRight)
 TEST(ClassicSource, IsLeftAloneOutsideOfPascalLiterals)
 {
     const char *sources[] = {
-        R"(/* "\pa" */ // "\pb")", "// goes on \\\n\"\\pa\"", R"(L"\pa" u8"\pb" U'\p' '\p' "a\pb")",
-        "R\"x(\"\\pa\" )\" )x\" R\"(\n\"\\pb)\"", "#include \"\\pa.h\"\n#include <a//\"\\pb.h>", "#pragma mark Don't \"\\pa\"\n",
-        "#if 0\nit's \"\\pa\"\n#if 1\n\"\\pb\" prose\n#endif\n/*\n#endif */\n#endif\n", "#error can't /*\n\"\\pa\" */\n",
-        R"('"' "\pa)",  "1'000'0\"\\pa", "", "\\", "\"\\", "'", "/*", "#", "R\"(", "#if 0",
+        R"(/* "\pa" */ // "\pb")",
+        "// goes on \\\n\"\\pa\"",
+        R"(L"\pa" u8"\pb" U'\p' '\p' "a\pb")",
+        "R\"x(\"\\pa\" )\" )x\" R\"(\n\"\\pb)\"",
+        "#include \"\\pa.h\"\n#include <a//\"\\pb.h>",
+        "#pragma mark Don't \"\\pa\"\n",
+        "#if 0\nit's \"\\pa\"\n#if 1\n\"\\pb\" prose\n#endif\n/*\n#endif */\n#endif\n",
+        "#error can't /*\n\"\\pa\" */\n",
+        R"('"' "\pa)",
+        "1'000'0\"\\pa",
+        "",
+        "\\",
+        "\"\\",
+        "'",
+        "/*",
+        "#",
+        "R\"(",
+        "#if 0",
     };
     for (const char *source : sources)
         EXPECT_EQ(converted(source), source);
-    EXPECT_EQ(converted("\xEF\xBB\xBF" "a\rb\r\nc\n\rd\r"), "a\nb\nc\n\nd\n");
+    EXPECT_EQ(converted("\xEF\xBB\xBF"
+                        "a\rb\r\nc\n\rd\r"),
+              "a\nb\nc\n\nd\n");
 }
 
 TEST(ClassicSource, TellsTheCompilerItsName)
@@ -150,8 +167,8 @@ TEST(Long, TakesItsLetterFromNumbers)
     const Case cases[] = {
         {"0L 12l 0x1FuL 017LU", "0 12 0x1Fu 017U"},
         {"0xFFFFFFFFL 4294967295L 037777777777L", "0xFFFFFFFF 4294967295 037777777777"},
-        {"0x100000000L 4294967296L 040000000000L 99999999999999999999L",
-         "0x100000000L 4294967296L 040000000000L 99999999999999999999L"},
+        {"0x100000000L 4294967296L 040000000000L 99999999999999999999L 08L 0xL",
+         "0x100000000L 4294967296L 040000000000L 99999999999999999999L 08L 0xL"},
         {"1.0L 1e5L 0x1p3L 1LL 1ULL 1_L a1L", "1.0L 1e5L 0x1p3L 1LL 1ULL 1_L a1L"},
     };
     Options options;
@@ -162,8 +179,12 @@ TEST(Long, TakesItsLetterFromNumbers)
 TEST(Characters, OfAMacintoshAreThoseOfTheCodePageInLiteralsAndUtf8Elsewhere)
 {
     const Case cases[] = {
-        {"f(\"\\p\x8E\xC9" "1\", '\xA5'); // \xA9", "f(MTBX_PASCAL_(5, \"\\003\\351\\2051\"), '\\225'); // ©"},
-        {"t = '\xB5" "TYP'; a\xCA= L\"\x8E\";\n#include \"\x8E.h\"", "t = '\\265TYP'; a = L\"é\";\n#include \"é.h\""},
+        {"f(\"\\p\x8E\xC9"
+         "1\", '\xA5'); // \xA9",
+         "f(MTBX_PASCAL_(5, \"\\003\\351\\2051\"), '\\225'); // ©"},
+        {"t = '\xB5"
+         "TYP'; a\xCA= L\"\x8E\";\n#include \"\x8E.h\"",
+         "t = '\\265TYP'; a = L\"é\";\n#include \"é.h\""},
         {"\n\"\xAD\"", "2: the character ≠ is not in the code page 1252"},
     };
     Options options;
@@ -193,9 +214,26 @@ public:
     std::pair<std::string, std::string> make()
     {
         static const char *const pieces[] = {
-            "/* it's \"\\pno\" \n*/", "x = 'a\\'\"';", "\"\\\\\" \"\\\"p\";", "\n#define M(a) f(a, \"b\")\n",
-            "\n#pragma mark don't\n", "\n#include <\\p\"'.h>\n", "R\"y(\"\\pz\")\" )y\";", "1.5e+3'0;", "\\\n", "{", "}",
-            "a[3];", ")", "(\n", "// \"\\pno\\\n'\n", "L\"\\pno\";", "\n#if 0\n'\"\\pno\n#endif\n", "\t\v\f ", "; #", "\x80\xFF;",
+            "/* it's \"\\pno\" \n*/",
+            "x = 'a\\'\"';",
+            "\"\\\\\" \"\\\"p\";",
+            "\n#define M(a) f(a, \"b\")\n",
+            "\n#pragma mark don't\n",
+            "\n#include <\\p\"'.h>\n",
+            "R\"y(\"\\pz\")\" )y\";",
+            "1.5e+3'0;",
+            "\\\n",
+            "{",
+            "}",
+            "a[3];",
+            ")",
+            "(\n",
+            "// \"\\pno\\\n'\n",
+            "L\"\\pno\";",
+            "\n#if 0\n'\"\\pno\n#endif\n",
+            "\t\v\f ",
+            "; #",
+            "\x80\xFF;",
         };
         std::string source, result;
         for (size_t i = 0; i < 40; ++i) {
@@ -251,14 +289,18 @@ TEST(ClassicSource, IsKeptByteForByteWhateverStandsAroundItsLiterals)
 
 class ClassicSourceTool : public testing::Test {
 protected:
-    ClassicSourceTool() : folder_(std::filesystem::temp_directory_path() / ("classic" + std::to_string(std::random_device()())))
+    ClassicSourceTool()
+        : folder_(std::filesystem::temp_directory_path() / ("classic" + std::to_string(std::random_device()())))
     {
         std::filesystem::create_directories(folder_);
     }
     ~ClassicSourceTool() override { std::filesystem::remove_all(folder_); }
 
     std::string path(const std::string &name) const { return (folder_ / name).string(); }
-    void write(const std::string &name, const std::string &text) const { std::ofstream(path(name), std::ios::binary) << text; }
+    void write(const std::string &name, const std::string &text) const
+    {
+        std::ofstream(path(name), std::ios::binary) << text;
+    }
     std::string read(const std::string &name) const
     {
         std::ifstream file(path(name), std::ios::binary);
@@ -278,6 +320,8 @@ protected:
 TEST_F(ClassicSourceTool, WritesTheResultIntoAFolderThatItMakes)
 {
     write("old.c", "long a;\rchar *b = \"\\pb\";\r");
+    EXPECT_EQ(run({"--name=old.c", path("old.c"), path("new/folder/old.c")}), exitDone);
+    EXPECT_EQ(body({read("new/folder/old.c"), {}}), "long a;\nchar *b = MTBX_PASCAL_(3, \"\\001b\");\n");
     EXPECT_EQ(run({"--long=32", "--name=old.c", path("old.c"), path("new/folder/old.c")}), exitDone);
     EXPECT_EQ(body({read("new/folder/old.c"), {}}), "int a;\nchar *b = MTBX_PASCAL_(3, \"\\001b\");\n");
     EXPECT_EQ(output_.str(), "");

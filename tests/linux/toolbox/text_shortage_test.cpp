@@ -81,22 +81,12 @@ TEST_F(TextShortage, AnyRefusedGdiObjectIsSurvived)
                Win32Control_GdiCreationsCounted);
 }
 
-TEST_F(TextShortage, AnyRefusedRecordIsSurvived)
-{
-    refuseEach(
-        [](DWORD number) {
-            Win32Control_RefuseAllocations(WIN32_ALLOCATION_GLOBAL, number, number ? WIN32_WITHOUT_END : 0, 0);
-        },
-        [] { return Win32Control_AllocationsCounted(WIN32_ALLOCATION_GLOBAL); });
-}
-
 TEST_F(TextShortage, AnyRefusedMemoryIsSurvived)
 {
-    refuseEach(
-        [](DWORD number) {
-            Win32Control_RefuseAllocations(WIN32_ALLOCATION_C_HEAP, number, number ? WIN32_WITHOUT_END : 0, 0);
-        },
-        [] { return Win32Control_AllocationsCounted(WIN32_ALLOCATION_C_HEAP); });
+    for (Win32Allocation kind : {WIN32_ALLOCATION_GLOBAL, WIN32_ALLOCATION_C_HEAP})
+        refuseEach(
+            [=](DWORD number) { Win32Control_RefuseAllocations(kind, number, number ? WIN32_WITHOUT_END : 0, 0); },
+            [=] { return Win32Control_AllocationsCounted(kind); });
 }
 
 TEST_F(TextShortage, ATableThatCannotGrowKeepsItsFonts)

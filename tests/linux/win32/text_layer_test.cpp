@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <thread>
 #include <tuple>
@@ -137,6 +138,25 @@ TEST(BuiltinFont, WrapsWithoutTheBlanksAtTheBreak)
     Rows line(40, std::string(90, '.'));
     line[11].replace(16, 8, "########");
     EXPECT_EQ(drawn("Sa&ve", DT_PREFIXONLY), line);
+}
+
+// Sanitizers tell of sums that overflow.
+TEST(BuiltinFont, MeasuresBeyondAllBoundsDoNoHarm)
+{
+    BuiltinCanvas canvas(20, 20);
+    SetMapMode(canvas.dc, MM_ANISOTROPIC);
+    SetWindowExtEx(canvas.dc, INT_MAX, INT_MAX, nullptr);
+    SetViewportExtEx(canvas.dc, 1, 1, nullptr);
+    TEXTMETRICA metrics;
+    EXPECT_TRUE(GetTextMetricsA(canvas.dc, &metrics));
+    for (LONG far : {INT_MIN, -5, INT_MAX})
+        for (UINT flags : {DT_SINGLELINE | DT_BOTTOM | DT_CENTER, DT_WORDBREAK | DT_EXPANDTABS | DT_EXTERNALLEADING,
+                           DT_RIGHT | DT_END_ELLIPSIS | DT_CALCRECT}) {
+            SetTextCharacterExtra(canvas.dc, far);
+            RECT rect{far, INT_MAX, INT_MIN, far};
+            DrawTextA(canvas.dc, "a\tb &c\n\td", -1, &rect, flags);
+            TabbedTextOutA(canvas.dc, far, far, "a\tb", 3, 0, nullptr, far);
+        }
 }
 
 TEST(Fonts, TextSurvivesRefusedMemory)
