@@ -60,17 +60,11 @@ void deliverMessages(EventMask mask)
     }
 }
 
-// At this moment, or as far as the messages tell that were taken: the system may be late with either.
-bool isDown(int key)
-{
-    return (GetAsyncKeyState(key) | GetKeyState(key)) & 0x8000;
-}
-
 // A release that nobody saw must not leave the mouse captured.
 void letGoOfMouse()
 {
     HWND captured = GetCapture();
-    bool isHeld = isDown(VK_LBUTTON) || isDown(VK_RBUTTON);
+    bool isHeld = (GetAsyncKeyState(VK_LBUTTON) | GetAsyncKeyState(VK_RBUTTON)) & 0x8000;
     if (captured && !isHeld && (captured == hWndMain || nativeOf(GetHwndMacWindowPtr(captured))))
         ReleaseCapture();
 }
