@@ -21,8 +21,8 @@ RgnHandle nativeUpdateOf(HWND native)
     return part;
 }
 
-// Paints the frame and the background, as far as they are asked for. Gives the box around what can be seen of the update;
-// false when that cannot be told.
+// Paints the frame and the background, as far as they are asked for. Gives the box around what can be seen of the
+// update; false when that cannot be told.
 bool validate(HWND native, Rect &seen)
 {
     PAINTSTRUCT paint;

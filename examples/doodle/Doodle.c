@@ -27,13 +27,6 @@ static WindowPtr	gWindow;
 static Boolean		gDone;
 static Handle		gStrokes;	/* StrokeHandles, one behind the other */
 
-/* Gives back the strokes' spare room; called when memory is short. */
-static pascal long PurgeSpare(Size needed)
-{
-#pragma unused(needed)
-	return 0L;
-}
-
 static long CountStrokes(void)
 {
 	return GetHandleSize(gStrokes) / sizeof(StrokeHandle);
@@ -235,7 +228,6 @@ int main(void)							/* here: void main(void) */
 	InitFonts();
 	InitWindows();
 	InitCursor();
-	SetGrowZone(NewGrowZoneUPP(PurgeSpare));
 
 	gStrokes = NewHandle(0);
 	gWindow = GetNewWindow(kWindowID, nil, (WindowPtr)-1L);

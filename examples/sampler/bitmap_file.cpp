@@ -28,8 +28,8 @@ bool isReadable(const BITMAPINFOHEADER &header)
     int depth = header.biBitCount;
     bool isDepthKnown = depth == 1 || depth == 4 || depth == 8 || depth == 24 || depth == 32;
     return header.biSize == sizeof header && header.biPlanes == 1 && isDepthKnown && header.biCompression == BI_RGB
-        && header.biWidth > 0 && header.biWidth <= largest && header.biHeight != 0 && header.biHeight >= -largest
-        && header.biHeight <= largest;
+           && header.biWidth > 0 && header.biWidth <= largest && header.biHeight != 0 && header.biHeight >= -largest
+           && header.biHeight <= largest;
 }
 
 // Every length in the file is checked against the file's own.
@@ -65,8 +65,8 @@ OSErr drawInto(const Layout &layout, GWorldPtr &world)
         return error;
     SetPort(world);
     SetDIBitsToDevice((**GetGWorldPixMap(world)).pmDC, 0, 0, static_cast<DWORD>(layout.width),
-                      static_cast<DWORD>(layout.height), 0, 0, 0, static_cast<UINT>(layout.height), layout.bits, layout.info,
-                      DIB_RGB_COLORS);
+                      static_cast<DWORD>(layout.height), 0, 0, 0, static_cast<UINT>(layout.height), layout.bits,
+                      layout.info, DIB_RGB_COLORS);
     return noErr;
 }
 

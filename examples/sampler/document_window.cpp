@@ -15,8 +15,8 @@ ScrollBar verticalBar(const Document &document)
     const Rect &port = document.window->portRect;
     Rect view = viewOf(document);
     auto seen = static_cast<SInt16>(view.bottom - view.top);
-    Rect box = {-1, static_cast<SInt16>(port.right - scrollBarWidth + 1), static_cast<SInt16>(port.bottom - scrollBarWidth + 2),
-                static_cast<SInt16>(port.right + 1)};
+    Rect box = {-1, static_cast<SInt16>(port.right - scrollBarWidth + 1),
+                static_cast<SInt16>(port.bottom - scrollBarWidth + 2), static_cast<SInt16>(port.right + 1)};
     return {box, true, document.scrolled.v, mostScroll(document.size.v, seen), seen};
 }
 
@@ -69,7 +69,8 @@ void drawMissing(const Document &document)
 void copyPixels(Document &document, const Rect &from)
 {
     Rect to = windowRect(document, from);
-    CopyBits(GetPortBitMapForCopyBits(document.world), GetPortBitMapForCopyBits(document.window), &from, &to, srcCopy, nullptr);
+    CopyBits(GetPortBitMapForCopyBits(document.world), GetPortBitMapForCopyBits(document.window), &from, &to, srcCopy,
+             nullptr);
 }
 
 // What lies beside a document that is smaller than its window.
@@ -91,8 +92,9 @@ void drawBars(const Document &document)
     drawScrollBar(verticalBar(document), isActive);
     drawScrollBar(horizontalBar(document), isActive);
     const Rect &port = document.window->portRect;
-    Rect corner = {static_cast<SInt16>(port.bottom - scrollBarWidth + 1), static_cast<SInt16>(port.right - scrollBarWidth + 1),
-                   static_cast<SInt16>(port.bottom + 1), static_cast<SInt16>(port.right + 1)};
+    Rect corner = {static_cast<SInt16>(port.bottom - scrollBarWidth + 1),
+                   static_cast<SInt16>(port.right - scrollBarWidth + 1), static_cast<SInt16>(port.bottom + 1),
+                   static_cast<SInt16>(port.right + 1)};
     EraseRect(&corner);
     FrameRect(&corner);
     if (isActive)
@@ -136,6 +138,7 @@ Point documentPoint(const Document &document, Point local)
 
 void showPart(Document &document, const Rect &part)
 {
+    bool hasPixels = havePixels(document);
     SetPort(document.window);
     Rect view = viewOf(document), seen = view;
     OffsetRect(&seen, document.scrolled.h, document.scrolled.v);
@@ -143,11 +146,10 @@ void showPart(Document &document, const Rect &part)
     Rect whole = {0, 0, document.size.v, document.size.h};
     if (!SectRect(&part, &seen, &from) || !SectRect(&from, &whole, &from))
         return;
-    if (!havePixels(document)) {
+    if (!hasPixels) {
         drawMissing(document);
         return;
     }
-    SetPort(document.window);
     copyPixels(document, from);
     clipTo(view, [&] { drawSelection(document); });
 }
@@ -176,8 +178,8 @@ void scrollTo(Document &document, Point place)
         drawDocument(document);
         return;
     }
-    ScrollRect(&view, static_cast<SInt16>(document.scrolled.h - place.h), static_cast<SInt16>(document.scrolled.v - place.v),
-               uncovered);
+    ScrollRect(&view, static_cast<SInt16>(document.scrolled.h - place.h),
+               static_cast<SInt16>(document.scrolled.v - place.v), uncovered);
     document.scrolled = place;
     Rect part = (**uncovered).rgnBBox;
     DisposeRgn(uncovered);
@@ -215,7 +217,7 @@ void sizeDocument(Document &document)
     InvalRect(&document.window->portRect);
 }
 
-void clickInDocument(Document &document, Point where, UInt16)
+void clickInDocument(Document &document, Point where)
 {
     SetPort(document.window);
     Point local = where;

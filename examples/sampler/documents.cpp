@@ -9,8 +9,6 @@ namespace {
 std::vector<std::unique_ptr<Document>> documents;
 int paintingNumber, windowNumber;
 
-constexpr SInt16 barWidth = 15;
-
 std::string lowerExtension(const std::string &path)
 {
     size_t dot = path.find_last_of(".\\/:");
@@ -51,13 +49,15 @@ void noteSize(Document &document)
 Rect placeFor(const Document &document)
 {
     constexpr SInt16 step = 22, firstLeft = 92, firstTop = 34, margin = 12;
+    constexpr int barWidth = scrollBarWidth - 1;
     int number = windowNumber++ % 10;
     RECT desktop = {};
     GetClientRect(hWndMain, &desktop);
     auto left = static_cast<SInt16>(firstLeft + number * step), top = static_cast<SInt16>(firstTop + number * step);
     int right = std::min<int>(left + document.size.h + barWidth, desktop.right - margin);
     int bottom = std::min<int>(top + document.size.v + barWidth, desktop.bottom - margin);
-    return {top, left, static_cast<SInt16>(std::max(bottom, top + 120)), static_cast<SInt16>(std::max(right, left + 180))};
+    return {top, left, static_cast<SInt16>(std::max(bottom, top + 120)),
+            static_cast<SInt16>(std::max(right, left + 180))};
 }
 
 bool openWindow(Document &document)
@@ -103,6 +103,29 @@ void dropDocument(Document &document)
         noteMemory();
 }
 
+// Shows a document whose pixels are there, or tells why they are not and drops it.
+void finishOpening(Document &document, OSErr error)
+{
+    if (error == noErr) {
+        noteSize(document);
+        if (!openWindow(document))
+            error = memFullErr;
+    }
+    if (error != noErr) {
+        tellWhy(document.title, error);
+        dropDocument(document);
+    }
+}
+
+// A file of the painting's name that is not there yet: none is written over.
+std::string freePath(const std::string &title)
+{
+    std::string path = fullPath(title + ".bmp");
+    for (int i = 2; isThere(path); ++i)
+        path = fullPath(title + " (" + std::to_string(i) + ").bmp");
+    return path;
+}
+
 Size bytesOf(GWorldPtr world)
 {
     const Rect &bounds = world->portRect;
@@ -121,15 +144,11 @@ Size release(GWorldPtr &world)
 
 bool canBeMadeAgain(const Document &document)
 {
-    return !document.path.empty() && !document.isChanged && document.window != FrontWindow() && document.world != qd.thePort;
+    return !document.path.empty() && !document.isChanged && document.window != FrontWindow()
+           && document.world != qd.thePort;
 }
 
 } // namespace
-
-const std::vector<std::unique_ptr<Document>> &allDocuments()
-{
-    return documents;
-}
 
 Document *documentOf(WindowPtr window)
 {
@@ -154,16 +173,7 @@ void openDocument(const std::string &path)
         }
     }
     Document &document = addDocument(kindOf(path), path, nameOf(path));
-    OSErr error = render(document);
-    if (error == noErr) {
-        noteSize(document);
-        if (!openWindow(document))
-            error = memFullErr;
-    }
-    if (error != noErr) {
-        tellWhy(document.title, error);
-        dropDocument(document);
-    }
+    finishOpening(document, render(document));
 }
 
 void newPainting()
@@ -174,14 +184,8 @@ void newPainting()
     if (error == noErr) {
         SetPort(document.world);
         EraseRect(&page);
-        noteSize(document);
-        if (!openWindow(document))
-            error = memFullErr;
     }
-    if (error != noErr) {
-        tellWhy(document.title, error);
-        dropDocument(document);
-    }
+    finishOpening(document, error);
 }
 
 void closeDocument(Document &document)
@@ -201,7 +205,7 @@ bool saveDocument(Document &document)
 {
     if (document.kind != Kind::Painting || !havePixels(document))
         return false;
-    std::string path = document.path.empty() ? document.title + ".bmp" : document.path;
+    std::string path = document.path.empty() ? freePath(document.title) : document.path;
     OSErr error = writeBitmap(path, document.world);
     if (error != noErr) {
         showNotice("\"" + document.title + "\" cannot be saved, because of error " + std::to_string(error) + ".");
@@ -221,6 +225,8 @@ bool havePixels(Document &document)
     GrafPtr port;
     GetPort(&port);
     bool isMade = render(document) == noErr;
+    if (isMade)
+        noteSize(document); // the file may be another than before
     SetPort(port);
     return isMade;
 }

@@ -21,13 +21,6 @@ struct Arguments {
     bool isReporting = false;
 };
 
-std::string fullPath(const char *path)
-{
-    char full[MAX_PATH];
-    DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
-    return length && length < sizeof full ? full : path;
-}
-
 Arguments readArguments(int count, char **values)
 {
     constexpr UInt64 megabyte = 1 << 20;
@@ -74,9 +67,7 @@ void clickInFrame(WindowPtr window, SInt16 part, Point where)
 {
     Document *document = documentOf(window);
     switch (part) {
-    case inDrag:
-        DragWindow(window, where, nullptr);
-        break;
+    case inDrag: DragWindow(window, where, nullptr); break;
     case inGrow: {
         Rect limits = {100, 160, 4000, 4000};
         if (SInt32 size = GrowWindow(window, where, &limits)) {
@@ -102,8 +93,7 @@ void clickInFrame(WindowPtr window, SInt16 part, Point where)
         else
             closeNotices();
         break;
-    default:
-        break;
+    default: break;
     }
 }
 
@@ -119,7 +109,7 @@ void clickInContent(WindowPtr window, const EventRecord &event)
     } else if (isNotice(window)) {
         closeNotices();
     } else if (Document *document = documentOf(window)) {
-        clickInDocument(*document, event.where, event.modifiers);
+        clickInDocument(*document, event.where);
     }
 }
 

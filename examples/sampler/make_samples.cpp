@@ -59,7 +59,8 @@ void oval(double h, double v, double width, double height)
     }
     std::vector<Point> outline;
     for (int i = 0; i < sides; ++i)
-        outline.push_back({whole(v + height * std::sin(2 * pi * i / sides)), whole(h + width * std::cos(2 * pi * i / sides))});
+        outline.push_back(
+            {whole(v + height * std::sin(2 * pi * i / sides)), whole(h + width * std::cos(2 * pi * i / sides))});
     polygon(outline);
 }
 
@@ -98,7 +99,9 @@ void tree(double h, double v, double size, const RGBColor &leaves)
     color(leaves);
     for (int layer = 0; layer < 3; ++layer) {
         double top = v - size * (1.5 - layer * 0.35), wide = size * (0.25 + layer * 0.12);
-        polygon({{whole(top), whole(h)}, {whole(top + size * 0.55), whole(h + wide)}, {whole(top + size * 0.55), whole(h - wide)}});
+        polygon({{whole(top), whole(h)},
+                 {whole(top + size * 0.55), whole(h + wide)},
+                 {whole(top + size * 0.55), whole(h - wide)}});
     }
 }
 
@@ -107,14 +110,14 @@ void drawHills(SInt16 width, SInt16 height)
     gradient({0, 0, whole(height * 0.62), width}, rgb(64, 120, 196), rgb(250, 214, 170), 28);
     color(rgb(255, 244, 200));
     oval(width * 0.72, height * 0.3, 30, 30);
-    land(width, height, rgb(120, 136, 172), [&](double h) {
-        return height * 0.5 - 46 * std::fabs(std::sin(h / 61.0)) - 20 * std::sin(h / 23.0 + 1);
-    });
+    land(width, height, rgb(120, 136, 172),
+         [&](double h) { return height * 0.5 - 46 * std::fabs(std::sin(h / 61.0)) - 20 * std::sin(h / 23.0 + 1); });
     land(width, height, rgb(92, 132, 116), [&](double h) { return height * 0.58 - 26 * std::sin(h / 70.0 + 2); });
     land(width, height, rgb(96, 156, 84), [&](double h) { return height * 0.7 - 30 * std::sin(h / 92.0 + 0.6); });
     for (int i = 0; i < 14; ++i) {
         double h = 14 + i * width / 14.0 + chance() * 14;
-        tree(h, height * 0.72 - 30 * std::sin(h / 92.0 + 0.6) + 8 + chance() * 12, 24 + chance() * 16, rgb(40, 104, 64));
+        tree(h, height * 0.72 - 30 * std::sin(h / 92.0 + 0.6) + 8 + chance() * 12, 24 + chance() * 16,
+             rgb(40, 104, 64));
     }
     land(width, height, rgb(132, 184, 88), [&](double h) { return height * 0.86 - 16 * std::sin(h / 60.0 + 3.4); });
     for (int i = 0; i < 130; ++i) {
@@ -130,7 +133,8 @@ void house(double h, double base, double width, double height, const RGBColor &w
     color(wall);
     rect(h, base - height, h + width, base);
     color(roof);
-    polygon({{whole(base - height), whole(h - 4)}, {whole(base - height - width * 0.45), whole(h + width / 2)},
+    polygon({{whole(base - height), whole(h - 4)},
+             {whole(base - height - width * 0.45), whole(h + width / 2)},
              {whole(base - height), whole(h + width + 4)}});
     for (int row = 0; row < 2; ++row) {
         for (int column = 0; column < 2; ++column) {
@@ -144,14 +148,18 @@ void house(double h, double base, double width, double height, const RGBColor &w
 void boat(double h, double v, double size, const RGBColor &hull, const RGBColor &sail)
 {
     color(hull);
-    polygon({{whole(v), whole(h - size)}, {whole(v), whole(h + size)}, {whole(v + size * 0.4), whole(h + size * 0.6)},
+    polygon({{whole(v), whole(h - size)},
+             {whole(v), whole(h + size)},
+             {whole(v + size * 0.4), whole(h + size * 0.6)},
              {whole(v + size * 0.4), whole(h - size * 0.7)}});
     color(rgb(70, 52, 40));
     rect(h - 1, v - size * 1.7, h + 2, v);
     color(sail);
-    polygon({{whole(v - size * 1.7), whole(h + 3)}, {whole(v - 4), whole(h + size * 0.9)}, {whole(v - 4), whole(h + 3)}});
+    polygon(
+        {{whole(v - size * 1.7), whole(h + 3)}, {whole(v - 4), whole(h + size * 0.9)}, {whole(v - 4), whole(h + 3)}});
     color(between(sail, rgb(255, 255, 255), 0.5));
-    polygon({{whole(v - size * 1.4), whole(h - 3)}, {whole(v - 4), whole(h - size * 0.8)}, {whole(v - 4), whole(h - 3)}});
+    polygon(
+        {{whole(v - size * 1.4), whole(h - 3)}, {whole(v - 4), whole(h - size * 0.8)}, {whole(v - 4), whole(h - 3)}});
 }
 
 void drawHarbour(SInt16 width, SInt16 height)
@@ -177,7 +185,8 @@ void drawHarbour(SInt16 width, SInt16 height)
         rect(h, v, h + reach, v + 1);
     }
     color(rgb(226, 222, 214));
-    polygon({{whole(shore - 120.0), 92}, {whole(shore - 120.0), 112}, {whole(shore + 8.0), 120}, {whole(shore + 8.0), 84}});
+    polygon(
+        {{whole(shore - 120.0), 92}, {whole(shore - 120.0), 112}, {whole(shore + 8.0), 120}, {whole(shore + 8.0), 84}});
     color(rgb(190, 60, 54));
     rect(90, shore - 92, 114, shore - 72);
     rect(87, shore - 40, 117, shore - 20);
@@ -193,7 +202,8 @@ void drawHarbour(SInt16 width, SInt16 height)
 
 void drawRose(SInt16 width, SInt16 height)
 {
-    static const RGBColor rings[] = {rgb(32, 44, 92), rgb(196, 72, 60), rgb(240, 190, 80), rgb(52, 128, 120), rgb(244, 236, 216)};
+    static const RGBColor rings[] = {rgb(32, 44, 92), rgb(196, 72, 60), rgb(240, 190, 80), rgb(52, 128, 120),
+                                     rgb(244, 236, 216)};
     double h = width / 2.0, v = height / 2.0, largest = width / 2.0 - 6;
     color(rgb(244, 236, 216));
     rect(0, 0, width, height);
@@ -224,8 +234,8 @@ void drawAbout(SInt16 width, SInt16 height)
     PenSize(3, 3);
     FrameRoundRect(&frame, 28, 28);
     PenNormal();
-    static const RGBColor inks[] = {rgb(204, 52, 48), rgb(238, 150, 40), rgb(248, 214, 70), rgb(76, 156, 84), rgb(44, 120, 180),
-                                    rgb(120, 70, 150)};
+    static const RGBColor inks[] = {rgb(204, 52, 48), rgb(238, 150, 40), rgb(248, 214, 70),
+                                    rgb(76, 156, 84), rgb(44, 120, 180), rgb(120, 70, 150)};
     for (int i = 0; i < 6; ++i) {
         color(inks[i]);
         oval(38 + i * 33, height * 0.42 + 22 * std::sin(i * 1.1), 24, 24);
@@ -326,7 +336,9 @@ bool saveGallery(const std::string &folder)
 } // namespace
 
 // The sampler's own parts that this program has no use for.
-void showNotice(const std::string &) {}
+void showNotice(const std::string &)
+{
+}
 
 int main(int count, char **values)
 {
@@ -340,8 +352,8 @@ int main(int count, char **values)
         return 1;
     std::string path = folder;
     bool isDone = save(path + "\\hills.bmp", drawHills, 420, 280) && save(path + "\\harbour.bmp", drawHarbour, 640, 420)
-               && save(path + "\\rose.bmp", drawRose, 400, 400) && save(path + "\\about.bmp", drawAbout, 240, 140)
-               && saveGallery(path);
+                  && save(path + "\\rose.bmp", drawRose, 400, 400) && save(path + "\\about.bmp", drawAbout, 240, 140)
+                  && saveGallery(path);
     HostKitStop();
     return isDone ? 0 : 1;
 }

@@ -28,7 +28,8 @@ void show(const std::string &title, const std::string &text, SInt16 width, SInt1
     closeNotices();
     Rect place = centred(width, height);
     notice.text = text;
-    notice.window = NewCWindow(nullptr, &place, PascalText(title), true, movableDBoxProc, reinterpret_cast<WindowPtr>(-1), true, 0);
+    notice.window =
+        NewCWindow(nullptr, &place, PascalText(title), true, movableDBoxProc, reinterpret_cast<WindowPtr>(-1), true, 0);
 }
 
 void setFont(SInt16 size, SInt16 face)
@@ -41,7 +42,7 @@ void setFont(SInt16 size, SInt16 face)
 size_t fittingLength(const std::string &text, SInt16 room)
 {
     size_t fitting = 0;
-    for (size_t blank = text.find(' '); ; blank = text.find(' ', blank + 1)) {
+    for (size_t blank = text.find(' ');; blank = text.find(' ', blank + 1)) {
         size_t length = std::min(blank, text.size());
         if (fitting && TextWidth(text.data(), 0, static_cast<SInt16>(length)) > room)
             return fitting;
@@ -73,7 +74,8 @@ void drawAbout(const Rect &port)
         DrawPicture(picture, &frame);
     }
     setFont(22, bold);
-    MoveTo(static_cast<SInt16>((port.right - StringWidth(PascalText("Sampler"))) / 2), static_cast<SInt16>(port.bottom - 44));
+    MoveTo(static_cast<SInt16>((port.right - StringWidth(PascalText("Sampler"))) / 2),
+           static_cast<SInt16>(port.bottom - 44));
     DrawString(PascalText("Sampler"));
     setFont(12, normal);
     PascalText line("A browser and paint program on MTBX");

@@ -47,7 +47,8 @@ bool keepForUndo(Document &document)
         document.before = nullptr;
         return false;
     }
-    CopyBits(GetPortBitMapForCopyBits(document.world), GetPortBitMapForCopyBits(document.before), &whole, &whole, srcCopy, nullptr);
+    CopyBits(GetPortBitMapForCopyBits(document.world), GetPortBitMapForCopyBits(document.before), &whole, &whole,
+             srcCopy, nullptr);
     return true;
 }
 
@@ -128,12 +129,8 @@ void drawShape(int tool, Point from, Point to, bool isOutline)
     case roundTool:
         FrameRoundRect(&rect, corner, corner); // an outline, in the pen's width
         break;
-    case ovalTool:
-        isOutline ? FrameOval(&rect) : PaintOval(&rect);
-        break;
-    default:
-        isOutline ? FrameRect(&rect) : PaintRect(&rect);
-        break;
+    case ovalTool: isOutline ? FrameOval(&rect) : PaintOval(&rect); break;
+    default: isOutline ? FrameRect(&rect) : PaintRect(&rect); break;
     }
 }
 
@@ -247,7 +244,8 @@ void dragSelection(Document &document, Point start)
     OffsetRect(&to, LoWord(moved), HiWord(moved));
     if (!keepForUndo(document))
         return;
-    CopyBits(GetPortBitMapForCopyBits(document.before), GetPortBitMapForCopyBits(document.world), &from, &to, chosenMode() == patXor ? srcXor : srcCopy, nullptr);
+    CopyBits(GetPortBitMapForCopyBits(document.before), GetPortBitMapForCopyBits(document.world), &from, &to,
+             chosenMode() == patXor ? srcXor : srcCopy, nullptr);
     noteChange(document);
     showPart(document, to);
     setSelection(document, to);

@@ -24,7 +24,8 @@ std::string textOf(ConstStr255Param text)
 
 std::string nameOf(ResType type)
 {
-    return {static_cast<char>(type >> 24), static_cast<char>(type >> 16), static_cast<char>(type >> 8), static_cast<char>(type)};
+    return {static_cast<char>(type >> 24), static_cast<char>(type >> 16), static_cast<char>(type >> 8),
+            static_cast<char>(type)};
 }
 
 SInt16 heightOf(const Entry &entry)
@@ -113,7 +114,8 @@ void drawEntry(const Entry &entry, SInt16 top)
         return;
     if (PicHandle picture = reinterpret_cast<PicHandle>(Get1Resource('PICT', entry.id))) {
         Rect place = entry.frame;
-        OffsetRect(&place, static_cast<SInt16>(pageWidth - margin - 8 - place.right), static_cast<SInt16>(top + 3 - place.top));
+        OffsetRect(&place, static_cast<SInt16>(pageWidth - margin - 8 - place.right),
+                   static_cast<SInt16>(top + 3 - place.top));
         DrawPicture(picture, &place);
     }
 }
@@ -138,11 +140,6 @@ OSErr draw(const std::string &path, GWorldPtr &world)
         top = static_cast<SInt16>(top + heightOf(entry));
     }
     return noErr;
-}
-
-bool isThere(const std::string &path)
-{
-    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 } // namespace

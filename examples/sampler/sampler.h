@@ -43,7 +43,6 @@ struct Document {
 
 Document *documentOf(WindowPtr window);
 Document *frontDocument();
-const std::vector<std::unique_ptr<Document>> &allDocuments();
 // By its extension: .bmp, .txt, and anything else as a resource file. Tells the user what is wrong.
 void openDocument(const std::string &path);
 void newPainting();
@@ -58,6 +57,8 @@ SInt32 purgeDocuments(Size bytesWanted);
 // What documents are made of.
 
 OSErr readFile(const std::string &path, Handle data);
+std::string fullPath(const std::string &path);
+bool isThere(const std::string &path);
 OSErr writeFile(const std::string &path, const std::vector<char> &bytes);
 // Bitmap files: uncompressed, of any depth. The world is the caller's.
 OSErr readBitmap(const std::string &path, GWorldPtr &world);
@@ -72,7 +73,7 @@ Rect viewOf(const Document &document);
 void drawDocument(Document &document);
 // Shows a part of the document, in its own coordinates.
 void showPart(Document &document, const Rect &part);
-void clickInDocument(Document &document, Point where, UInt16 modifiers);
+void clickInDocument(Document &document, Point where);
 void sizeDocument(Document &document);
 void scrollTo(Document &document, Point place);
 void scrollByKey(Document &document, UInt8 character);
@@ -103,7 +104,18 @@ struct Brush {
 };
 extern Brush brush;
 
-enum Tool { selectTool, pencilTool, brushTool, eraserTool, lineTool, rectTool, roundTool, ovalTool, regionTool, toolCount };
+enum Tool {
+    selectTool,
+    pencilTool,
+    brushTool,
+    eraserTool,
+    lineTool,
+    rectTool,
+    roundTool,
+    ovalTool,
+    regionTool,
+    toolCount
+};
 void paintAt(Document &document, Point where);
 void invertSelection(Document &document);
 void selectAll(Document &document);

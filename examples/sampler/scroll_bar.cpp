@@ -49,7 +49,8 @@ int thumbLength(const ScrollBar &bar)
 {
     Extent track = trackOf(bar);
     int length = track.end - track.begin;
-    return std::clamp(length * bar.page / std::max(bar.page + bar.most, 1), std::min<int>(scrollBarWidth, length), length);
+    return std::clamp(length * bar.page / std::max(bar.page + bar.most, 1), std::min<int>(scrollBarWidth, length),
+                      length);
 }
 
 Rect thumbOf(const ScrollBar &bar)

@@ -12,6 +12,20 @@ int playReplay(const std::string &program, const std::string &folder, const std:
 
 class Replays {
 public:
+    // A line in the sketch program, drawn in green with a thick pen.
+    static constexpr const char *sketchedLine = "screen 640x480x32\n"
+                                                "wait window \"Sk*\"\n"
+                                                "click 60 130\n" // green
+                                                "wheel 5\n"
+                                                "move 150 150\n"
+                                                "press\n"
+                                                "move 250 250\n"
+                                                "move 350 150\n"
+                                                "release\n"
+                                                "expect pixel 250 249 208020\n"
+                                                "expect pixel 151 151 208020\n"
+                                                "expect pixel 150 200 ffffff\n";
+
     struct Result {
         int status;
         std::string errors;

@@ -19,7 +19,8 @@ int playReplay(const std::string &program, const std::string &folder, const std:
                const std::string &arguments)
 {
     std::string command = "cd '" + unixPath(folder) + "' && env -u WIN32_SCREEN WIN32_DISPLAY=none WIN32_REPLAY=steps "
-                          + environment + "'" + unixPath(folderOfProgram()) + program + "' " + arguments + " > output 2> errors";
+                          + environment + "'" + unixPath(folderOfProgram()) + program + "' " + arguments
+                          + " > output 2> errors";
     int status = system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }

@@ -12,5 +12,6 @@ int playReplay(const std::string &program, const std::string &folder, const std:
         place = end + 1;
     }
     // The shell takes the outer pair of quotes off.
-    return system(('"' + command + '"' + folderOfProgram() + program + ".exe\" " + arguments + " > output 2> errors\"").c_str());
+    return system(
+        ('"' + command + '"' + folderOfProgram() + program + ".exe\" " + arguments + " > output 2> errors\"").c_str());
 }

@@ -39,7 +39,8 @@ protected:
 
     Replays::Result play(const std::string &steps, const std::string &arguments) const
     {
-        return replays_.play("sampler", "screen 1024x768x32\nwait window \"Sampler\"\nwait idle\n" + steps, "", arguments);
+        return replays_.play("sampler", "screen 1024x768x32\nwait window \"Sampler\"\nwait idle\n" + steps, "",
+                             arguments);
     }
     bool isWritten(const std::string &name) const { return replays_.folder.read(name).size() > 1000; }
 
@@ -58,8 +59,8 @@ TEST_F(Sampler, TheTourShowsWhatItShould)
                                            "--report welcome.txt gallery.ini rose.bmp harbour.bmp hills.bmp");
     expectPlayed(result);
     unsigned mouse = 0, keys = 0, updates = 0, activations = 0;
-    ASSERT_EQ(sscanf(result.output.c_str(), "handled: mouse %u, keys %u, updates %u, activations %u", &mouse, &keys, &updates,
-                     &activations),
+    ASSERT_EQ(sscanf(result.output.c_str(), "handled: mouse %u, keys %u, updates %u, activations %u", &mouse, &keys,
+                     &updates, &activations),
               4)
         << result.output;
     EXPECT_EQ(mouse, 25u);
@@ -79,8 +80,9 @@ TEST_F(Sampler, SurvivesTrouble)
     replays_.folder.write("empty.txt", "");
     expectPlayed(replays_.play("sampler", replay("trouble.replay"), "", "rose.bmp cut.ini empty.txt hills.bmp"));
     for (const char *damaged : {"cut.bmp", "cut.dll", "missing.bmp", "missing.ini"})
-        expectPlayed(play("wait window \"Notice\"\nkey Escape\nwait gone \"Notice\"\nexpect front \"rose.bmp\"\nkey Ctrl+Q\n",
-                          std::string("rose.bmp ") + damaged));
+        expectPlayed(
+            play("wait window \"Notice\"\nkey Escape\nwait gone \"Notice\"\nexpect front \"rose.bmp\"\nkey Ctrl+Q\n",
+                 std::string("rose.bmp ") + damaged));
 }
 
 // Pages of documents behind the front one are given up and drawn again, and where nothing can be had, that is said.
@@ -94,6 +96,21 @@ TEST_F(Sampler, WorksWithLittleMemory)
                       "expect pixel 464 186 fff4c8\n" // its sun
                       "key Ctrl+Q\n",
                       documents));
+}
+
+TEST_F(Sampler, SavesAPaintingBesideWhatIsThere)
+{
+    expectPlayed(play("key Ctrl+N\nwait window \"Untitled 1\"\nkey Ctrl+A\nkey Ctrl+I\nkey Ctrl+S\n"
+                      "wait window \"Untitled 1.bmp\"\nkey Ctrl+Q\n",
+                      ""));
+    std::string first = replays_.folder.read("Untitled 1.bmp");
+    EXPECT_GT(first.size(), 100000u);
+    expectPlayed(
+        play("expect front \"Untitled 1.bmp\"\nexpect pixel 300 200 000000\nkey Ctrl+N\nwait window \"Untitled 1\"\n"
+             "key Ctrl+S\nwait window \"Untitled 1 (2).bmp\"\nkey Ctrl+Q\n",
+             "\"Untitled 1.bmp\""));
+    EXPECT_EQ(replays_.folder.read("Untitled 1.bmp"), first);
+    EXPECT_NE(replays_.folder.read("Untitled 1 (2).bmp"), first);
 }
 
 TEST_F(Sampler, ADocumentMayVanish)

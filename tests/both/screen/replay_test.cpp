@@ -42,22 +42,9 @@ void expectFailed(const Replays::Result &result, const std::string &errors, int 
     EXPECT_EQ(result.status, status);
 }
 
-constexpr const char *drawing = "screen 640x480x32\n"
-                                "wait window \"Sk*\"\n"
-                                "click 60 130\n" // green
-                                "wheel 5\n"
-                                "move 150 150\n"
-                                "press\n"
-                                "move 250 250\n"
-                                "move 350 150\n"
-                                "release\n"
-                                "expect pixel 250 249 208020\n"
-                                "expect pixel 151 151 208020\n"
-                                "expect pixel 150 200 ffffff\n";
-
 TEST_F(Replay, DrawsWithTheMouseAndTypes)
 {
-    expectPlayed(sketch(std::string(drawing)
+    expectPlayed(sketch(std::string(Replays::sketchedLine)
                         + "doubleclick 60 100\n"
                           "type \" Abc; \xc3\xa9\"\n"
                           "key Backspace\n"
@@ -143,7 +130,7 @@ TEST_F(Replay, ADragIsFollowedWhetherOrNotTheProgramReadsMessages)
 
 TEST_F(Replay, ScreenshotsShowTheCursorUnlessToldOtherwise)
 {
-    expectPlayed(sketch(std::string(drawing)
+    expectPlayed(sketch(std::string(Replays::sketchedLine)
                         + "screenshot with.png\n"
                           "screenshot without.png nocursor\n"
                           "move 5 5\n"

@@ -32,20 +32,6 @@ protected:
     Replays replays_;
 };
 
-constexpr const char *drawing = "screen 640x480x32\n"
-                                "wait window \"Sk*\"\n"
-                                "expect pixel 5 5 3a6ea5\n" // the desktop
-                                "click 60 130\n"            // green
-                                "wheel 5\n"
-                                "move 150 150\n"
-                                "press\n"
-                                "move 250 250\n"
-                                "move 350 150\n"
-                                "release\n"
-                                "expect pixel 250 249 208020\n"
-                                "expect pixel 151 151 208020\n"
-                                "expect pixel 150 200 ffffff\n";
-
 TEST_F(LayerReplay, AnotherModeOfTheScreenIsTold)
 {
     Replays::Result result = play("screen 640x480\nwait idle\n", "WIN32_SCREEN=800x600x16 ");
@@ -76,7 +62,7 @@ TEST_F(LayerReplay, ARecordingPlaysTheSameAgain)
 {
     std::string end = "key CapsLock\ntype \"aB\xc3\xa9\xc3\xa8\"\nkey Ctrl+C\nkey Escape\nkey Ctrl+V\nscreenshot NAME "
                       "nocursor\nclose\n";
-    std::string steps = drawing + end;
+    std::string steps = std::string(Replays::sketchedLine) + "expect pixel 5 5 3a6ea5\n" + end; // the desktop
     steps.replace(steps.find("NAME"), 4, "first.png");
     Replays::Result result = play(steps, "WIN32_RECORD=recorded ");
     EXPECT_EQ(result.errors, "");
